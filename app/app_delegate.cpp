@@ -1,0 +1,65 @@
+#include "app/app_delegate.h"
+
+#include <array>
+#include <variant>
+
+#include "platform/user_defaults.h"
+
+namespace quillberry {
+
+using platform::NSUserDefaults;
+using platform::Selector;
+
+namespace {
+
+/// A setting that is on unless the store says false; a value of another type says nothing.
+bool settingOnByDefault(std::string_view key) {
+  const auto stored = NSUserDefaults::standardUserDefaults().objectForKey(key);
+  const bool* value = stored ? std::get_if<bool>(&*stored) : nullptr;
+  return value == nullptr || *value;
+}
+
+}  // namespace
+
+AppDelegate::AppDelegate()
+    : pinned(settingOnByDefault("pinned")),
+      showOnWake(settingOnByDefault("showOnWake")),
+      noteURL(supportDir() / "note.txt") {}
+
+void AppDelegate::applicationDidFinishLaunching() {
+  shared = self();
+  // To come: the main menu.
+  buildNoteWindow();
+  // To come: the status item and its menu.
+  // To come: the global hot keys.
+  // To come: the wake and unlock observers.
+  loadNote();
+  applyPin();
+  // To come: the first-launch registration as a login item.
+  showWindow();
+  // To come: the first-run welcome.
+}
+
+void AppDelegate::applicationWillTerminate() { saveNow(); }
+
+bool AppDelegate::perform(Selector action, NSObject* /*sender*/) {
+  struct Action {
+    Selector selector;
+    void (AppDelegate::*run)();
+  };
+  static constexpr std::array actions{
+      Action{{"textChanged"}, &AppDelegate::textChanged},
+      Action{{"toggleWindow"}, &AppDelegate::toggleWindow},
+      Action{{"togglePin"}, &AppDelegate::togglePin},
+  };
+  for (const Action& candidate : actions) {
+    if (candidate.selector != action) continue;
+    (this->*candidate.run)();
+    return true;
+  }
+  return false;
+}
+
+std::shared_ptr<AppDelegate> AppDelegate::self() { return std::static_pointer_cast<AppDelegate>(shared_from_this()); }
+
+}  // namespace quillberry

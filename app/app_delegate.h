@@ -1,0 +1,87 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "note/note_text_view.h"
+#include "platform/application.h"
+#include "platform/date.h"
+#include "platform/menu.h"
+#include "platform/object.h"
+#include "platform/timer.h"
+#include "platform/url.h"
+#include "platform/window.h"
+
+namespace platform {
+class NSPopover;
+class NSStatusItem;
+class SPUStandardUpdaterController;
+using EventHotKeyRef = struct OpaqueEventHotKeyRef*;
+}  // namespace platform
+
+namespace quillberry {
+
+/// The one controller: it owns the note window, the pending save and the settings, and every action of the user
+/// ends in one of its operations. All of it runs on the main thread. A behaviour is defined in its own folder:
+/// the note file in note/note_file.cpp, showing and hiding in note/visibility.cpp, and so on.
+class AppDelegate final : public platform::NSObject,
+                          public platform::NSApplicationDelegate,
+                          public platform::NSWindowDelegate {
+ public:
+  /// Reads the settings and makes the support folder; nothing is visible before launch.
+  AppDelegate();
+
+  /// The way in for code that is handed no reference; empty until launch sets it.
+  inline static std::weak_ptr<AppDelegate> shared;
+
+  void applicationDidFinishLaunching() override;
+  void applicationWillTerminate() override;
+  bool applicationShouldHandleReopen(platform::NSApplication& app, bool hasVisibleWindows) override;
+  /// Saves and hides; answers false, so the window is never closed.
+  bool windowShouldClose(platform::NSWindow& window) override;
+
+  /// Brings the note to the front with the keyboard in its text; text, selection and caret stay as they are.
+  void showWindow();
+  /// Saves the note, then hands the user back to the program they came from.
+  void hideWindow();
+  /// Hides a note that the user is typing in; shows it, or brings it forward, in every other case.
+  void toggleWindow();
+  /// Flips keep-on-top, stores it, and applies it.
+  void togglePin();
+
+  bool perform(platform::Selector action, platform::NSObject* sender) override;
+
+ private:
+  /// The program's folder in the user's data. The first call makes it; whether that succeeds is not asked.
+  static const platform::URL& supportDir();
+
+  void buildNoteWindow();
+  void applyPin();
+
+  void loadNote();
+  void textChanged();
+  void saveNow();
+  bool keepUnreadableNote();
+
+  std::shared_ptr<AppDelegate> self();
+
+  std::shared_ptr<platform::NSWindow> window;
+  std::shared_ptr<NoteTextView> textView;
+  std::shared_ptr<platform::NSStatusItem> statusItem;
+  std::shared_ptr<platform::NSMenuItem> pinMenuItem;
+  std::shared_ptr<platform::NSTimer> saveTimer;
+  std::vector<std::optional<platform::EventHotKeyRef>> hotKeyRefs;
+  std::shared_ptr<platform::SPUStandardUpdaterController> updaterController;
+  std::shared_ptr<platform::NSMenuItem> wakeMenuItem;
+  std::shared_ptr<platform::NSMenuItem> loginMenuItem;
+  std::shared_ptr<platform::NSPopover> welcomePopover;
+  platform::Date lastWakeShow = platform::NSDate::distantPast;
+  bool pinned;
+  bool showOnWake;
+  platform::URL noteURL;
+  /// What is at `noteURL` could not be read and has no second name yet: it must not be replaced.
+  bool noteUnreadable = false;
+};
+
+}  // namespace quillberry

@@ -1,0 +1,192 @@
+#include "platform/desktop/atomic_file.h"
+
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+
+#include "platform/desktop/unique_fd.h"
+
+namespace platform::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int longestLinkChain = 40;  // as the kernel's own
+constexpr std::size_t longestNameKept = 200;
+constexpr std::string_view auxiliaryMark = ".quillberry-";
+
+std::error_code lastError() { return {errno, std::generic_category()}; }
+
+/// Runs a system call again for as long as a signal interrupts it.
+template <typename Call>
+auto uninterrupted(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+/// The file that a chain of symbolic links ends at; it need not exist.
+fs::path finalTarget(fs::path path) {
+  for (int hops = 0; hops < longestLinkChain; ++hops) {
+    std::error_code error;
+    const fs::path target = fs::read_symlink(path, error);
+    if (error) break;
+    path = target.is_absolute() ? target : path.parent_path() / target;
+  }
+  return path;
+}
+
+fs::path folderOf(const fs::path& file) { return file.has_parent_path() ? file.parent_path() : fs::path("."); }
+
+UniqueFd openFolder(const fs::path& folder) {
+  return UniqueFd(uninterrupted([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+}
+
+/// Auxiliary files of `file` have this and a random number as their names.
+std::string auxiliaryPrefix(const fs::path& file) {
+  return "." + file.filename().string().substr(0, longestNameKept) + std::string(auxiliaryMark);
+}
+
+std::string randomDigits() {
+  std::uint64_t number = 0;
+  uninterrupted([&] { return getrandom(&number, sizeof number, 0); });
+  std::array<char, 17> digits{};
+  std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(number));
+  return digits.data();
+}
+
+/// A new file beside the target. It is gone again at the end unless it was renamed away.
+class AuxiliaryFile {
+ public:
+  AuxiliaryFile(int folder, const fs::path& target)
+      : folder_(folder), name_(auxiliaryPrefix(target) + randomDigits()), fd_(uninterrupted([this] {
+          return openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+        })) {
+    present_ = bool(fd_);
+  }
+  AuxiliaryFile(const AuxiliaryFile&) = delete;
+  AuxiliaryFile& operator=(const AuxiliaryFile&) = delete;
+  ~AuxiliaryFile() {
+    if (present_) unlinkat(folder_, name_.c_str(), 0);
+  }
+
+  explicit operator bool() const { return present_; }
+
+  bool write(std::string_view contents) {
+    while (!contents.empty()) {
+      const auto written = uninterrupted([&] { return ::write(fd_.get(), contents.data(), contents.size()); });
+      if (written < 0) return false;
+      contents.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+  }
+
+  /// As far as the file system and our rights allow; the contents matter more.
+  void takeModeAndOwner(const struct stat& existing) {
+    if (fchown(fd_.get(), existing.st_uid, existing.st_gid) != 0 &&
+        fchown(fd_.get(), static_cast<uid_t>(-1), existing.st_gid) != 0) {
+      // Another group would gain what the old one was given.
+      fchmod(fd_.get(), existing.st_mode & 0707U);
+      return;
+    }
+    fchmod(fd_.get(), existing.st_mode & 07777U);
+  }
+
+  bool finish() {
+    return uninterrupted([this] { return fsync(fd_.get()); }) == 0 && fd_.close();
+  }
+
+  bool renameTo(const std::string& name) {
+    if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
+    present_ = false;
+    return true;
+  }
+
+ private:
+  int folder_;
+  std::string name_;
+  UniqueFd fd_;
+  bool present_ = false;
+};
+
+std::error_code syncFolder(int folder) {
+  if (uninterrupted([&] { return fsync(folder); }) == 0) return {};
+  // Some file systems know no syncing of a folder.
+  return errno == EINVAL ? std::error_code() : lastError();
+}
+
+}  // namespace
+
+std::optional<std::string> readFile(const fs::path& path, std::error_code& error) {
+  const auto failed = [&error](std::error_code code) {
+    error = code;
+    return std::nullopt;
+  };
+  const UniqueFd fd(uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
+  struct stat status {};
+  if (!fd || fstat(fd.get(), &status) != 0) return failed(lastError());
+  if (S_ISDIR(status.st_mode)) return failed(std::make_error_code(std::errc::is_a_directory));
+  if (!S_ISREG(status.st_mode)) return failed(std::make_error_code(std::errc::not_supported));
+
+  std::string contents;
+  std::size_t length = 0;
+  for (;;) {
+    // One byte more than expected, so that the end shows in the first round.
+    contents.resize(std::max(length + 4096, static_cast<std::size_t>(status.st_size) + 1));
+    const auto got = uninterrupted([&] { return read(fd.get(), contents.data() + length, contents.size() - length); });
+    if (got < 0) return failed(lastError());
+    if (got == 0) break;
+    length += static_cast<std::size_t>(got);
+  }
+  contents.resize(length);
+  error.clear();
+  return contents;
+}
+
+std::error_code replaceFile(const fs::path& path, std::string_view contents) {
+  const fs::path target = finalTarget(path);
+  const std::string name = target.filename().string();
+  const UniqueFd folder = openFolder(folderOf(target));
+  if (!folder) return lastError();
+  AuxiliaryFile auxiliary(folder.get(), target);
+  if (!auxiliary || !auxiliary.write(contents)) return lastError();
+  struct stat existing {};
+  if (fstatat(folder.get(), name.c_str(), &existing, AT_SYMLINK_NOFOLLOW) == 0) auxiliary.takeModeAndOwner(existing);
+  if (!auxiliary.finish() || !auxiliary.renameTo(name)) return lastError();
+  return syncFolder(folder.get());
+}
+
+void sweepAuxiliaryFiles(const fs::path& path) {
+  const fs::path target = finalTarget(path);
+  const std::string prefix = auxiliaryPrefix(target);
+  std::error_code error;
+  for (fs::directory_iterator entry(folderOf(target), error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code unremovable;
+    if (entry->path().filename().string().starts_with(prefix)) fs::remove(entry->path(), unremovable);
+  }
+}
+
+std::error_code linkFile(const fs::path& source, const fs::path& destination) {
+  if (linkat(AT_FDCWD, source.c_str(), AT_FDCWD, destination.c_str(), AT_SYMLINK_FOLLOW) != 0) return lastError();
+  const UniqueFd folder = openFolder(folderOf(destination));
+  return folder ? syncFolder(folder.get()) : lastError();
+}
+
+std::error_code makeFolder(const fs::path& path, bool withParents) {
+  if (mkdir(path.c_str(), 0700) == 0) return {};
+  if (errno == ENOENT && withParents && path.has_parent_path() && path.parent_path() != path) {
+    if (const auto error = makeFolder(path.parent_path(), true)) return error;
+    return makeFolder(path, false);
+  }
+  const std::error_code error = lastError();
+  std::error_code ignored;
+  return error == std::errc::file_exists && fs::is_directory(path, ignored) ? std::error_code() : error;
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,35 @@
+#include "platform/button.h"
+
+#include "platform/desktop/native_view.h"
+#include "platform/desktop/strings.h"
+#include "platform/desktop/symbol_button.h"
+
+namespace platform {
+
+using desktop::SymbolButton;
+
+NSButton::NSButton(const NSImage& image, std::weak_ptr<NSObject> target, Selector action,
+                   std::shared_ptr<Native> native)
+    : NSView({}, std::move(native)), image_(image), target_(std::move(target)), action_(action) {}
+
+std::shared_ptr<NSButton> NSButton::buttonWithImage(const NSImage& image, const std::weak_ptr<NSObject>& target,
+                                                    Selector action) {
+  auto widget = std::make_unique<SymbolButton>(image.symbolName, desktop::toQString(image.accessibilityDescription));
+  SymbolButton* const symbol = widget.get();
+  std::shared_ptr<NSButton> button(new NSButton(image, target, action, std::make_shared<Native>(std::move(widget))));
+  symbol->setEnabled(bool(action));
+  QObject::connect(symbol, &QAbstractButton::clicked, [pressed = button.get()] { pressed->click(); });
+  return button;
+}
+
+void NSButton::setBordered(bool /*bordered*/) {
+  // A button that is a symbol never has a border.
+}
+
+void NSButton::setContentTintColor(NSColor color) { static_cast<SymbolButton&>(*native().widget).setTint(color); }
+
+void NSButton::click() {
+  if (const auto target = target_.lock()) target->perform(action_, this);
+}
+
+}  // namespace platform

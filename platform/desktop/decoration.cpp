@@ -1,0 +1,155 @@
+#include "platform/desktop/decoration.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWindow>
+#include <utility>
+
+#include "platform/desktop/appearance.h"
+
+namespace platform::desktop {
+namespace {
+
+constexpr int closeButtonMargin = 8;
+constexpr int titleSize = 13;
+constexpr int gripWidth = 5;
+constexpr int cornerLength = 12;
+
+Qt::CursorShape cursorFor(Qt::Edges edges) {
+  if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge)) return Qt::SizeFDiagCursor;
+  if (edges == (Qt::TopEdge | Qt::RightEdge) || edges == (Qt::BottomEdge | Qt::LeftEdge)) return Qt::SizeBDiagCursor;
+  return (edges & (Qt::LeftEdge | Qt::RightEdge)) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+}
+
+bool isCorner(Qt::Edges edges) {
+  return (edges & (Qt::LeftEdge | Qt::RightEdge)) && (edges & (Qt::TopEdge | Qt::BottomEdge));
+}
+
+}  // namespace
+
+TitleBar::TitleBar() : closeButton_("xmark.circle", QStringLiteral("Close")) {
+  setCursor(Qt::ArrowCursor);
+  closeButton_.setParent(this);
+  closeButton_.resize(closeButton_.sizeHint());
+  closeButton_.move(closeButtonMargin, (titleBarHeight - closeButton_.height()) / 2);
+}
+
+void TitleBar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  // Text that scrolls up here would be read through the title.
+  painter.fillRect(rect(), palette().base());
+  painter.setFont(systemFont(titleSize, QFont::DemiBold));
+  painter.setPen(secondaryTextColor(palette()));
+  const int sides = 2 * closeButtonMargin + closeButton_.width();
+  const QRect room = rect().adjusted(sides, 0, -sides, 0);
+  const QString title = painter.fontMetrics().elidedText(window()->windowTitle(), Qt::ElideRight, room.width());
+  painter.drawText(room, Qt::AlignCenter, title);
+}
+
+void TitleBar::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) window()->windowHandle()->startSystemMove();
+}
+
+void TitleBar::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) window()->setWindowState(window()->windowState() ^ Qt::WindowMaximized);
+}
+
+EdgeGrip::EdgeGrip(Qt::Edges edges) : edges_(edges) { setCursor(cursorFor(edges)); }
+
+void EdgeGrip::placeIn(QSize window) {
+  const auto span = [this](Qt::Edge near, Qt::Edge far, int length) -> std::pair<int, int> {
+    const int thickness = isCorner(edges_) ? cornerLength : gripWidth;
+    if (edges_ & near) return {0, thickness};
+    if (edges_ & far) return {length - thickness, thickness};
+    return {cornerLength, length - 2 * cornerLength};
+  };
+  const auto [x, width] = span(Qt::LeftEdge, Qt::RightEdge, window.width());
+  const auto [y, height] = span(Qt::TopEdge, Qt::BottomEdge, window.height());
+  setGeometry(x, y, width, height);
+  if (!isCorner(edges_)) return;
+  // A corner is an L along the two edges: what lies inside it belongs to the content.
+  QRegion shape;
+  if (edges_ & Qt::LeftEdge) shape += QRect(0, 0, gripWidth, height);
+  if (edges_ & Qt::RightEdge) shape += QRect(width - gripWidth, 0, gripWidth, height);
+  if (edges_ & Qt::TopEdge) shape += QRect(0, 0, width, gripWidth);
+  if (edges_ & Qt::BottomEdge) shape += QRect(0, height - gripWidth, width, gripWidth);
+  setMask(shape);
+}
+
+void EdgeGrip::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const QColor line = hairlineColor(palette());
+  if (edges_ & Qt::LeftEdge) painter.fillRect(0, 0, 1, height(), line);
+  if (edges_ & Qt::RightEdge) painter.fillRect(width() - 1, 0, 1, height(), line);
+  if (edges_ & Qt::TopEdge) painter.fillRect(0, 0, width(), 1, line);
+  if (edges_ & Qt::BottomEdge) painter.fillRect(0, height() - 1, width(), 1, line);
+}
+
+void EdgeGrip::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) window()->windowHandle()->startSystemResize(edges_);
+}
+
+NoteFrame::NoteFrame()
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      grips_{EdgeGrip(Qt::LeftEdge),
+             EdgeGrip(Qt::RightEdge),
+             EdgeGrip(Qt::TopEdge),
+             EdgeGrip(Qt::BottomEdge),
+             EdgeGrip(Qt::TopEdge | Qt::LeftEdge),
+             EdgeGrip(Qt::TopEdge | Qt::RightEdge),
+             EdgeGrip(Qt::BottomEdge | Qt::LeftEdge),
+             EdgeGrip(Qt::BottomEdge | Qt::RightEdge)} {
+  setBackgroundRole(QPalette::Base);
+  QObject::connect(&titleBar_.closeButton(), &QAbstractButton::clicked, this, [this] { close(); });
+  QObject::connect(this, &QWidget::windowTitleChanged, &titleBar_, [this] { titleBar_.update(); });
+}
+
+NoteFrame::~NoteFrame() {
+  if (content_ != nullptr) content_->setParent(nullptr);
+}
+
+void NoteFrame::setContent(QWidget& content) {
+  content_ = &content;
+  content.setParent(this);
+  content.show();
+  titleBar_.setParent(&content);
+  titleBar_.show();
+  for (EdgeGrip& grip : grips_) {
+    grip.setParent(this);
+    grip.show();
+  }
+}
+
+void NoteFrame::setVisible(bool visible) {
+  if (!visible && onAboutToHide) onAboutToHide();
+  QWidget::setVisible(visible);
+}
+
+void NoteFrame::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (onCloseRequest) onCloseRequest();
+}
+
+void NoteFrame::resizeEvent(QResizeEvent* /*event*/) {
+  titleBar_.setGeometry(0, 0, width(), titleBarHeight);
+  for (EdgeGrip& grip : grips_) grip.placeIn(size());
+  if (onGeometryChange) onGeometryChange();
+}
+
+void NoteFrame::moveEvent(QMoveEvent* /*event*/) {
+  if (onGeometryChange) onGeometryChange();
+}
+
+void NoteFrame::keyPressEvent(QKeyEvent* event) {
+  if (onUnusedKey) onUnusedKey(*event);
+}
+
+void NoteFrame::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange) return;
+  for (EdgeGrip& grip : grips_) grip.setVisible(!isMaximized());
+}
+
+}  // namespace platform::desktop

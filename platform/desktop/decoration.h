@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "platform/desktop/symbol_button.h"
+
+/// The window's own decoration: its title bar, its edges and its hairline border.
+namespace platform::desktop {
+
+constexpr int titleBarHeight = 28;  // points
+
+/// The band at the top of the window: the title in its middle, the close button at its left. Dragging moves the
+/// window, a double click makes it as large as the screen and back.
+class TitleBar : public QWidget {
+ public:
+  TitleBar();
+
+  SymbolButton& closeButton() { return closeButton_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  SymbolButton closeButton_;
+};
+
+/// One edge or corner of the window: draws its part of the hairline border, and resizes the window when dragged.
+class EdgeGrip : public QWidget {
+ public:
+  explicit EdgeGrip(Qt::Edges edges);
+
+  /// Takes its place in a window of this size.
+  void placeIn(QSize window);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  Qt::Edges edges_;
+};
+
+/// The window itself, frameless on the desktop's side.
+class NoteFrame : public QWidget {
+ public:
+  NoteFrame();
+  ~NoteFrame() override;
+
+  /// Puts `content` in; the title bar becomes a part of it, so that what the program adds can lie over it.
+  /// `content` outlives this window.
+  void setContent(QWidget& content);
+  void setVisible(bool visible) override;
+
+  std::function<void()> onCloseRequest;
+  std::function<void()> onGeometryChange;
+  std::function<void()> onAboutToHide;
+  /// A key that no control in the window used.
+  std::function<void(QKeyEvent&)> onUnusedKey;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  QWidget* content_ = nullptr;
+  TitleBar titleBar_;
+  std::array<EdgeGrip, 8> grips_;
+};
+
+}  // namespace platform::desktop

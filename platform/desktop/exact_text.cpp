@@ -1,0 +1,187 @@
+#include "platform/desktop/exact_text.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace platform::desktop {
+namespace {
+
+constexpr int lineEndBefore = QTextFormat::UserProperty;  // of a block's format: a LineEnd, absent for LineFeed
+constexpr QChar paragraphSeparator = QChar::ParagraphSeparator;
+
+// The two noncharacters that a document keeps for itself, and what stands for them.
+constexpr char16_t frameBegin = 0xFDD0;
+constexpr char16_t frameEnd = 0xFDD1;
+constexpr char16_t standInOffset = 0xDFD0 - frameBegin;
+
+bool isFrameMark(QChar c) { return c == frameBegin || c == frameEnd; }
+bool isStandIn(QChar c) { return isFrameMark(QChar(c.unicode() - standInOffset)); }
+
+void putStandInsIn(QString& text) {
+  for (QChar& c : text) {
+    if (isFrameMark(c)) c = QChar(c.unicode() + standInOffset);
+  }
+}
+
+void takeStandInsOut(QString& text) {
+  bool afterHigh = false;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar c = std::as_const(text)[i];
+    if (!afterHigh && isStandIn(c)) text[i] = QChar(c.unicode() - standInOffset);
+    afterHigh = c.isHighSurrogate();
+  }
+}
+
+QStringView spelling(LineEnd kind) {
+  switch (kind) {
+    case LineEnd::LineFeed:
+      return u"\n";
+    case LineEnd::CarriageReturnLineFeed:
+      return u"\r\n";
+    case LineEnd::CarriageReturn:
+      return u"\r";
+    case LineEnd::ParagraphSeparator:
+      return u"\u2029";
+  }
+  return u"\n";
+}
+
+LineEnd lineEndOf(const QTextBlockFormat& format) { return static_cast<LineEnd>(format.intProperty(lineEndBefore)); }
+
+QTextBlockFormat withLineEnd(QTextBlockFormat format, LineEnd kind) {
+  if (kind == LineEnd::LineFeed) {
+    format.clearProperty(lineEndBefore);
+  } else {
+    format.setProperty(lineEndBefore, static_cast<int>(kind));
+  }
+  return format;
+}
+
+bool isUnusualLineEnd(QChar c) { return c == u'\r' || c == paragraphSeparator; }
+
+/// Cuts the next line off the front of `text`. None where the text has no further line end.
+std::optional<LineEnd> cutLine(QStringView& text, QStringView& line) {
+  const auto end = std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\n' || isUnusualLineEnd(c); });
+  line = text.first(end - text.begin());
+  if (end == text.end()) {
+    text = {};
+    return std::nullopt;
+  }
+  const LineEnd kind = *end == u'\n'                                              ? LineEnd::LineFeed
+                       : *end == paragraphSeparator                               ? LineEnd::ParagraphSeparator
+                       : std::next(end) != text.end() && *std::next(end) == u'\n' ? LineEnd::CarriageReturnLineFeed
+                                                                                  : LineEnd::CarriageReturn;
+  text = text.sliced(line.size() + spelling(kind).size());
+  return kind;
+}
+
+QString documentText(QStringView text) {
+  QString held = text.toString();
+  putStandInsIn(held);
+  return held;
+}
+
+/// Marks the blocks `first` to `last`, both included, as following a line end of that kind.
+void markBlocks(QTextDocument& document, int first, int last, LineEnd kind) {
+  QTextCursor cursor(document.findBlockByNumber(first));
+  cursor.setPosition(document.findBlockByNumber(last).position(), QTextCursor::KeepAnchor);
+  cursor.setBlockFormat(withLineEnd({}, kind));
+}
+
+}  // namespace
+
+QString withScalarValuesOnly(QString text) {
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar c = std::as_const(text)[i];
+    if (!c.isSurrogate()) continue;
+    if (c.isHighSurrogate() && i + 1 < text.size() && std::as_const(text)[i + 1].isLowSurrogate()) {
+      ++i;
+    } else {
+      text[i] = QChar::ReplacementCharacter;
+    }
+  }
+  return text;
+}
+
+bool needsExactInsertion(QStringView text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](QChar c) { return c.isSurrogate() || isFrameMark(c) || isUnusualLineEnd(c); });
+}
+
+void setExactText(QTextDocument& document, const QString& text) {
+  std::vector<LineEnd> kinds;
+  QString lines;
+  if (std::none_of(text.begin(), text.end(), isUnusualLineEnd)) {
+    lines = text;
+  } else {
+    lines.reserve(text.size());
+    QStringView rest = text;
+    QStringView line;
+    while (const auto kind = cutLine(rest, line)) {
+      lines.append(line).append(u'\n');
+      kinds.push_back(*kind);
+    }
+    lines.append(line);
+  }
+  putStandInsIn(lines);
+
+  const bool undo = document.isUndoRedoEnabled();
+  document.setUndoRedoEnabled(false);
+  document.setPlainText(lines);
+  QTextCursor all(&document);
+  all.beginEditBlock();
+  // The first block takes the kind of the first line end too, so that a line made before it is of that kind.
+  for (std::size_t first = 0, last = 0; first < kinds.size(); first = last) {
+    while (last < kinds.size() && kinds[last] == kinds[first]) ++last;
+    if (kinds[first] == LineEnd::LineFeed) continue;
+    markBlocks(document, first == 0 ? 0 : static_cast<int>(first) + 1, static_cast<int>(last), kinds[first]);
+  }
+  all.endEditBlock();
+  document.setUndoRedoEnabled(undo);
+}
+
+void insertExactText(QTextCursor cursor, const QString& text) {
+  cursor.beginEditBlock();
+  cursor.removeSelectedText();
+  QStringView rest = text;
+  QStringView line;
+  while (const auto kind = cutLine(rest, line)) {
+    cursor.insertText(documentText(line));
+    cursor.insertBlock(withLineEnd(cursor.blockFormat(), *kind));
+  }
+  cursor.insertText(documentText(line));
+  cursor.endEditBlock();
+}
+
+QString exactText(const QTextDocument& document, int start, int end) {
+  QString text;
+  for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() <= end; block = block.next()) {
+    if (block.position() > start) text += spelling(lineEndOf(block.blockFormat()));
+    const int from = std::max(start - block.position(), 0);
+    const int length = std::min(end, block.position() + block.length() - 1) - block.position() - from;
+    text += QStringView(block.text()).mid(from, length);
+  }
+  takeStandInsOut(text);
+  return text;
+}
+
+QString exactText(const QTextDocument& document) { return exactText(document, 0, document.characterCount() - 1); }
+
+int positionForExactIndex(const QTextDocument& document, qsizetype index) {
+  QTextBlock block = document.begin();
+  qsizetype start = 0;
+  for (QTextBlock next = block.next(); next.isValid(); next = next.next()) {
+    const qsizetype nextStart = start + block.length() - 1 + spelling(lineEndOf(next.blockFormat())).size();
+    if (index < nextStart) break;
+    start = nextStart;
+    block = next;
+  }
+  return block.position() + static_cast<int>(std::min<qsizetype>(index - start, block.length() - 1));
+}
+
+}  // namespace platform::desktop

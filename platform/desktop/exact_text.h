@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <QTextCursor>
+
+class QTextDocument;
+
+/// Texts in a QTextDocument without a loss. The document by itself folds every kind of line end into one and
+/// gives a meaning of its own to two noncharacters. Here each block remembers the kind of line end before it, in
+/// its block format, which undo and redo restore; and lone low surrogates, which no text contains, stand for the
+/// two noncharacters.
+namespace platform::desktop {
+
+enum class LineEnd { LineFeed, CarriageReturnLineFeed, CarriageReturn, ParagraphSeparator };
+
+/// `text` with U+FFFD for every lone surrogate.
+QString withScalarValuesOnly(QString text);
+
+/// Whether `QTextCursor::insertText` would not insert just `text`.
+bool needsExactInsertion(QStringView text);
+
+/// Replaces the whole document; nothing can be undone afterwards. Surrogates are paired.
+void setExactText(QTextDocument&, const QString& text);
+
+/// Replaces the selection as one step of undo. Surrogates are paired.
+void insertExactText(QTextCursor cursor, const QString& text);
+
+/// The text between two positions of the document, `end` excluded.
+QString exactText(const QTextDocument&, int start, int end);
+QString exactText(const QTextDocument&);
+
+/// The document's position for an index into its exact text; inside a CR LF the one before it.
+int positionForExactIndex(const QTextDocument&, qsizetype index);
+
+}  // namespace platform::desktop

@@ -1,0 +1,37 @@
+#include "platform/desktop/atomic_file.h"
+#include "platform/desktop/base_directories.h"
+#include "platform/file_manager.h"
+#include "platform/string.h"
+#include "platform/utf8.h"
+
+namespace platform {
+
+NSFileManager& NSFileManager::defaultManager() {
+  static NSFileManager manager;
+  return manager;
+}
+
+std::vector<URL> NSFileManager::URLsForDirectory(NSSearchPathDirectory /*directory*/,
+                                                 NSSearchPathDomainMask /*domain*/) {
+  return {desktop::dataHome()};
+}
+
+std::error_code NSFileManager::createDirectoryAtURL(const URL& url, bool withIntermediateDirectories) {
+  return desktop::makeFolder(url, withIntermediateDirectories);
+}
+
+std::error_code NSFileManager::linkItemAtURL(const URL& source, const URL& destination) {
+  return desktop::linkFile(source, destination);
+}
+
+std::optional<std::string> NSString::stringWithContentsOfURL(const URL& url, std::error_code& error) {
+  desktop::sweepAuxiliaryFiles(url);
+  auto text = desktop::readFile(url, error);
+  if (!text || isValidUtf8(*text)) return text;
+  error = std::make_error_code(std::errc::illegal_byte_sequence);
+  return std::nullopt;
+}
+
+std::error_code NSString::writeToURL(std::string_view text, const URL& url) { return desktop::replaceFile(url, text); }
+
+}  // namespace platform

@@ -1,0 +1,155 @@
+#include "platform/desktop/note_editor.h"
+
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPlainTextDocumentLayout>
+#include <QScopedValueRollback>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <memory>
+
+#include "platform/desktop/decoration.h"
+#include "platform/desktop/exact_text.h"
+
+namespace platform::desktop {
+namespace {
+
+constexpr int tabWidth = 8;  // characters
+
+/// Leaves more room below the last line than the document's one margin for all four sides.
+class NoteLayout : public QPlainTextDocumentLayout {
+ public:
+  using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
+
+  QRectF blockBoundingRect(const QTextBlock& block) const override {
+    const QRectF rect = QPlainTextDocumentLayout::blockBoundingRect(block);
+    return block.next().isValid() ? rect : rect.adjusted(0, 0, 0, roomBelow);
+  }
+
+  int roomBelow = 0;
+};
+
+}  // namespace
+
+NoteEditor::NoteEditor() {
+  document()->setDocumentLayout(new NoteLayout(document()));  // a document owns its layout
+  setFrameStyle(QFrame::NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  setBackgroundRole(QPalette::Base);
+  setAutoFillBackground(true);
+  setAccessibleName(QStringLiteral("Note"));
+  roomAboveScroller_.setFixedHeight(titleBarHeight);
+  addScrollBarWidget(&roomAboveScroller_, Qt::AlignTop);
+  connect(this, &QPlainTextEdit::textChanged, [this] { tellOfEdit(); });
+}
+
+void NoteEditor::editKey(QKeyEvent& key) {
+  if (key.matches(QKeySequence::InsertLineSeparator)) {
+    // Shift+Return is a line end like any other, not the toolkit's U+2028.
+    textCursor().insertBlock();
+    ensureCursorVisible();
+  } else if (needsExactInsertion(key.text()) && key.text() != QLatin1String("\r")) {
+    insertExactly(key.text());
+  } else {
+    QPlainTextEdit::keyPressEvent(&key);
+  }
+}
+
+QString NoteEditor::exactTextWithComposition() const {
+  if (composition_.isEmpty()) return exactText(*document());
+  const QTextBlock block = textCursor().block();
+  const int at = block.position() + block.layout()->preeditAreaPosition();
+  return exactText(*document(), 0, at) + withScalarValuesOnly(composition_) +
+         exactText(*document(), at, document()->characterCount() - 1);
+}
+
+void NoteEditor::loadExactText(const QString& text) {
+  const QScopedValueRollback quiet(silent_, true);
+  setExactText(*document(), text);
+  toldRevision_ = document()->revision();
+}
+
+void NoteEditor::setNoteFont(const QFont& font) {
+  setFont(font);
+  setTabStopDistance(tabWidth * QFontMetricsF(font).horizontalAdvance(u' '));
+}
+
+void NoteEditor::setInset(int horizontal, int vertical) {
+  // The viewport begins below the title bar, so that no line is ever hidden or half read there; the rest of the
+  // inset is the document's.
+  const int margin = vertical - titleBarHeight;
+  document()->setDocumentMargin(margin);
+  static_cast<NoteLayout&>(*document()->documentLayout()).roomBelow = titleBarHeight;
+  setViewportMargins(horizontal - margin, titleBarHeight, horizontal - margin, 0);
+}
+
+void NoteEditor::commitComposition() {
+  if (composition_.isEmpty()) return;
+  const QString before = exactTextWithComposition();
+  {
+    const QScopedValueRollback quiet(silent_, true);
+    if (hasFocus()) QGuiApplication::inputMethod()->commit();
+    if (!composition_.isEmpty()) {
+      QInputMethodEvent commit;
+      commit.setCommitString(composition_);
+      inputMethodEvent(&commit);
+      QGuiApplication::inputMethod()->reset();
+    }
+  }
+  if (exactTextWithComposition() == before) {
+    toldRevision_ = document()->revision();
+  } else {
+    tellOfEdit();
+  }
+}
+
+void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
+  composition_ = event->preeditString();
+  if (!needsExactInsertion(event->commitString())) {
+    QPlainTextEdit::inputMethodEvent(event);
+    return;
+  }
+  // The toolkit would fold what the document cannot hold: it gets the rest of the event, we put in the text.
+  QInputMethodEvent removal;
+  removal.setCommitString({}, event->replacementStart(), event->replacementLength());
+  QPlainTextEdit::inputMethodEvent(&removal);
+  insertExactly(event->commitString());
+  QInputMethodEvent rest(event->preeditString(), event->attributes());
+  QPlainTextEdit::inputMethodEvent(&rest);
+}
+
+void NoteEditor::keyPressEvent(QKeyEvent* event) {
+  if (onKey) {
+    onKey(*event);
+  } else {
+    editKey(*event);
+  }
+}
+
+QMimeData* NoteEditor::createMimeDataFromSelection() const {
+  auto data = std::make_unique<QMimeData>();
+  const QTextCursor cursor = textCursor();
+  data->setText(exactText(*document(), cursor.selectionStart(), cursor.selectionEnd()));
+  return data.release();  // the caller's, as the toolkit asks
+}
+
+void NoteEditor::insertFromMimeData(const QMimeData* source) {
+  if (source->hasText()) insertExactly(source->text());
+}
+
+void NoteEditor::insertExactly(const QString& text) {
+  insertExactText(textCursor(), withScalarValuesOnly(text));
+  ensureCursorVisible();
+}
+
+void NoteEditor::tellOfEdit() {
+  // The toolkit reports compositions as changes too; they leave the document's revision alone.
+  if (silent_ || document()->revision() == toldRevision_) return;
+  toldRevision_ = document()->revision();
+  if (onEdit) onEdit();
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QPlainTextEdit>
+#include <functional>
+
+namespace platform::desktop {
+
+/// The toolkit's plain-text editor, made exact: it holds every text without a loss (see exact_text.h), and tells of
+/// edits only, not of an input method's open composition.
+class NoteEditor : public QPlainTextEdit {
+ public:
+  NoteEditor();
+
+  /// Gets every key press; calls `editKey` for those that edit.
+  std::function<void(QKeyEvent&)> onKey;
+  std::function<void()> onEdit;
+
+  void editKey(QKeyEvent& key);
+
+  /// The exact text, with the open composition where it stands.
+  QString exactTextWithComposition() const;
+  void loadExactText(const QString& text);
+  void setNoteFont(const QFont& font);
+  /// In points. Scrolls with the text; what the title bar covers of `vertical` does not count as room for text.
+  void setInset(int horizontal, int vertical);
+  /// Makes the open composition text, which is no edit: it was part of the text before.
+  void commitComposition();
+
+  /// The composition's text goes where the caret stands.
+  void inputMethodEvent(QInputMethodEvent* event) override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  QMimeData* createMimeDataFromSelection() const override;
+  void insertFromMimeData(const QMimeData* source) override;
+
+ private:
+  void insertExactly(const QString& text);
+  void tellOfEdit();
+
+  QWidget roomAboveScroller_;
+  QString composition_;
+  int toldRevision_ = 0;
+  bool silent_ = false;
+};
+
+}  // namespace platform::desktop

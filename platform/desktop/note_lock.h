@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/desktop/unique_fd.h"
+
+namespace platform::desktop {
+
+/// The right to the user's note: a lock on the open support folder, which the kernel gives to one process and takes
+/// back when that one ends, however it ends.
+struct NoteLock {
+  enum class Outcome {
+    Held,  ///< by this process, for as long as `folder` is open
+    TakenByOther,
+    Unavailable,  ///< there is no folder, or its file system has no locks
+  };
+  Outcome outcome;
+  UniqueFd folder;
+};
+
+/// Tries at once, without waiting. Makes the support folder if it is missing.
+NoteLock lockNote();
+
+}  // namespace platform::desktop

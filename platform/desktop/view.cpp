@@ -1,0 +1,30 @@
+#include "platform/view.h"
+
+#include "platform/desktop/native_view.h"
+
+namespace platform {
+
+NSView::NSView(NSRect frame) : NSView(frame, std::make_shared<Native>(std::make_unique<QWidget>())) {}
+
+NSView::NSView(NSRect frame, std::shared_ptr<Native> native) : frame_(frame), native_(std::move(native)) {
+  showFrame();
+}
+
+void NSView::showFrame() {
+  if (native_->placedByParent) return;
+  // The toolkit's y axis grows downward.
+  const double top = superview_ != nullptr ? superview_->frame_.size.height - frame_.maxY() : frame_.minY();
+  native_->widget->setGeometry(QRectF(frame_.minX(), top, frame_.size.width, frame_.size.height).toAlignedRect());
+}
+
+void NSView::showSubview(NSView& view) {
+  QWidget& widget = *view.native_->widget;
+  widget.setParent(native_->widget.get());
+  view.showFrame();
+  if (view.native_->behindOthers) widget.lower();
+  widget.show();
+}
+
+void NSView::dropSubview(NSView& view) { view.native_->widget->setParent(nullptr); }
+
+}  // namespace platform

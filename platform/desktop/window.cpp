@@ -1,0 +1,162 @@
+#include "platform/window.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
+
+#include "platform/desktop/decoration.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/native_view.h"
+#include "platform/desktop/note_editor.h"
+#include "platform/desktop/strings.h"
+#include "platform/user_defaults.h"
+
+namespace platform {
+
+using desktop::NoteFrame;
+using desktop::Placement;
+using desktop::windowSystem;
+
+namespace {
+
+constexpr std::chrono::milliseconds frameKeepDelay{500};  // a drag is over when nothing has moved for this long
+
+}  // namespace
+
+struct NSWindow::Impl {
+  NSWindow& owner;
+  std::shared_ptr<NSView> content;  // before the frame, which has it inside
+  NoteFrame frame;
+  std::weak_ptr<NSWindowDelegate> delegate;
+  Placement placement;
+  NSView* firstResponder = nullptr;
+  std::string autosaveKey;
+  QTimer keepFrameLater;
+
+  Impl(NSWindow& window, NSRect contentRect) : owner(window), content(std::make_shared<NSView>(NSRect{})) {
+    frame.setContent(*content->native().widget);
+    frame.onCloseRequest = [this] { askToClose(); };
+    frame.onGeometryChange = [this] { geometryChanged(); };
+    frame.onAboutToHide = [this] { aboutToHide(); };
+    frame.onUnusedKey = [this](QKeyEvent& key) { passToFirstResponder(key); };
+    keepFrameLater.setSingleShot(true);
+    keepFrameLater.setInterval(frameKeepDelay);
+    QObject::connect(&keepFrameLater, &QTimer::timeout, [this] { keepFrame(); });
+    setFrame(contentRect);
+  }
+  Impl(const Impl&) = delete;
+  Impl& operator=(const Impl&) = delete;
+
+  ~Impl() { keepFrame(); }
+
+  void setFrame(NSRect rect) {
+    frame.setGeometry(desktop::toToolkit(rect));
+    content->setFrame({{}, rect.size});
+  }
+
+  void askToClose() {
+    const auto answerer = delegate.lock();
+    if (!answerer || answerer->windowShouldClose(owner)) frame.hide();
+  }
+
+  void geometryChanged() {
+    content->setFrame({{}, {double(frame.width()), double(frame.height())}});
+    if (!autosaveKey.empty() && frame.isVisible()) keepFrameLater.start();
+  }
+
+  /// The frame as the user last made it; a maximised window remembers the one before.
+  void keepFrame() {
+    keepFrameLater.stop();
+    if (autosaveKey.empty() || frame.isMaximized() || frame.isFullScreen()) return;
+    const NSRect rect = desktop::fromToolkit(frame.geometry());
+    const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
+    NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);
+  }
+
+  void aboutToHide() {
+    if (frame.isActiveWindow()) desktop::oweFocusToPreviousProgram();
+    for (auto* const editor : frame.findChildren<desktop::NoteEditor*>()) editor->commitComposition();
+    if (keepFrameLater.isActive()) keepFrame();
+  }
+
+  void passToFirstResponder(QKeyEvent& key) {
+    auto* const editor =
+        firstResponder == nullptr ? nullptr : dynamic_cast<desktop::NoteEditor*>(firstResponder->native().widget.get());
+    if (editor != nullptr && !editor->hasFocus() && editor->onKey) editor->onKey(key);
+  }
+
+  void applyPlacement() {
+    if (frame.isVisible()) windowSystem().place(frame, placement);
+  }
+};
+
+NSWindow::NSWindow(NSRect contentRect, unsigned /*styleMask*/, NSBackingStoreType /*backing*/, bool /*defer*/)
+    : impl_(std::make_unique<Impl>(*this, contentRect)) {}
+
+NSWindow::~NSWindow() = default;
+
+// The one look of a title bar here: the content shows through all of it but the title and its buttons.
+void NSWindow::setTitlebarAppearsTransparent(bool /*transparent*/) {}
+void NSWindow::setReleasedWhenClosed(bool /*released*/) {}
+
+void NSWindow::setMinSize(NSSize size) {
+  impl_->frame.setMinimumSize(static_cast<int>(size.width), static_cast<int>(size.height));
+}
+
+void NSWindow::setDelegate(const std::weak_ptr<NSWindowDelegate>& delegate) { impl_->delegate = delegate; }
+
+void NSWindow::center() {
+  QRect rect = impl_->frame.geometry();
+  rect.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
+  impl_->setFrame(desktop::fromToolkit(rect));
+}
+
+void NSWindow::setFrameAutosaveName(std::string_view name) {
+  impl_->autosaveKey = "NSWindow Frame " + std::string(name);
+  const auto text = NSUserDefaults::standardUserDefaults().stringForKey(impl_->autosaveKey);
+  const auto kept = text ? frameFromString(*text) : std::nullopt;
+  if (!kept) return;
+  NSRect rect = frameOnScreens(*kept, desktop::screens());
+  const QSize smallest = impl_->frame.minimumSize();
+  rect.size = {std::max(rect.size.width, double(smallest.width())),
+               std::max(rect.size.height, double(smallest.height()))};
+  impl_->setFrame(rect);
+}
+
+NSView& NSWindow::contentView() { return *impl_->content; }
+
+void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
+  NoteFrame& frame = impl_->frame;
+  if (!frame.isVisible()) {
+    windowSystem().prepareToShow(frame, impl_->placement);
+    frame.show();
+    windowSystem().place(frame, impl_->placement);
+  }
+  windowSystem().activate(frame);
+}
+
+void NSWindow::orderOut(NSObject* /*sender*/) { impl_->frame.hide(); }
+
+void NSWindow::makeFirstResponder(NSView& view) {
+  impl_->firstResponder = &view;
+  view.native().widget->setFocus();
+}
+
+bool NSWindow::isVisible() const { return impl_->frame.isVisible() && !impl_->frame.isMinimized(); }
+bool NSWindow::isKeyWindow() const { return impl_->frame.isVisible() && impl_->frame.isActiveWindow(); }
+
+void NSWindow::setLevel(int level) {
+  impl_->placement.aboveOthers = level >= NSFloatingWindowLevel;
+  impl_->applyPlacement();
+}
+
+void NSWindow::setCollectionBehavior(unsigned behavior) {
+  impl_->placement.onEveryWorkspace = (behavior & NSWindowCollectionBehaviorCanJoinAllSpaces) != 0;
+  impl_->applyPlacement();
+}
+
+void NSWindow::setTitle(std::string_view title) { impl_->frame.setWindowTitle(desktop::toQString(title)); }
+
+}  // namespace platform

@@ -1,0 +1,31 @@
+#include "platform/desktop/window_system.h"
+
+#include <QGuiApplication>
+
+#include "platform/desktop/x11_window_system.h"
+
+namespace platform::desktop {
+namespace {
+
+/// A display on which the toolkit's own words have to do.
+class PlainWindowSystem : public WindowSystem {
+ public:
+  void prepareToShow(QWidget& /*window*/, Placement /*placement*/) override {}
+  void place(QWidget& /*window*/, Placement /*placement*/) override {}
+  void activate(QWidget& window) override {
+    window.raise();
+    window.activateWindow();
+  }
+  void activatePreviousProgram() override {}
+};
+
+}  // namespace
+
+std::unique_ptr<WindowSystem> WindowSystem::forThisDisplay() {
+  if (auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+    return makeX11WindowSystem(x11->connection());
+  }
+  return std::make_unique<PlainWindowSystem>();
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+namespace platform::desktop {
+
+/// Where a window stands among those of other programs.
+struct Placement {
+  bool aboveOthers = false;
+  bool onEveryWorkspace = false;
+};
+
+/// What the toolkit has no word for, on the kind of display that the program runs on. Chosen once.
+class WindowSystem {
+ public:
+  static std::unique_ptr<WindowSystem> forThisDisplay();
+  virtual ~WindowSystem() = default;
+
+  /// Before each show: the window belongs to an accessory program, in no taskbar and no pager.
+  virtual void prepareToShow(QWidget& window, Placement placement) = 0;
+  /// Places a window that is shown.
+  virtual void place(QWidget& window, Placement placement) = 0;
+  /// Raises a window that is shown and gives it the keyboard, as a wish of the user's.
+  virtual void activate(QWidget& window) = 0;
+  /// Gives the keyboard to the window that had it before one of ours did, if it is still there to be seen.
+  virtual void activatePreviousProgram() = 0;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,16 @@
+#include "platform/file_manager.h"
+
+#include <string>
+
+namespace platform {
+
+std::error_code NSFileManager::keepUnreadableItemAtURL(const URL& url) {
+  const std::string kept = url.string() + ".unreadable";
+  std::error_code error = linkItemAtURL(url, kept);
+  for (int number = 2; error == std::errc::file_exists; ++number) {
+    error = linkItemAtURL(url, kept + "." + std::to_string(number));
+  }
+  return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
+}
+
+}  // namespace platform

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/application.h"
+#include "platform/button.h"
+#include "platform/date.h"
+#include "platform/frame_autosave.h"
+#include "platform/text_view.h"
+#include "platform/url.h"
+#include "platform/user_defaults.h"
+#include "platform/window.h"
+
+/// The knobs of the platform in memory: what a test makes happen and what it can see. One process, one world.
+namespace platform::headless {
+
+/// What the program did, in order: "store pinned=false", "window level 3", "window order out", "application hide",
+/// "write /home/user/.local/share/Quillberry/note.txt 5 bytes" …
+const std::vector<std::string>& effects();
+void clearEffects();
+
+/// Moves the steady clock; timers that come due run in order, each at its own time.
+void advance(double seconds);
+/// The wall clock goes its own way.
+void setWallClock(Date);
+
+// --- Files: nothing exists at first but the folder above the user's data folder.
+
+struct Faults {
+  bool noFolder = false;                   ///< folders cannot be made
+  bool noRead = false;                     ///< files that exist cannot be read
+  bool noWrite = false;                    ///< nothing can be written
+  bool noLink = false;                     ///< no file gets a second name
+  std::optional<std::size_t> roomInBytes;  ///< a longer write is cut short, as on a full disk
+};
+Faults& faults();
+
+void putFile(const URL&, std::string contents);
+std::optional<std::string> fileAt(const URL&);
+bool folderExists(const URL&);
+int writesOf(const URL&);
+/// Every file there is.
+const std::map<URL, std::string>& files();
+
+// --- Settings
+
+void putSetting(std::string_view key, DefaultsValue value);
+
+// --- Windows and the user
+
+struct WindowState {
+  NSRect frame;
+  NSSize minSize;
+  unsigned styleMask = 0;
+  bool transparentTitlebar = false;
+  bool releasedWhenClosed = true;
+  bool visible = false;
+  int level = NSNormalWindowLevel;
+  unsigned behavior = 0;
+  std::string title;
+  NSView* firstResponder = nullptr;
+};
+/// The state of the one window that the program has made.
+const WindowState& windowState();
+NSWindow& window();
+/// What the user does to the window.
+void pressCloseButton();
+void moveWindow(NSRect frame);
+void setScreens(std::vector<Screen>);
+
+struct TextViewState {
+  bool verticallyResizable = false;
+  bool horizontallyResizable = true;
+  NSSize minSize;
+  NSSize maxSize;
+  NSTextContainer container;
+  bool richText = true;
+  bool allowsUndo = false;
+  NSFont font;
+  NSSize inset;
+  bool substitutes = true;  ///< one of the four substitutions is on
+  NSRange selection;        ///< in UTF-16 units
+};
+const TextViewState& textViewState();
+NSTextView& textView();
+/// The only button of the window's content.
+NSButton& button();
+
+/// Presses a key in the window, as its first responder sees it.
+void pressKey(unsigned short keyCode);
+/// Types at the caret, one key press for the whole of `text`.
+void type(std::string_view text);
+void undo();
+void redo();
+/// An input method composes `text` at the caret, in place of what it composed before.
+void compose(std::string_view text);
+
+/// Another program becomes the active one.
+void activateOtherProgram();
+bool programIsActive();
+/// The user starts the program again.
+bool reopen();
+/// The session or a signal ends the program.
+void terminate();
+
+}  // namespace platform::headless

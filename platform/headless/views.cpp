@@ -1,0 +1,38 @@
+#include "platform/button.h"
+#include "platform/headless/world.h"
+#include "platform/scroll_view.h"
+
+namespace platform {
+
+using headless::world;
+
+struct NSView::Native {};
+
+NSView::NSView(NSRect frame) : NSView(frame, std::make_shared<Native>()) {}
+NSView::NSView(NSRect frame, std::shared_ptr<Native> native) : frame_(frame), native_(std::move(native)) {}
+void NSView::showFrame() {}
+void NSView::showSubview(NSView& /*view*/) {}
+void NSView::dropSubview(NSView& /*view*/) {}
+
+NSScrollView::NSScrollView(NSRect frame) : NSView(frame) {}
+void NSScrollView::setHasVerticalScroller(bool shown) { hasVerticalScroller_ = shown; }
+void NSScrollView::setDrawsBackground(bool /*draws*/) {}
+void NSScrollView::setDocumentView(const std::shared_ptr<NSTextView>& view) { addSubview(view); }
+
+NSButton::NSButton(const NSImage& image, std::weak_ptr<NSObject> target, Selector action,
+                   std::shared_ptr<Native> native)
+    : NSView({}, std::move(native)), image_(image), target_(std::move(target)), action_(action) {}
+
+std::shared_ptr<NSButton> NSButton::buttonWithImage(const NSImage& image, const std::weak_ptr<NSObject>& target,
+                                                    Selector action) {
+  std::shared_ptr<NSButton> button(new NSButton(image, target, action, std::make_shared<Native>()));
+  world().button = button.get();
+  return button;
+}
+
+void NSButton::setBordered(bool /*bordered*/) {}
+void NSButton::setContentTintColor(NSColor /*color*/) {}
+
+NSButton& headless::button() { return *world().button; }
+
+}  // namespace platform

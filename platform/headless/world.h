@@ -1,0 +1,74 @@
+#pragma once
+
+#include <memory>
+#include <set>
+
+#include "platform/headless/headless.h"
+#include "platform/timer.h"
+
+namespace platform::headless {
+
+struct PendingTimer {
+  double due;
+  std::function<void()> block;
+};
+
+struct WindowParts {
+  WindowState state;
+  std::weak_ptr<NSWindowDelegate> delegate;
+  std::string autosaveName;
+  NSView* content = nullptr;
+};
+
+struct TextViewParts {
+  TextViewState state;
+  std::u16string text;
+  std::u16string composition;
+  std::vector<std::u16string> undoStack;
+  std::vector<std::u16string> redoStack;
+};
+
+/// Everything that exists here. The objects of the program put themselves in and take themselves out.
+struct World {
+  std::vector<std::string> effects;
+  double steadyClock = 0;
+  Date wallClock = 0;
+  std::vector<std::shared_ptr<PendingTimer>> timers;
+  Faults faults;
+  std::map<URL, std::string> files;
+  std::set<URL> folders;
+  std::map<URL, int> writes;
+  std::map<std::string, DefaultsValue, std::less<>> settings;
+  std::vector<Screen> screens{{{{0, 0}, {1280, 800}}, {{0, 0}, {1280, 800}}}};
+  bool active = false;
+  std::weak_ptr<NSApplicationDelegate> delegate;
+  NSWindow* window = nullptr;
+  WindowParts* windowParts = nullptr;
+  NSTextView* textView = nullptr;
+  TextViewParts* textViewParts = nullptr;
+  NSButton* button = nullptr;
+
+  void record(std::string effect) { effects.push_back(std::move(effect)); }
+};
+
+World& world();
+
+std::u16string toUtf16(std::string_view validUtf8);
+/// Lone surrogates become U+FFFD.
+std::string toUtf8(std::u16string_view);
+
+/// Inserts at the caret as an edit.
+void insertText(TextViewParts& parts, std::u16string_view text);
+/// Ends the composition; its text stays.
+void commitComposition(TextViewParts& parts);
+
+}  // namespace platform::headless
+
+namespace platform {
+
+/// A key press carries the characters that it types.
+struct NSEvent::Native {
+  std::string characters;
+};
+
+}  // namespace platform

@@ -1,0 +1,24 @@
+#include "platform/notification_center.h"
+
+namespace platform {
+
+NSNotificationCenter& NSNotificationCenter::defaultCenter() {
+  static NSNotificationCenter center;
+  return center;
+}
+
+void NSNotificationCenter::addObserver(const std::weak_ptr<NSObject>& observer, Selector action, std::string_view name,
+                                       const std::weak_ptr<NSObject>& object) {
+  entries_.push_back({observer, action, name, object});
+}
+
+void NSNotificationCenter::postNotificationName(std::string_view name, const NSObject& object) {
+  // A copy: an observer may add another one.
+  const auto entries = entries_;
+  for (const Entry& entry : entries) {
+    if (entry.name != name || entry.object.lock().get() != &object) continue;
+    if (const auto observer = entry.observer.lock()) observer->perform(entry.action, nullptr);
+  }
+}
+
+}  // namespace platform

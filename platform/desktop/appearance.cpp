@@ -1,6 +1,7 @@
 #include "platform/desktop/appearance.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <cmath>
 
@@ -22,7 +23,8 @@ QColor mixed(const QPalette& palette, double shareOfText) {
 
 /// Emoji come in colour where the desktop has such a font, and not from a text font that has some of them.
 QFont withColourEmoji(QFont font, int pixelSize, QFont::Weight weight) {
-  font.setFamilies(font.families() << QStringLiteral("Noto Color Emoji"));
+  // The family by its own name: behind an alias, the emoji font would give spaces and digits too.
+  font.setFamilies({QFontInfo(font).family(), QStringLiteral("Noto Color Emoji")});
   font.setPixelSize(pixelSize);
   font.setWeight(weight);
   return font;

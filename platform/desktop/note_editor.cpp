@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QTextOption>
 #include <memory>
 
 #include "platform/desktop/decoration.h"
@@ -37,7 +38,12 @@ NoteEditor::NoteEditor() {
   document()->setDocumentLayout(new NoteLayout(document()));  // a document owns its layout
   setFrameStyle(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QTextOption option = document()->defaultTextOption();
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  // Together these justify nothing, and put a line that runs from right to left at the right.
+  option.setAlignment(Qt::AlignJustify | Qt::AlignLeft);
+  document()->setDefaultTextOption(option);
   setBackgroundRole(QPalette::Base);
   setAutoFillBackground(true);
   setAccessibleName(QStringLiteral("Note"));
@@ -47,11 +53,11 @@ NoteEditor::NoteEditor() {
 }
 
 void NoteEditor::editKey(QKeyEvent& key) {
-  if (key.matches(QKeySequence::InsertLineSeparator)) {
-    // Shift+Return is a line end like any other, not the toolkit's U+2028.
+  if (key.matches(QKeySequence::InsertParagraphSeparator) || key.matches(QKeySequence::InsertLineSeparator)) {
+    // The toolkit's own Return drops an empty line's kind of line end, and its Shift+Return types U+2028.
     textCursor().insertBlock();
     ensureCursorVisible();
-  } else if (needsExactInsertion(key.text()) && key.text() != QLatin1String("\r")) {
+  } else if (needsExactInsertion(key.text())) {
     insertExactly(key.text());
   } else {
     QPlainTextEdit::keyPressEvent(&key);
@@ -107,18 +113,29 @@ void NoteEditor::commitComposition() {
 }
 
 void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
+  const bool replacesSelection = textCursor().hasSelection() && !event->preeditString().isEmpty();
+  const bool edits = replacesSelection || !event->commitString().isEmpty() || event->replacementLength() > 0;
   composition_ = event->preeditString();
-  if (!needsExactInsertion(event->commitString())) {
-    QPlainTextEdit::inputMethodEvent(event);
-    return;
+  {
+    // The toolkit reports the composition as a change too.
+    const QScopedValueRollback quiet(silent_, true);
+    if (needsExactInsertion(event->commitString())) {
+      // The toolkit would fold what the document cannot hold: it gets the rest of the event, we put in the text.
+      QInputMethodEvent removal;
+      removal.setCommitString({}, event->replacementStart(), event->replacementLength());
+      QPlainTextEdit::inputMethodEvent(&removal);
+      insertExactly(event->commitString());
+      QInputMethodEvent rest(event->preeditString(), event->attributes());
+      QPlainTextEdit::inputMethodEvent(&rest);
+    } else {
+      QPlainTextEdit::inputMethodEvent(event);
+    }
   }
-  // The toolkit would fold what the document cannot hold: it gets the rest of the event, we put in the text.
-  QInputMethodEvent removal;
-  removal.setCommitString({}, event->replacementStart(), event->replacementLength());
-  QPlainTextEdit::inputMethodEvent(&removal);
-  insertExactly(event->commitString());
-  QInputMethodEvent rest(event->preeditString(), event->attributes());
-  QPlainTextEdit::inputMethodEvent(&rest);
+  if (edits) {
+    tellOfEdit();
+  } else {
+    toldRevision_ = document()->revision();
+  }
 }
 
 void NoteEditor::keyPressEvent(QKeyEvent* event) {
@@ -146,7 +163,7 @@ void NoteEditor::insertExactly(const QString& text) {
 }
 
 void NoteEditor::tellOfEdit() {
-  // The toolkit reports compositions as changes too; they leave the document's revision alone.
+  // The toolkit reports a change of looks too; it leaves the revision alone.
   if (silent_ || document()->revision() == toldRevision_) return;
   toldRevision_ = document()->revision();
   if (onEdit) onEdit();

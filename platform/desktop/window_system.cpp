@@ -22,9 +22,8 @@ class PlainWindowSystem : public WindowSystem {
 }  // namespace
 
 std::unique_ptr<WindowSystem> WindowSystem::forThisDisplay() {
-  if (auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
-    return makeX11WindowSystem(x11->connection());
-  }
+  auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (x11 != nullptr && x11->connection() != nullptr) return makeX11WindowSystem(x11->connection());
   return std::make_unique<PlainWindowSystem>();
 }
 

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <memory>
+
+#include "platform/desktop/note_editor.h"
+
+namespace platform::desktop {
+namespace {
+
+class Editor : public testing::Test {
+ protected:
+  Editor() {
+    editor.onEdit = [this] { ++edits; };
+  }
+
+  void compose(const QString& preedit, const QString& commit = {}) {
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QCoreApplication::sendEvent(&editor, &event);
+  }
+
+  int argc = 1;
+  char name[5] = "test";
+  char* argv[2] = {name, nullptr};
+  QApplication app{argc, argv};
+  NoteEditor editor;
+  int edits = 0;
+};
+
+TEST_F(Editor, ACompositionIsAnEditOnlyWhenItIsDone) {
+  compose(QStringLiteral("k"));
+  compose(QStringLiteral(u"\u304B"));
+  EXPECT_EQ(edits, 0);
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral(u"\u304B"));
+  compose({}, QStringLiteral(u"\u304B"));
+  EXPECT_EQ(edits, 1);
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral(u"\u304B"));
+  compose(QStringLiteral("x"));
+  compose({});  // given up
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral(u"\u304B"));
+  EXPECT_EQ(edits, 1);
+}
+
+TEST_F(Editor, AnOpenCompositionStandsAtTheCaret) {
+  editor.loadExactText(QStringLiteral("one\r\ntwo"));
+  editor.moveCursor(QTextCursor::Start);
+  editor.moveCursor(QTextCursor::EndOfLine);
+  compose(QStringLiteral("!"));
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("one!\r\ntwo"));
+  editor.commitComposition();
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("one!\r\ntwo"));
+  EXPECT_EQ(edits, 0) << "it was part of the text before";
+  editor.undo();
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("one\r\ntwo"));
+  EXPECT_EQ(edits, 1);
+}
+
+TEST_F(Editor, AnotherFontIsNoEdit) {
+  editor.insertPlainText(QStringLiteral("plain"));
+  EXPECT_EQ(edits, 1);
+  editor.setNoteFont(QFont());
+  EXPECT_EQ(edits, 1);
+}
+
+}  // namespace
+}  // namespace platform::desktop

@@ -23,7 +23,7 @@ class NSButton : public NSView {
   void sizeToFit() { setFrameSize(image_.size()); }
 
  private:
-  NSButton(const NSImage& image, std::weak_ptr<NSObject> target, Selector action, std::shared_ptr<Native> native);
+  NSButton(NSImage image, std::weak_ptr<NSObject> target, Selector action, std::shared_ptr<Native> native);
   void click();
 
   NSImage image_;

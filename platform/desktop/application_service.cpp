@@ -23,7 +23,7 @@ ApplicationService::ApplicationService(std::function<void()> activate) : activat
   if (!sessionBusExists()) return;
   QDBusConnection bus = QDBusConnection::sessionBus();
   // The object first: who finds the name finds the object.
-  if (bus.registerObject(servicePath(), this, QDBusConnection::ExportScriptableSlots))
+  if (bus.registerObject(servicePath(), this, QDBusConnection::ExportScriptableInvokables))
     bus.registerService(serviceName());
 }
 

@@ -22,9 +22,8 @@ class ApplicationService : public QObject {
  public:
   explicit ApplicationService(std::function<void()> activate);
 
- public Q_SLOTS:
   /// Comes forward. `platformData` has nothing that is needed under X11.
-  Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
+  Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
 
  private:
   std::function<void()> activate_;

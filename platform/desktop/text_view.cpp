@@ -81,7 +81,7 @@ void NSTextView::setSelectedRange(NSRange range) {
   const QTextDocument& document = *impl_->editor.document();
   QTextCursor cursor = impl_->editor.textCursor();
   cursor.setPosition(desktop::positionForExactIndex(document, static_cast<qsizetype>(range.location)));
-  const auto end = static_cast<qsizetype>(range.location + range.length);
+  const auto end = static_cast<qsizetype>(range.location) + static_cast<qsizetype>(range.length);
   if (range.length > 0) cursor.setPosition(desktop::positionForExactIndex(document, end), QTextCursor::KeepAnchor);
   impl_->editor.setTextCursor(cursor);
 }

@@ -13,8 +13,8 @@ NSApplication::~NSApplication() = default;
 
 std::shared_ptr<NSApplication> NSApplication::sharedApplication() {
   static std::weak_ptr<NSApplication> shared;
-  if (const auto existing = shared.lock()) return existing;
-  const std::shared_ptr<NSApplication> made(new NSApplication);
+  if (auto existing = shared.lock()) return existing;
+  std::shared_ptr<NSApplication> made(new NSApplication);
   shared = made;
   return made;
 }

@@ -19,9 +19,8 @@ void NSScrollView::setHasVerticalScroller(bool shown) { hasVerticalScroller_ = s
 void NSScrollView::setDrawsBackground(bool /*draws*/) {}
 void NSScrollView::setDocumentView(const std::shared_ptr<NSTextView>& view) { addSubview(view); }
 
-NSButton::NSButton(const NSImage& image, std::weak_ptr<NSObject> target, Selector action,
-                   std::shared_ptr<Native> native)
-    : NSView({}, std::move(native)), image_(image), target_(std::move(target)), action_(action) {}
+NSButton::NSButton(NSImage image, std::weak_ptr<NSObject> target, Selector action, std::shared_ptr<Native> native)
+    : NSView({}, std::move(native)), image_(std::move(image)), target_(std::move(target)), action_(action) {}
 
 std::shared_ptr<NSButton> NSButton::buttonWithImage(const NSImage& image, const std::weak_ptr<NSObject>& target,
                                                     Selector action) {

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QSessionManager>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -118,7 +119,10 @@ struct NSApplication::Impl {
   }
 
   void reopen(NSApplication& app) {
-    if (const auto told = delegate.lock()) told->applicationShouldHandleReopen(app, QApplication::activeWindow());
+    const auto windows = QApplication::topLevelWidgets();
+    const bool visible =
+        std::any_of(windows.begin(), windows.end(), [](QWidget* window) { return window->isVisible(); });
+    if (const auto told = delegate.lock()) told->applicationShouldHandleReopen(app, visible);
   }
 };
 

@@ -95,6 +95,7 @@ void NoteEditor::setInset(int horizontal, int vertical) {
 void NoteEditor::commitComposition() {
   if (composition_.isEmpty()) return;
   const QString before = exactTextWithComposition();
+  lateCommit_ = composition_;
   {
     const QScopedValueRollback quiet(silent_, true);
     if (hasFocus()) QGuiApplication::inputMethod()->commit();
@@ -113,6 +114,12 @@ void NoteEditor::commitComposition() {
 }
 
 void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
+  if (!lateCommit_.isEmpty() && event->preeditString().isEmpty() && event->commitString() == lateCommit_ && !silent_) {
+    // Some input methods commit, on losing the focus, what was taken from them before.
+    lateCommit_.clear();
+    return;
+  }
+  if (!event->preeditString().isEmpty()) lateCommit_.clear();
   const bool replacesSelection = textCursor().hasSelection() && !event->preeditString().isEmpty();
   const bool edits = replacesSelection || !event->commitString().isEmpty() || event->replacementLength() > 0;
   composition_ = event->preeditString();
@@ -139,6 +146,7 @@ void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void NoteEditor::keyPressEvent(QKeyEvent* event) {
+  lateCommit_.clear();
   if (onKey) {
     onKey(*event);
   } else {

@@ -40,6 +40,7 @@ class NoteEditor : public QPlainTextEdit {
 
   QWidget roomAboveScroller_;
   QString composition_;
+  QString lateCommit_;  ///< the composition that we ended, for as long as its input method may commit it again
   int toldRevision_ = 0;
   bool silent_ = false;
 };

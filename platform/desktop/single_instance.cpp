@@ -44,6 +44,7 @@ UniqueFd becomeTheOneInstance() {
   NoteLock lock = lockNote();
   if (lock.outcome == NoteLock::Outcome::Held) return std::move(lock.folder);
 
+  // Without a lock the bus alone can tell whether there is another process.
   int argc = 1;
   char name[] = "quillberry";
   char* argv[] = {name, nullptr};

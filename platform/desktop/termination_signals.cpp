@@ -20,11 +20,16 @@ void writeToPipe(int /*signal*/) {
   errno = savedErrno;
 }
 
+/// Leaves alone what whoever started us had ignored: nohup, for one.
 void handleSignals(void (*handler)(int)) {
   struct sigaction action {};
   action.sa_handler = handler;
   action.sa_flags = SA_RESTART;
-  for (const int signal : handledSignals) sigaction(signal, &action, nullptr);
+  for (const int signal : handledSignals) {
+    struct sigaction before {};
+    sigaction(signal, nullptr, &before);
+    if (before.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
+  }
 }
 
 }  // namespace

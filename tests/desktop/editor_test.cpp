@@ -58,6 +58,18 @@ TEST_F(Editor, AnOpenCompositionStandsAtTheCaret) {
   EXPECT_EQ(edits, 1);
 }
 
+TEST_F(Editor, ACompositionThatWasEndedIsNotCommittedAgain) {
+  compose(QStringLiteral("abc"));
+  editor.commitComposition();
+  compose({}, QStringLiteral("abc"));  // late, from an input method that was told
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abc"));
+  EXPECT_EQ(edits, 0);
+  compose(QStringLiteral("abc"));
+  compose({}, QStringLiteral("abc"));
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abcabc"));
+  EXPECT_EQ(edits, 1);
+}
+
 TEST_F(Editor, AnotherFontIsNoEdit) {
   editor.insertPlainText(QStringLiteral("plain"));
   EXPECT_EQ(edits, 1);

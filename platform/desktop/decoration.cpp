@@ -14,6 +14,7 @@ namespace {
 
 constexpr int closeButtonMargin = 8;
 constexpr int titleSize = 13;
+constexpr int dragDistance = 3;
 constexpr int gripWidth = 5;
 constexpr int cornerLength = 12;
 
@@ -28,6 +29,18 @@ bool isCorner(Qt::Edges edges) {
 }
 
 }  // namespace
+
+void DragHandle::mousePressEvent(QMouseEvent* event) {
+  pressedAt_.reset();
+  if (event->button() == Qt::LeftButton) pressedAt_ = event->pos();
+}
+
+void DragHandle::mouseMoveEvent(QMouseEvent* event) {
+  if (!pressedAt_ || !(event->buttons() & Qt::LeftButton)) return;
+  if ((event->pos() - *pressedAt_).manhattanLength() < dragDistance) return;
+  pressedAt_.reset();
+  startDrag(*window()->windowHandle());
+}
 
 TitleBar::TitleBar() : closeButton_("xmark.circle", QStringLiteral("Close")) {
   setCursor(Qt::ArrowCursor);
@@ -48,9 +61,7 @@ void TitleBar::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(room, Qt::AlignCenter, title);
 }
 
-void TitleBar::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) window()->windowHandle()->startSystemMove();
-}
+void TitleBar::startDrag(QWindow& window) { window.startSystemMove(); }
 
 void TitleBar::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) window()->setWindowState(window()->windowState() ^ Qt::WindowMaximized);
@@ -87,9 +98,7 @@ void EdgeGrip::paintEvent(QPaintEvent* /*event*/) {
   if (edges_ & Qt::BottomEdge) painter.fillRect(0, height() - 1, width(), 1, line);
 }
 
-void EdgeGrip::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) window()->windowHandle()->startSystemResize(edges_);
-}
+void EdgeGrip::startDrag(QWindow& window) { window.startSystemResize(edges_); }
 
 NoteFrame::NoteFrame()
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),

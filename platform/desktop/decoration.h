@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/desktop/symbol_button.h"
 
@@ -12,9 +13,22 @@ namespace platform::desktop {
 
 constexpr int titleBarHeight = 28;  // points
 
+/// A place to take hold of the window. A click is no drag: the window manager would hold on to a window whose
+/// button was released before it heard of the drag.
+class DragHandle : public QWidget {
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  /// The button is down and the pointer has moved.
+  virtual void startDrag(QWindow& window) = 0;
+
+ private:
+  std::optional<QPoint> pressedAt_;
+};
+
 /// The band at the top of the window: the title in its middle, the close button at its left. Dragging moves the
 /// window, a double click makes it as large as the screen and back.
-class TitleBar : public QWidget {
+class TitleBar : public DragHandle {
  public:
   TitleBar();
 
@@ -22,15 +36,15 @@ class TitleBar : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void startDrag(QWindow& window) override;
 
  private:
   SymbolButton closeButton_;
 };
 
 /// One edge or corner of the window: draws its part of the hairline border, and resizes the window when dragged.
-class EdgeGrip : public QWidget {
+class EdgeGrip : public DragHandle {
  public:
   explicit EdgeGrip(Qt::Edges edges);
 
@@ -39,7 +53,7 @@ class EdgeGrip : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
+  void startDrag(QWindow& window) override;
 
  private:
   Qt::Edges edges_;

@@ -50,7 +50,9 @@ UniqueFd openFolder(const fs::path& folder) {
 
 /// Auxiliary files of `file` have this and a random number as their names.
 std::string auxiliaryPrefix(const fs::path& file) {
-  return "." + file.filename().string().substr(0, longestNameKept) + std::string(auxiliaryMark);
+  std::string prefix(1, '.');
+  prefix.append(file.filename().string(), 0, longestNameKept).append(auxiliaryMark);
+  return prefix;
 }
 
 std::string randomDigits() {

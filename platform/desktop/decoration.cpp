@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QWindow>
 #include <utility>
 
@@ -64,7 +65,7 @@ void TitleBar::paintEvent(QPaintEvent* /*event*/) {
 void TitleBar::startDrag(QWindow& window) { window.startSystemMove(); }
 
 void TitleBar::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) window()->setWindowState(window()->windowState() ^ Qt::WindowMaximized);
+  if (event->button() == Qt::LeftButton && onDoubleClick) onDoubleClick();
 }
 
 EdgeGrip::EdgeGrip(Qt::Edges edges) : edges_(edges) { setCursor(cursorFor(edges)); }
@@ -111,6 +112,7 @@ NoteFrame::NoteFrame()
              EdgeGrip(Qt::BottomEdge | Qt::LeftEdge),
              EdgeGrip(Qt::BottomEdge | Qt::RightEdge)} {
   setBackgroundRole(QPalette::Base);
+  titleBar_.onDoubleClick = [this] { toggleZoom(); };
   QObject::connect(&titleBar_.closeButton(), &QAbstractButton::clicked, this, [this] { close(); });
   QObject::connect(this, &QWidget::windowTitleChanged, &titleBar_, [this] { titleBar_.update(); });
 }
@@ -135,6 +137,22 @@ void NoteFrame::setVisible(bool visible) {
   if (!visible && onAboutToHide) onAboutToHide();
   QWidget::setVisible(visible);
 }
+
+void NoteFrame::toggleZoom() {
+  if (isMaximized()) {
+    showNormal();
+  } else if (isZoomed()) {
+    setGeometry(*beforeZoom_);
+  } else {
+    beforeZoom_ = geometry();
+    setGeometry(screen()->availableGeometry());
+  }
+}
+
+QRect NoteFrame::unzoomedGeometry() const { return isZoomed() ? *beforeZoom_ : geometry(); }
+
+/// A window that was zoomed and then moved or resized is not zoomed any more.
+bool NoteFrame::isZoomed() const { return beforeZoom_ && geometry() == screen()->availableGeometry(); }
 
 void NoteFrame::closeEvent(QCloseEvent* event) {
   event->ignore();

@@ -27,10 +27,12 @@ class DragHandle : public QWidget {
 };
 
 /// The band at the top of the window: the title in its middle, the close button at its left. Dragging moves the
-/// window, a double click makes it as large as the screen and back.
+/// window.
 class TitleBar : public DragHandle {
  public:
   TitleBar();
+
+  std::function<void()> onDoubleClick;
 
   SymbolButton& closeButton() { return closeButton_; }
 
@@ -70,6 +72,12 @@ class NoteFrame : public QWidget {
   void setContent(QWidget& content);
   void setVisible(bool visible) override;
 
+  /// Makes the window as large as the screen's free room, or again what it was. By its geometry: not every window
+  /// manager maximises a window of an accessory program.
+  void toggleZoom();
+  /// The geometry, or what it was before `toggleZoom` made the window large.
+  QRect unzoomedGeometry() const;
+
   std::function<void()> onCloseRequest;
   std::function<void()> onGeometryChange;
   std::function<void()> onAboutToHide;
@@ -84,7 +92,10 @@ class NoteFrame : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  bool isZoomed() const;
+
   QWidget* content_ = nullptr;
+  std::optional<QRect> beforeZoom_;
   TitleBar titleBar_;
   std::array<EdgeGrip, 8> grips_;
 };

@@ -70,7 +70,7 @@ struct NSWindow::Impl {
   void keepFrame() {
     keepFrameLater.stop();
     if (autosaveKey.empty() || frame.isMaximized() || frame.isFullScreen()) return;
-    const NSRect rect = desktop::fromToolkit(frame.geometry());
+    const NSRect rect = desktop::fromToolkit(frame.unzoomedGeometry());
     const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
     NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);
   }

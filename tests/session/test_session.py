@@ -1,0 +1,392 @@
+#!/usr/bin/env python3
+"""Drives the program as a user does, on a real desktop. Exit code 77: skipped."""
+
+import argparse
+import contextlib
+import itertools
+import json
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+from desktop import SCREEN, WINDOW_MANAGERS, Desktop, wait_until
+
+SMALLEST = (260, 160)
+TITLE_BAR = (210, 14)  # inside the window, clear of the buttons
+CLOSE_BUTTON = (16, 14)
+FRAME_KEY = "NSWindow Frame QuillberryWindow"
+
+options = argparse.Namespace(binary=None, desktop="openbox")
+
+
+class Note:
+    """The program with data and settings of its own."""
+
+    def __init__(self, desktop, folder):
+        self.desktop = desktop
+        self.folder = Path(folder)
+        self.file = self.folder / "data/Quillberry/note.txt"
+        self.settings = self.folder / "config/Quillberry/settings.json"
+        self.environment = desktop.environment | {
+            "HOME": str(self.folder), "XDG_DATA_HOME": str(self.folder / "data"),
+            "XDG_CONFIG_HOME": str(self.folder / "config")}
+        self.process = None
+        self.window = None
+
+    def start(self):
+        """Starts the program and waits until it gets the keys."""
+        self.process = self.desktop.spawn(options.binary, environment=self.environment, stderr=None)
+        self.window = wait_until(self._find_window, "the note's window")
+        self.desktop.wait_active(self.window, "the note is active after its start")
+        return self
+
+    def _find_window(self):
+        if self.process.poll() is not None:
+            raise AssertionError(f"the program ended with {self.process.returncode}")
+        return self.desktop.window_with("_NET_WM_PID", str(self.process.pid))
+
+    def start_again(self):
+        """A second start: it brings the running one forward and ends at once."""
+        done = self.run_to_end()
+        assert (done.returncode, done.stderr) == (0, ""), done
+        self.desktop.wait_active(self.window, "the note is active after a second start")
+
+    def run_to_end(self, timeout=5, **changes):
+        environment = {key: value for key, value in (self.environment | changes).items() if value is not None}
+        return subprocess.run([options.binary], env=environment, stdin=subprocess.DEVNULL, capture_output=True,
+                              text=True, timeout=timeout)
+
+    def type(self, text):
+        first, *others = text.split("\n")
+        self.desktop.xdotool("type", "--delay", "4", first)
+        for line in others:
+            self.desktop.xdotool("key", "Return", "type", "--delay", "4", line)
+        self.wait_for_keys()
+
+    def wait_for_keys(self):
+        """Waits until the program has taken every key so far: it dates its window with each, by the server's clock."""
+        before = time.monotonic() * 1000 - 5  # that clock may lag by one tick
+        self.desktop.xdotool("key", "Shift_L")
+
+        def dated():
+            holder = self.desktop.prop("_NET_WM_USER_TIME_WINDOW", self.window)
+            return int(self.desktop.prop("_NET_WM_USER_TIME", holder or self.window) or 0)
+        wait_until(lambda: (dated() - int(before)) % 2**32 < 2**31, "the program has taken the keys")
+
+    def text(self):
+        with contextlib.suppress(FileNotFoundError):
+            return self.file.read_bytes().decode(errors="replace")
+        return None
+
+    def put_text(self, contents):
+        self.file.parent.mkdir(parents=True)
+        self.file.write_bytes(contents)
+
+    def wait_for_text(self, text):
+        try:
+            wait_until(lambda: self.text() == text, f"the file holds {text!r}", 10)
+        except AssertionError as error:
+            raise AssertionError(f"{error}; it holds {self.text()!r}") from None
+
+    def hide(self):
+        self.desktop.xdotool("key", "Escape")
+        self.wait_hidden()
+
+    def wait_hidden(self):
+        wait_until(lambda: not self.desktop.is_viewable(self.window), "the note is hidden")
+
+    def geometry(self):
+        return self.desktop.geometry(self.window)
+
+    def wait_geometry(self, x, y, width, height, tolerance=0):
+        try:
+            wait_until(lambda: all(abs(a - b) <= tolerance for a, b in zip(self.geometry(), (x, y, width, height))),
+                       f"frame {x, y, width, height}", 10)
+        except AssertionError as error:
+            raise AssertionError(f"{error}; it is {self.geometry()}") from None
+
+    def signal(self, number):
+        """Sends a signal; the exit code."""
+        self.process.send_signal(number)
+        return self.process.wait(timeout=10)
+
+
+class SessionTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = cls.enterClassContext(Desktop(options.desktop))
+
+    def setUp(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory(ignore_cleanup_errors=True))
+        self.enterContext(self.desktop.keeping_only_the_window_manager())
+        self.note = Note(self.desktop, folder)
+
+    def assert_pinned(self):
+        """Above the others, on every workspace, in no taskbar and pager."""
+        def missing():
+            states = self.desktop.prop("_NET_WM_STATE", self.note.window)
+            wanted = {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}
+            return wanted - set(states.split(", "))
+        wait_until(lambda: not missing(), "the states of a pinned note")
+        wait_until(lambda: self.desktop.prop("_NET_WM_DESKTOP", self.note.window) == str(0xFFFFFFFF), "every workspace")
+
+    def assert_stays_above(self, *companions):
+        """Raises each in turn; that it went over the one before shows that the raise was done."""
+        for below, above in zip(companions, companions[1:] + companions[:1]):
+            self.desktop.activate(above)
+            stack = wait_until(lambda: self.stack_if_above(below, above), "a companion is raised")
+            self.assertGreater(stack.index(self.note.window), stack.index(above), "a companion covers the note")
+
+    def stack_if_above(self, below, above):
+        stack = self.desktop.windows(stacked=True)
+        return stack if stack.index(above) > stack.index(below) else None
+
+
+class TestDaily(SessionTest):
+    def test_first_start(self):
+        companions = self.desktop.companion("one"), self.desktop.companion("two")
+        self.note.start()
+        self.assertEqual(self.note.geometry(), (430, 240, 420, 320))
+        self.assertEqual(self.desktop.prop("_NET_WM_NAME", self.note.window), '"Quillberry 📌"')
+        self.assert_pinned()
+        self.assert_stays_above(*companions)
+
+    def test_typing_is_saved(self):
+        self.note.start().type("Milk, eggs\n(bread?)")
+        self.note.wait_for_text("Milk, eggs\n(bread?)")
+        self.assertEqual(self.note.file.stat().st_mode & 0o777, 0o600)
+        self.assertEqual(self.note.file.parent.stat().st_mode & 0o777, 0o700)
+
+    def test_putting_away(self):
+        """Saved when the window is gone, not later; the keys go where they went before."""
+        companion = self.desktop.companion("companion")
+        self.note.start()
+        click = ("mousemove", "--window", self.note.window, *CLOSE_BUTTON, "click", 1)
+        written = ""
+        for lock, away in ((None, ("key", "Escape")), (None, ("key", "shift+Escape")), ("Caps_Lock", ("key", "Escape")),
+                           ("Num_Lock", ("key", "Escape")), (None, click)):
+            with self.subTest(lock=lock, away=away), contextlib.ExitStack() as unlock:
+                if lock:
+                    self.desktop.xdotool("key", lock)
+                    unlock.callback(self.desktop.xdotool, "key", lock)
+                written += "X" if lock == "Caps_Lock" else "x"
+                self.desktop.xdotool("key", "x", *away)
+                self.note.wait_hidden()
+                self.assertEqual(self.note.text(), written)
+                self.desktop.wait_active(companion, "the companion is active again")
+            self.note.start_again()
+
+    def test_second_start(self):
+        companions = self.desktop.companion("one"), self.desktop.companion("two")
+        self.note.start().type("abcdef")
+        window = self.note.window
+        self.note.desktop.xdotool("key", "--repeat", 3, "Left")
+        self.note.hide()
+        self.note.start_again()
+        self.assertEqual(self.note._find_window(), window)
+        self.note.type("-")
+        self.note.wait_for_text("abc-def")
+        self.assert_pinned()
+        self.assert_stays_above(*companions)
+        self.note.start_again()  # visible all the time, but not active
+        self.note.type("+")
+        self.note.wait_for_text("abc-+def")
+
+    def test_second_workspace(self):
+        self.desktop.companion("companion")
+        self.note.start()
+        self.set_workspaces(2)
+        for workspace in "1", "0":
+            self.desktop.run("wmctrl", "-s", workspace)
+            wait_until(lambda: self.desktop.prop("_NET_CURRENT_DESKTOP") == workspace, "a switch of workspaces")
+            neighbour = self.desktop.companion(f"on workspace {workspace}")
+            stack = self.desktop.windows(stacked=True)
+            self.assertGreater(stack.index(self.note.window), stack.index(neighbour))
+            self.assertTrue(self.desktop.is_viewable(self.note.window))
+            self.note.start_again()
+            self.note.hide()
+            self.desktop.wait_active(neighbour, "the neighbour is active again")
+            self.note.start_again()
+            self.assertEqual(self.desktop.prop("_NET_CURRENT_DESKTOP"), workspace)
+        self.assert_pinned()
+
+    def test_full_screen_companion(self):
+        companion = self.desktop.companion("companion", "-fullscreen")
+        wait_until(lambda: "FULLSCREEN" in self.desktop.prop("_NET_WM_STATE", companion), "a full-screen companion")
+        self.note.start()
+        wait_until(lambda: self.stack_if_above(companion, self.note.window), "the note lies above it")
+        self.desktop.activate(companion)
+        self.note.start_again()
+        wait_until(lambda: self.stack_if_above(companion, self.note.window), "the note lies above it again")
+
+    def test_mouse(self):
+        window = self.note.start().window
+        self.assertIn("minimum size: 260 by 160", self.desktop.run("xprop", "-id", window, "WM_NORMAL_HINTS"))
+        self.drag(TITLE_BAR, (-150, 90))
+        self.note.wait_geometry(280, 330, 420, 320, tolerance=14)
+        self.drag((418, 318), (60, 40))
+        x, y, width, height = self.note.geometry()
+        self.note.wait_geometry(x, y, 480, 360, tolerance=14)
+        self.drag((width - 2, height - 2), (-400, -300))
+        self.note.wait_geometry(x, y, *SMALLEST)
+        for size in (300, 200), (100, 50):
+            self.desktop.run("wmctrl", "-i", "-r", hex(window), "-e", f"0,-1,-1,{size[0]},{size[1]}")
+            self.note.wait_geometry(x, y, *map(max, size, SMALLEST))
+        self.double_click_title_bar()
+        self.note.wait_geometry(0, 0, *SCREEN)
+        self.double_click_title_bar()
+        self.note.wait_geometry(x, y, *SMALLEST)
+
+    def test_tap_on_the_title_bar(self):
+        """A press and its release in one moment are no drag: the pointer then moves without the note."""
+        before = self.note.start().geometry()
+        for _ in range(3):
+            self.desktop.xdotool("mousemove", "--window", self.note.window, *TITLE_BAR)
+            self.desktop.xdotool("click", 1)
+            self.note.wait_for_keys()
+            self.desktop.xdotool("mousemove_relative", 60, 40)
+            self.set_workspaces(3)  # the window manager has seen the pointer when it has seen this
+            self.set_workspaces(2)
+            self.assertEqual(self.note.geometry(), before)
+
+    def set_workspaces(self, count):
+        self.desktop.run("wmctrl", "-n", count)
+        wait_until(lambda: self.desktop.prop("_NET_NUMBER_OF_DESKTOPS") == str(count), f"{count} workspaces")
+
+    def drag(self, start, by):
+        """Drags from a point inside the window; lets go when the window manager has taken the whole way."""
+        before = self.note.geometry()
+        x, y = before[0] + start[0], before[1] + start[1]
+        self.desktop.xdotool("mousemove", x, y, "mousedown", 1)
+        nudges = itertools.cycle((11, 12))  # just more than a hand that does not mean to drag
+
+        def move_by(*way):
+            self.desktop.xdotool("mousemove", x + way[0], y + way[1])
+            return self.note.geometry()
+
+        def taken():  # no motion is followed before the window manager holds the pointer
+            nudge = next(nudges)
+            return move_by(*(nudge if way > 0 else -nudge for way in by)) != before
+
+        def followed():  # nor is every single one afterwards
+            return any(abs(a - b) > 15 for a, b in zip(move_by(by[0] + next(nudges) % 2, by[1]), before))
+        try:
+            wait_until(taken, "the window follows the pointer")
+            wait_until(followed, "the window follows the pointer on")
+        finally:
+            self.desktop.xdotool("mouseup", 1)
+
+    def double_click_title_bar(self):
+        self.desktop.xdotool("mousemove", "--window", self.note.window, 130, TITLE_BAR[1])
+        for button in ("mousedown", "mouseup") * 2:
+            self.desktop.xdotool(button, 1)
+
+    def test_ending_in_the_middle_of_a_word(self):
+        self.note.start()
+        self.desktop.xdotool("windowsize", self.note.window, 500, 400)
+        self.desktop.xdotool("windowmove", self.note.window, 200, 100)
+        self.note.wait_geometry(200, 100, 500, 400)
+        written = ""
+        for number in signal.SIGTERM, signal.SIGINT, signal.SIGHUP:
+            with self.subTest(number):
+                written += number.name
+                self.note.type(number.name)
+                self.assertEqual(self.note.signal(number), 0)
+                self.assertEqual(self.note.text(), written)
+                self.note.start().wait_geometry(200, 100, 500, 400)
+
+
+class TestAnyDesktop(SessionTest):
+    """What does not depend on the window manager."""
+
+    def test_frame_whose_screen_is_gone(self):
+        self.note.settings.parent.mkdir(parents=True)
+        self.note.settings.write_text(json.dumps({FRAME_KEY: "5000 5000 420 320 4000 4000 1920 1080"}))
+        x, y, width, height = self.note.start().geometry()
+        self.assertEqual((width, height), (420, 320))
+        self.assertTrue(0 <= x <= SCREEN[0] - width and 0 <= y <= SCREEN[1] - height, (x, y))
+
+    def test_no_display(self):
+        done = self.note.run_to_end(DISPLAY=None)
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"\AQuillberry: .*display.*\n\Z")
+
+    def test_second_start_without_a_bus(self):
+        self.note.start().type("kept")
+        self.note.wait_for_text("kept")
+        before = self.note.file.stat()
+        done = self.note.run_to_end(timeout=10, DBUS_SESSION_BUS_ADDRESS=None)
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"\AQuillberry: .*session bus.*\n\Z")
+        after = self.note.file.stat()
+        self.assertEqual((after.st_ino, after.st_mtime_ns), (before.st_ino, before.st_mtime_ns))
+
+    def test_plain_locale(self):
+        self.note.put_text("ä€📌".encode())
+        self.note.environment["LC_ALL"] = "C"
+        self.note.start().type("x")
+        self.note.wait_for_text("ä€📌x")
+
+    def test_relative_data_folder(self):
+        self.note.environment["XDG_DATA_HOME"] = "data"
+        self.note.file = self.note.folder / ".local/share/Quillberry/note.txt"
+        self.note.start().type("x")
+        self.note.wait_for_text("x")
+
+    def test_folder_in_place_of_the_note(self):
+        self.note.file.mkdir(parents=True)
+        self.note.start().type("x")
+        self.note.hide()
+        self.note.start_again()
+        self.assertEqual(self.note.signal(signal.SIGTERM), 0)
+        self.assertTrue(self.note.file.is_dir())
+        self.assertEqual(list(self.note.file.parent.iterdir()), [self.note.file])
+
+    def test_unreadable_note(self):
+        self.note.put_text(b"caf\xe9")
+        self.note.start().type("x")
+        self.note.wait_for_text("x")
+        self.assertEqual(self.note.file.with_name("note.txt.unreadable").read_bytes(), b"caf\xe9")
+
+
+class TestLostDisplay(SessionTest):
+    def test_everything_typed_is_saved(self):
+        self.note.start().type("half a wor")
+        self.desktop.end(self.desktop.server)
+        self.note.process.wait(timeout=10)
+        self.assertEqual(self.note.text(), "half a wor")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--binary", type=lambda path: str(Path(path).resolve()))
+    parser.add_argument("--desktop", choices=WINDOW_MANAGERS, default="openbox")
+    parser.add_argument("--list", action="store_true", help="print the names of the tests and end")
+    parser.add_argument("names", nargs="*", help="class or Class.test; all by default")
+    parser.parse_args(namespace=options)
+    cases = [TestDaily]
+    if options.desktop == "openbox":
+        cases += [TestAnyDesktop, TestLostDisplay]
+    loader = unittest.defaultTestLoader
+    if options.list:
+        print(*(f"{case.__name__}.{name}" for case in cases for name in loader.getTestCaseNames(case)), sep="\n")
+        return 0
+    if not options.binary:
+        parser.error("--binary is missing")
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that the desktop ends too
+    names = options.names or [case.__name__ for case in cases]
+    suite = loader.loadTestsFromNames(names, sys.modules[__name__])
+    result = unittest.TextTestRunner(verbosity=2).run(suite)
+    if not result.wasSuccessful():
+        return 1
+    for test, reason in result.skipped:
+        print(f"skipped: {test}: {reason}")
+    return 77 if result.skipped else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -17,14 +17,15 @@ constexpr QChar paragraphSeparator = QChar::ParagraphSeparator;
 // The two noncharacters that a document keeps for itself, and what stands for them.
 constexpr char16_t frameBegin = 0xFDD0;
 constexpr char16_t frameEnd = 0xFDD1;
-constexpr char16_t standInOffset = 0xDFD0 - frameBegin;
+constexpr char16_t standInBegin = 0xDFD0;
+constexpr char16_t standInEnd = 0xDFD1;
 
 bool isFrameMark(QChar c) { return c == frameBegin || c == frameEnd; }
-bool isStandIn(QChar c) { return isFrameMark(QChar(c.unicode() - standInOffset)); }
+bool isStandIn(QChar c) { return c == standInBegin || c == standInEnd; }
 
 void putStandInsIn(QString& text) {
   for (QChar& c : text) {
-    if (isFrameMark(c)) c = QChar(c.unicode() + standInOffset);
+    if (isFrameMark(c)) c = c == frameBegin ? standInBegin : standInEnd;
   }
 }
 
@@ -32,7 +33,7 @@ void takeStandInsOut(QString& text) {
   bool afterHigh = false;
   for (qsizetype i = 0; i < text.size(); ++i) {
     const QChar c = std::as_const(text)[i];
-    if (!afterHigh && isStandIn(c)) text[i] = QChar(c.unicode() - standInOffset);
+    if (!afterHigh && isStandIn(c)) text[i] = c == standInBegin ? frameBegin : frameEnd;
     afterHigh = c.isHighSurrogate();
   }
 }

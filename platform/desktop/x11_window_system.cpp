@@ -159,10 +159,16 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     if (xcb_key_symbols_get_keysym(keySymbols_, press.detail, 0) != escapeKeysym) return false;
     QWidget* const window = QWidget::find(press.event);
     if (window == nullptr || !window->isWindow() || QApplication::activePopupWidget() != nullptr) return false;
-    QWidget* const focus = window->focusWidget() != nullptr ? window->focusWidget() : window;
+    // Later, for the toolkit still holds the keys that were pressed before.
+    QMetaObject::invokeMethod(
+        window, [window] { sendEscape(*window); }, Qt::QueuedConnection);
+    return true;
+  }
+
+  static void sendEscape(QWidget& window) {
+    QWidget* const focus = window.focusWidget() != nullptr ? window.focusWidget() : &window;
     QKeyEvent key(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QCoreApplication::sendEvent(focus, &key);
-    return true;
   }
 
   xcb_connection_t* connection_;

@@ -69,7 +69,7 @@ class Desktop:
         self.environment |= extra
 
         self.server, number = self._spawn_announcing(
-            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {SCREEN[0]}x{SCREEN[1]}x24 -nolisten tcp")
+            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {SCREEN[0]}x{SCREEN[1]}x24 -nolisten tcp -noreset")
         self.environment["DISPLAY"] = f":{number}"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._spawn_announcing(
             lambda fd: f"dbus-daemon --session --nofork --print-address={fd}")[1]

@@ -11,6 +11,7 @@
 #include "platform/button.h"
 #include "platform/date.h"
 #include "platform/frame_autosave.h"
+#include "platform/process_info.h"
 #include "platform/text_view.h"
 #include "platform/url.h"
 #include "platform/user_defaults.h"
@@ -50,6 +51,13 @@ const std::map<URL, std::string>& files();
 // --- Settings
 
 void putSetting(std::string_view key, DefaultsValue value);
+
+// --- The system
+
+/// What the program logged, a message each.
+const std::vector<std::string>& log();
+/// 13.0 unless told otherwise.
+void setSystemVersion(NSOperatingSystemVersion);
 
 // --- Windows and the user
 

@@ -39,6 +39,8 @@ struct World {
   std::set<URL> folders;
   std::map<URL, int> writes;
   std::map<std::string, DefaultsValue, std::less<>> settings;
+  std::vector<std::string> log;
+  NSOperatingSystemVersion systemVersion{13, 0, 0};
   std::vector<Screen> screens{{{{0, 0}, {1280, 800}}, {{0, 0}, {1280, 800}}}};
   bool active = false;
   std::weak_ptr<NSApplicationDelegate> delegate;

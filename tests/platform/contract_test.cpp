@@ -6,6 +6,7 @@
 #include "platform/button.h"
 #include "platform/file_manager.h"
 #include "platform/notification_center.h"
+#include "platform/process_info.h"
 #include "platform/scroll_view.h"
 #include "platform/string.h"
 #include "platform/timer.h"
@@ -121,6 +122,14 @@ TEST_F(Contract, SettingsKeepTheirTypes) {
   EXPECT_EQ(defaults.objectForKey("flag"), DefaultsValue(false));
   defaults.setBool(true, "flag");
   EXPECT_EQ(defaults.objectForKey("flag"), DefaultsValue(true));
+}
+
+// --- The system
+
+TEST_F(Contract, TheSystemHasLoginItems) {
+  EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({13, 0, 0}));
+  EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({12, 6, 1}));
+  EXPECT_FALSE(NSProcessInfo::isOperatingSystemAtLeastVersion({100, 0, 0}));
 }
 
 // --- Text view

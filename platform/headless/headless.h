@@ -11,6 +11,7 @@
 #include "platform/button.h"
 #include "platform/date.h"
 #include "platform/frame_autosave.h"
+#include "platform/login_item.h"
 #include "platform/process_info.h"
 #include "platform/text_view.h"
 #include "platform/url.h"
@@ -58,6 +59,15 @@ void putSetting(std::string_view key, DefaultsValue value);
 const std::vector<std::string>& log();
 /// 13.0 unless told otherwise.
 void setSystemVersion(NSOperatingSystemVersion);
+
+struct LoginItem {
+  SMAppServiceStatus status = SMAppServiceStatusNotRegistered;
+  SMAppServiceStatus statusAfterRegistration = SMAppServiceStatusEnabled;
+  std::optional<std::string> failure;  ///< what both calls answer; the status stays
+  int registrations = 0;               ///< calls, failed ones too
+  int unregistrations = 0;
+};
+LoginItem& loginItem();
 
 // --- Windows and the user
 

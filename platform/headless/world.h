@@ -41,6 +41,7 @@ struct World {
   std::map<std::string, DefaultsValue, std::less<>> settings;
   std::vector<std::string> log;
   NSOperatingSystemVersion systemVersion{13, 0, 0};
+  LoginItem loginItem;
   std::vector<Screen> screens{{{{0, 0}, {1280, 800}}, {{0, 0}, {1280, 800}}}};
   bool active = false;
   std::weak_ptr<NSApplicationDelegate> delegate;

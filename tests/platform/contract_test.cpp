@@ -5,6 +5,7 @@
 #include "platform/application.h"
 #include "platform/button.h"
 #include "platform/file_manager.h"
+#include "platform/login_item.h"
 #include "platform/notification_center.h"
 #include "platform/process_info.h"
 #include "platform/scroll_view.h"
@@ -125,6 +126,22 @@ TEST_F(Contract, SettingsKeepTheirTypes) {
 }
 
 // --- The system
+
+TEST_F(Contract, TheLoginItemGoesOnAndOffAndTwiceIsHarmless) {
+  SMAppService& service = SMAppService::mainAppService();
+  EXPECT_EQ(service.status(), SMAppServiceStatusNotRegistered);
+  EXPECT_FALSE(service.unregisterAndReturnError()) << "off already";
+  for (int round = 0; round < 2; ++round) {
+    for (int times = 0; times < 2; ++times) {
+      EXPECT_FALSE(service.registerAndReturnError());
+      EXPECT_EQ(service.status(), SMAppServiceStatusEnabled);
+    }
+    for (int times = 0; times < 2; ++times) {
+      EXPECT_FALSE(service.unregisterAndReturnError());
+      EXPECT_EQ(service.status(), SMAppServiceStatusNotRegistered);
+    }
+  }
+}
 
 TEST_F(Contract, TheSystemHasLoginItems) {
   EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({13, 0, 0}));

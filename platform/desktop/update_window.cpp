@@ -1,0 +1,152 @@
+#include "platform/desktop/update_window.h"
+
+#include <QAccessible>
+#include <QDesktopServices>
+#include <QHideEvent>
+#include <QTextDocumentFragment>
+#include <utility>
+
+#include "platform/application_metadata.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/strings.h"
+
+namespace platform::desktop {
+namespace {
+
+constexpr int textWidth = 60;     // average characters
+constexpr int notesHeight = 10;   // lines
+constexpr int longestName = 40;   // characters: a version
+constexpr int longestLine = 200;  // a title, a reason
+constexpr int longestNotes = 4000;
+constexpr int longestMarkup = 32'000;                // HTML that is turned into notes
+constexpr Placement placement{.aboveOthers = true};  // for a pinned note is above others, too
+
+QString cutTo(int length, const QString& text) {
+  return text.size() <= length ? text : text.left(length - 1) + QChar(u'…');
+}
+
+QString line(int length, const QString& text) { return cutTo(length, text.left(2 * length).simplified()); }
+
+/// What the feed says is new, without its markup and its pictures.
+QString plainNotes(const QString& notes) {
+  const QString text = notes.left(longestMarkup);
+  QString plain = Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+  plain.remove(QChar::ObjectReplacementCharacter);
+  return cutTo(longestNotes, plain.trimmed());
+}
+
+QString programName() { return toQString(metadata::name); }
+
+void setUpLabel(QLabel& label) {
+  label.setTextFormat(Qt::PlainText);
+  label.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  label.setWordWrap(true);
+  label.setFixedWidth(label.fontMetrics().averageCharWidth() * textWidth);
+}
+
+}  // namespace
+
+UpdateWindow::UpdateWindow(UpdateSource source) : source_(std::move(source)) {
+  setWindowTitle(programName());
+  QFont bold = message_.font();
+  bold.setBold(true);
+  setUpLabel(message_);
+  setUpLabel(details_);
+  message_.setFont(bold);
+  notes_.setReadOnly(true);
+  notes_.setTabChangesFocus(true);
+  notes_.setAccessibleName(QStringLiteral("What is new"));
+  notes_.setFixedHeight(notes_.fontMetrics().lineSpacing() * notesHeight);
+  openPage_.setText(QStringLiteral("Open Page"));
+  QObject::connect(&openPage_, &QPushButton::clicked, this, [this] { openPage(); });
+  QObject::connect(&close_, &QPushButton::clicked, this, &QDialog::reject);
+
+  buttons_.addStretch();
+  buttons_.addWidget(&close_);
+  buttons_.addWidget(&openPage_);
+  for (QWidget* const row : std::initializer_list<QWidget*>{&message_, &details_, &notes_}) column_.addWidget(row);
+  column_.addLayout(&buttons_);
+  column_.setSizeConstraint(QLayout::SetFixedSize);  // as large as what it says
+  setLayout(&column_);
+}
+
+void UpdateWindow::check() {
+  if (!request_) ask();
+  if (!isVisible()) {
+    windowSystem().prepareToShow(*this, placement);
+    show();
+    windowSystem().place(*this, placement);
+  }
+  windowSystem().activate(*this);
+}
+
+void UpdateWindow::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  if (!event->spontaneous()) request_.reset();
+}
+
+void UpdateWindow::ask() {
+  if (source_.feed.isEmpty()) {
+    return tell(QStringLiteral("Updates of %1 come with your system's packages.").arg(programName()));
+  }
+  const FeedModule module = loadFeedModule(source_.moduleFolders);
+  if (module.makeRequest == nullptr) return tellFailure(module.failure);
+  module.makeRequest(request_, QUrl(source_.feed), source_.patience, [this](const FeedAnswer& answer) {
+    request_.reset();
+    understand(answer);
+  });
+  tellChecking();
+}
+
+void UpdateWindow::understand(const FeedAnswer& answer) {
+  if (!answer.failure.isEmpty()) return tellFailure(answer.failure);
+  const std::optional<Appcast> appcast = readAppcast(answer.bytes);
+  if (!appcast) return tellFailure(QStringLiteral("What the server sent is not an appcast."));
+  tellNewest(*appcast);
+}
+
+void UpdateWindow::tellChecking() {
+  tell(QStringLiteral("Checking for updates…"));
+  close_.setText(QStringLiteral("Cancel"));
+}
+
+void UpdateWindow::tellNewest(const Appcast& appcast) {
+  if (appcast.newest && compareVersions(appcast.newest->version, source_.version) > 0) {
+    return tellNewer(*appcast.newest);
+  }
+  tell(QStringLiteral("%1 %2 is up to date.").arg(programName(), source_.version));
+}
+
+void UpdateWindow::tellNewer(const Release& release) {
+  tell(QStringLiteral("%1 %2 is available. You have %3.")
+           .arg(programName(), line(longestName, release.shownVersion), source_.version),
+       line(longestLine, release.title), plainNotes(release.notes), release.page);
+}
+
+void UpdateWindow::tellFailure(const QString& reason) {
+  tell(QStringLiteral("Could not check for updates."), line(longestLine, reason));
+}
+
+void UpdateWindow::tell(const QString& message, const QString& details, const QString& notes, const QUrl& page) {
+  message_.setText(message);
+  details_.setText(details);
+  details_.setVisible(!details.isEmpty());
+  notes_.setPlainText(notes);
+  notes_.setVisible(!notes.isEmpty());
+  page_ = page;
+  openPage_.setVisible(!page.isEmpty());
+  close_.setText(QStringLiteral("Close"));
+  QPushButton& first = page.isEmpty() ? close_ : openPage_;
+  first.setDefault(true);
+  first.setFocus();
+  QAccessibleEvent spoken(&message_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&spoken);
+}
+
+void UpdateWindow::openPage() {
+  if (QDesktopServices::openUrl(page_)) return;
+  details_.setText(QStringLiteral("There is no program that opens %1").arg(cutTo(longestLine, page_.toString())));
+  details_.show();
+}
+
+}  // namespace platform::desktop

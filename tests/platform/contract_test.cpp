@@ -11,6 +11,7 @@
 #include "platform/scroll_view.h"
 #include "platform/string.h"
 #include "platform/timer.h"
+#include "platform/updater.h"
 #include "tests/platform/harness.h"
 
 namespace platform {
@@ -336,6 +337,12 @@ TEST_F(FrameContract, AKeptFrameThatIsNoneIsIgnored) {
 
 TEST_F(Contract, ThereIsOneApplication) {
   EXPECT_EQ(NSApplication::sharedApplication(), NSApplication::sharedApplication());
+}
+
+TEST_F(Contract, AnUpdaterKnowsOneAction) {
+  const auto updater = std::make_shared<SPUStandardUpdaterController>(true, nullptr, nullptr);
+  EXPECT_FALSE(updater->perform({"check"}, nullptr));
+  EXPECT_TRUE(updater->perform({"checkForUpdates"}, nullptr));
 }
 
 }  // namespace

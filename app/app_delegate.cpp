@@ -22,20 +22,21 @@ bool settingOnByDefault(std::string_view key) {
 }  // namespace
 
 AppDelegate::AppDelegate()
-    : pinned(settingOnByDefault("pinned")),
+    : updaterController(std::make_shared<platform::SPUStandardUpdaterController>(true, nullptr, nullptr)),
+      pinned(settingOnByDefault("pinned")),
       showOnWake(settingOnByDefault("showOnWake")),
       noteURL(supportDir() / "note.txt") {}
 
 void AppDelegate::applicationDidFinishLaunching() {
   shared = self();
-  // To come: the main menu.
+  buildMainMenu();
   buildNoteWindow();
-  // To come: the status item and its menu.
-  // To come: the global hot keys.
-  // To come: the wake and unlock observers.
+  buildStatusItem();
+  registerHotKeys();
+  observeWake();
   loadNote();
   applyPin();
-  // To come: the first-launch registration as a login item.
+  registerAtFirstLaunch();
   showWindow();
   // To come: the first-run welcome.
 }
@@ -51,6 +52,9 @@ bool AppDelegate::perform(Selector action, NSObject* /*sender*/) {
       Action{{"textChanged"}, &AppDelegate::textChanged},
       Action{{"toggleWindow"}, &AppDelegate::toggleWindow},
       Action{{"togglePin"}, &AppDelegate::togglePin},
+      Action{{"toggleShowOnWake"}, &AppDelegate::toggleShowOnWake},
+      Action{{"toggleLaunchAtLogin"}, &AppDelegate::toggleLaunchAtLogin},
+      Action{{"screenWoke"}, &AppDelegate::screenWoke},
   };
   for (const Action& candidate : actions) {
     if (candidate.selector != action) continue;

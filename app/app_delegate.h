@@ -7,17 +7,17 @@
 #include "note/note_text_view.h"
 #include "platform/application.h"
 #include "platform/date.h"
+#include "platform/hot_key.h"
 #include "platform/menu.h"
 #include "platform/object.h"
+#include "platform/status_bar.h"
 #include "platform/timer.h"
+#include "platform/updater.h"
 #include "platform/url.h"
 #include "platform/window.h"
 
 namespace platform {
 class NSPopover;
-class NSStatusItem;
-class SPUStandardUpdaterController;
-using EventHotKeyRef = struct OpaqueEventHotKeyRef*;
 }  // namespace platform
 
 namespace quillberry {
@@ -29,7 +29,7 @@ class AppDelegate final : public platform::NSObject,
                           public platform::NSApplicationDelegate,
                           public platform::NSWindowDelegate {
  public:
-  /// Reads the settings and makes the support folder; nothing is visible before launch.
+  /// Starts the updater, reads the settings and makes the support folder; nothing is visible before launch.
   AppDelegate();
 
   /// The way in for code that is handed no reference; empty until launch sets it.
@@ -56,6 +56,8 @@ class AppDelegate final : public platform::NSObject,
   /// The program's folder in the user's data. The first call makes it; whether that succeeds is not asked.
   static const platform::URL& supportDir();
 
+  void buildMainMenu();
+  void buildStatusItem();
   void buildNoteWindow();
   void applyPin();
 
@@ -63,6 +65,21 @@ class AppDelegate final : public platform::NSObject,
   void textChanged();
   void saveNow();
   bool keepUnreadableNote();
+
+  void registerHotKeys();
+  static platform::OSStatus hotKeyPressed(platform::EventHandlerCallRef nextHandler, platform::EventRef event,
+                                          void* userData);
+
+  void observeWake();
+  /// A wake or an unlock: the note comes forward a moment later, once for a single return to the machine.
+  void screenWoke();
+  void toggleShowOnWake();
+
+  static bool loginItemsExist();
+  void registerAtFirstLaunch();
+  void toggleLaunchAtLogin();
+  /// The check mark tells what the login-item service says now.
+  void showLoginItemStatus();
 
   std::shared_ptr<AppDelegate> self();
 

@@ -13,20 +13,25 @@ class NSButton : public NSView {
  public:
   /// A click performs `action` on `target` with the button as sender. A target that is gone does nothing.
   /// A button that has no action is disabled.
-  static std::shared_ptr<NSButton> buttonWithImage(const NSImage& image, const std::weak_ptr<NSObject>& target,
-                                                   Selector action);
+  static std::shared_ptr<NSButton> buttonWithImage(const std::optional<NSImage>& image,
+                                                   const std::weak_ptr<NSObject>& target, Selector action);
 
+  /// Replaces the image, and with it the accessible name; none empties the button.
+  void setImage(const std::optional<NSImage>& image);
   void setBordered(bool bordered);
   /// The colour in which the image is drawn.
   void setContentTintColor(NSColor);
   /// Makes the button as large as its image.
-  void sizeToFit() { setFrameSize(image_.size()); }
+  void sizeToFit();
+
+  const std::optional<NSImage>& image() const { return image_; }
 
  private:
-  NSButton(NSImage image, std::weak_ptr<NSObject> target, Selector action, std::shared_ptr<Native> native);
+  NSButton(std::optional<NSImage> image, std::weak_ptr<NSObject> target, Selector action,
+           std::shared_ptr<Native> native);
   void click();
 
-  NSImage image_;
+  std::optional<NSImage> image_;
   std::weak_ptr<NSObject> target_;
   Selector action_;
 };

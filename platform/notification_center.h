@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -16,19 +17,20 @@ class NSNotificationCenter {
  public:
   static NSNotificationCenter& defaultCenter();
 
-  /// Performs `action` on `observer` each time `object` posts `name`, with no sender. Both are held weakly.
+  /// Performs `action` on `observer` each time `object` posts `name`, with no sender; without an object, each time
+  /// anybody posts it. Both are held weakly.
   void addObserver(const std::weak_ptr<NSObject>& observer, Selector action, std::string_view name,
-                   const std::weak_ptr<NSObject>& object);
+                   const std::optional<std::weak_ptr<NSObject>>& object);
 
-  /// Tells the observers of `name` from `object`, in the order in which they were added.
-  void postNotificationName(std::string_view name, const NSObject& object);
+  /// Tells the observers of `name` from `object`, which may be null, in the order in which they were added.
+  void postNotificationName(std::string_view name, const NSObject* object);
 
  private:
   struct Entry {
     std::weak_ptr<NSObject> observer;
     Selector action;
     std::string_view name;
-    std::weak_ptr<NSObject> object;
+    std::optional<std::weak_ptr<NSObject>> object;
   };
   std::vector<Entry> entries_;
 };

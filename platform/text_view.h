@@ -78,6 +78,9 @@ class NSTextView : public NSView {
   /// to the editor.
   virtual void keyDown(NSEvent& event);
 
+  /// Knows "undo", "redo", "cut", "copy", "paste" and "selectAll".
+  bool perform(Selector action, NSObject* sender) override;
+
  private:
   struct Impl;
   std::shared_ptr<Impl> impl_;

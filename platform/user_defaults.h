@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,8 +23,12 @@ class NSUserDefaults {
  public:
   static NSUserDefaults& standardUserDefaults();
 
-  /// The stored value, or none when the key is absent.
+  /// The stored value, else the registered one, else none.
   std::optional<DefaultsValue> objectForKey(std::string_view key) const;
+  /// `objectForKey` if it is a Boolean, else false.
+  bool boolForKey(std::string_view key) const;
+  /// Values for keys that hold no stored one, in this run. Nothing is stored.
+  void registerDefaults(const std::map<std::string, DefaultsValue, std::less<>>& values);
 
   /// Stores the value at once. A failure to persist it is not reported; it holds for this run all the same.
   void setBool(bool value, std::string_view key);
@@ -33,6 +38,9 @@ class NSUserDefaults {
   std::optional<std::string> stringForKey(std::string_view key) const;
   void setString(std::string_view value, std::string_view key);
 
+  std::optional<DefaultsValue> storedObjectForKey(std::string_view key) const;
+
+  std::map<std::string, DefaultsValue, std::less<>> registered_;
   NSUserDefaults();
   ~NSUserDefaults();
   struct Impl;

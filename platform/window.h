@@ -68,6 +68,8 @@ class NSWindow : public NSObject {
   void orderOut(NSObject* sender);
   /// Gives a view of this window the keyboard whenever the window has it.
   void makeFirstResponder(NSView&);
+  /// None at first.
+  std::shared_ptr<NSView> firstResponder() const;
   /// Whether the window is on the screen, covered or not.
   bool isVisible() const;
   /// Whether the window has the keyboard.

@@ -90,7 +90,7 @@ Item readItem(QXmlStreamReader& xml) {
 
 QUrl firstPage(std::initializer_list<QString> addresses) {
   for (const QString& address : addresses) {
-    const QUrl url(address, QUrl::StrictMode);
+    QUrl url(address, QUrl::StrictMode);
     const bool isPage = url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
     if (isPage && !url.host().isEmpty()) return url;
   }

@@ -1,12 +1,14 @@
 #include "platform/application.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QScreen>
 #include <QSessionManager>
 #include <QTimer>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 #include "platform/application_metadata.h"
 #include "platform/desktop/application_service.h"
@@ -14,6 +16,8 @@
 #include "platform/desktop/single_instance.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/termination_signals.h"
+#include "platform/desktop/toolkit_menu.h"
+#include "platform/desktop/wake_signals.h"
 
 namespace platform {
 
@@ -65,8 +69,22 @@ std::unique_ptr<ToolkitApplication> makeToolkitApplication() {
 /// What the functions of desktop.h reach, while the application object lives.
 struct Shared {
   WindowSystem* windowSystem = nullptr;
+  desktop::RequestQueue* requests = nullptr;
+  desktop::GlobalKeys* globalKeys = nullptr;
   bool owesFocus = false;
+  bool firstFrameDrawn = false;
+  std::vector<std::pair<QPointer<QObject>, std::function<void()>>> afterFirstFrame;
+  QList<QAction*> mainMenuCommands;
 } shared;
+
+/// The windows that the user sees of the program. Its icon in an X11 tray is one only for the toolkit.
+QWidgetList visibleWindows() {
+  QWidgetList windows = QApplication::topLevelWidgets();
+  windows.removeIf([](const QWidget* window) {
+    return !window->isVisible() || (window->windowFlags() & Qt::BypassWindowManagerHint) != 0;
+  });
+  return windows;
+}
 
 }  // namespace
 
@@ -75,7 +93,11 @@ struct NSApplication::Impl {
   desktop::TerminationSignals signals;
   std::unique_ptr<ToolkitApplication> toolkit = makeToolkitApplication();
   std::unique_ptr<WindowSystem> windowSystem = WindowSystem::forThisDisplay();
+  desktop::RequestQueue requests{*windowSystem};
+  std::unique_ptr<desktop::GlobalKeys> globalKeys = desktop::GlobalKeys::forThisDisplay();
+  std::optional<desktop::ToolkitMenu> mainMenu;
   std::unique_ptr<desktop::ApplicationService> service;
+  std::unique_ptr<desktop::WakeSignals> wakeSignals;
   std::weak_ptr<NSApplicationDelegate> delegate;
   bool terminated = false;
 
@@ -85,6 +107,8 @@ struct NSApplication::Impl {
   Impl() {
     current = this;
     shared.windowSystem = windowSystem.get();
+    shared.requests = &requests;
+    shared.globalKeys = globalKeys.get();
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName(desktop::toQString(metadata::name));
     QApplication::setDesktopFileName(desktop::toQString(metadata::identifier));
@@ -95,7 +119,10 @@ struct NSApplication::Impl {
   }
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
-  ~Impl() { current = nullptr; }
+  ~Impl() {
+    current = nullptr;
+    shared = {};
+  }
 
   void tellOfTermination() {
     if (const auto told = delegate.lock()) told->applicationWillTerminate();
@@ -118,11 +145,18 @@ struct NSApplication::Impl {
     QObject::connect(toolkit.get(), &QGuiApplication::saveStateRequest, toolkit.get(), save, Qt::DirectConnection);
   }
 
+  /// What needs a bus: nobody needs it to see the note.
+  void firstFrameDrawn(NSApplication& app) {
+    service = std::make_unique<desktop::ApplicationService>([this, &app] { reopen(app); });
+    wakeSignals = std::make_unique<desktop::WakeSignals>();
+    shared.firstFrameDrawn = true;
+    for (const auto& [context, work] : std::exchange(shared.afterFirstFrame, {})) {
+      if (!context.isNull()) work();
+    }
+  }
+
   void reopen(NSApplication& app) {
-    const auto windows = QApplication::topLevelWidgets();
-    const bool visible =
-        std::any_of(windows.begin(), windows.end(), [](QWidget* window) { return window->isVisible(); });
-    if (const auto told = delegate.lock()) told->applicationShouldHandleReopen(app, visible);
+    if (const auto told = delegate.lock()) told->applicationShouldHandleReopen(app, !visibleWindows().isEmpty());
   }
 };
 
@@ -150,31 +184,49 @@ void NSApplication::run() {
   });
   QTimer::singleShot(0, [this] {
     if (const auto told = impl_->delegate.lock()) told->applicationDidFinishLaunching();
-    // After the first frame: nobody needs the bus to see the note.
-    QTimer::singleShot(0, [this] {
-      impl_->service = std::make_unique<desktop::ApplicationService>([this] { impl_->reopen(*this); });
-    });
+    QTimer::singleShot(0, [this] { impl_->firstFrameDrawn(*this); });
   });
   QApplication::exec();
   impl_->service.reset();
 }
 
+void NSApplication::setMainMenu(const std::shared_ptr<NSMenu>& menu) {
+  impl_->mainMenu.emplace(menu);
+  shared.mainMenuCommands.clear();
+  for (QAction* const command : impl_->mainMenu->commands()) shared.mainMenuCommands.append(command);
+}
+
+void NSApplication::terminate(NSObject* /*sender*/) { impl_->terminate(); }
+
+std::shared_ptr<NSWindow> NSApplication::keyWindow() const { return desktop::keyWindow(); }
+std::shared_ptr<NSApplicationDelegate> NSApplication::delegate() const { return impl_->delegate.lock(); }
+
 void NSApplication::activateIgnoringOtherApps(bool /*ignoringOthers*/) {
-  for (QWidget* const window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->windowType() == Qt::Window) impl_->windowSystem->activate(*window);
+  for (QWidget* const window : visibleWindows()) {
+    if (window->windowType() == Qt::Window) impl_->windowSystem->activate(*window);
   }
 }
 
 void NSApplication::hide(NSObject* /*sender*/) {
-  for (QWidget* const window : QApplication::topLevelWidgets()) {
-    if (window->isVisible()) window->hide();
-  }
+  for (QWidget* const window : visibleWindows()) window->hide();
   if (std::exchange(shared.owesFocus, false)) impl_->windowSystem->activatePreviousProgram();
 }
 
 namespace desktop {
 
 WindowSystem& windowSystem() { return *shared.windowSystem; }
+RequestQueue& requests() { return *shared.requests; }
+GlobalKeys& globalKeys() { return *shared.globalKeys; }
+QList<QAction*> mainMenuCommands() { return shared.mainMenuCommands; }
+
+void afterFirstFrame(QObject& context, std::function<void()> work) {
+  if (shared.firstFrameDrawn) {
+    QTimer::singleShot(0, &context, std::move(work));
+  } else {
+    shared.afterFirstFrame.emplace_back(&context, std::move(work));
+  }
+}
+
 void oweFocusToPreviousProgram() { shared.owesFocus = true; }
 
 NSRect fromToolkit(const QRect& rect) {

@@ -2,12 +2,32 @@
 
 #include <QDBusConnection>
 #include <QFileInfo>
+#include <algorithm>
 #include <cstdlib>
 
 #include "platform/application_metadata.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/strings.h"
 
 namespace platform::desktop {
+
+namespace {
+
+std::weak_ptr<NSMenu> offeredMenu;
+
+/// The command with that selector; null if none is offered.
+std::shared_ptr<NSMenuItem> offeredCommand(std::string_view selector) {
+  const auto menu = offeredMenu.lock();
+  if (!menu || selector.empty()) return nullptr;
+  const auto& items = menu->items();
+  const auto found =
+      std::find_if(items.begin(), items.end(), [&](const auto& item) { return item->action().name == selector; });
+  return found == items.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+void offerToOtherPrograms(const std::shared_ptr<NSMenu>& menu) { offeredMenu = menu; }
 
 QString serviceName() { return toQString(metadata::identifier); }
 QString servicePath() { return u'/' + serviceName().replace(u'.', u'/'); }
@@ -28,5 +48,21 @@ ApplicationService::ApplicationService(std::function<void()> activate) : activat
 }
 
 void ApplicationService::Activate(const QVariantMap& /*platformData*/) { activate_(); }
+
+void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& /*platformData*/) {
+  sendErrorReply(QDBusError::NotSupported, QStringLiteral("Quillberry has one note and opens no files."));
+}
+
+void ApplicationService::ActivateAction(const QString& name, const QVariantList& parameter,
+                                        const QVariantMap& /*platformData*/) {
+  const auto command = offeredCommand(name.toStdString());
+  if (!command) {
+    sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no action \"%1\".").arg(name));
+  } else if (!parameter.isEmpty()) {
+    sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("The action %1 takes no parameter.").arg(name));
+  } else {
+    requests().add([command] { command->performAction(); });
+  }
+}
 
 }  // namespace platform::desktop

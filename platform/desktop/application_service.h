@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QDBusContext>
 #include <QObject>
 #include <QVariantMap>
 #include <functional>
+#include <memory>
+
+#include "platform/menu.h"
 
 namespace platform::desktop {
 
@@ -14,16 +18,26 @@ QString serviceInterface();
 /// Whether there is a session bus to connect to, without starting one.
 bool sessionBusExists();
 
+/// The commands of this menu are the program's actions on the session bus, by the names of their selectors.
+void offerToOtherPrograms(const std::shared_ptr<NSMenu>& menu);
+
 /// The program on the session bus, from construction on. Without a bus it is silent.
-class ApplicationService : public QObject {
+class ApplicationService : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
  public:
   explicit ApplicationService(std::function<void()> activate);
 
-  /// Comes forward. `platformData` has nothing that is needed under X11.
+  // `platformData` has nothing that is needed under X11.
+
+  /// Comes forward.
   Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
+  /// Is an error: there is one note, and no files are opened.
+  Q_INVOKABLE Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
+  /// Performs the command of the offered menu whose selector is `name`. None of them takes a parameter.
+  Q_INVOKABLE Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& parameter,
+                                               const QVariantMap& platformData);
 
  private:
   std::function<void()> activate_;

@@ -3,22 +3,32 @@
 #include "platform/desktop/native_view.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/symbol_button.h"
+#include "platform/desktop/symbols.h"
 
 namespace platform {
 
 using desktop::SymbolButton;
 
-NSButton::NSButton(NSImage image, std::weak_ptr<NSObject> target, Selector action, std::shared_ptr<Native> native)
+NSButton::NSButton(std::optional<NSImage> image, std::weak_ptr<NSObject> target, Selector action,
+                   std::shared_ptr<Native> native)
     : NSView({}, std::move(native)), image_(std::move(image)), target_(std::move(target)), action_(action) {}
 
-std::shared_ptr<NSButton> NSButton::buttonWithImage(const NSImage& image, const std::weak_ptr<NSObject>& target,
-                                                    Selector action) {
-  auto widget = std::make_unique<SymbolButton>(image.symbolName, desktop::toQString(image.accessibilityDescription));
+std::shared_ptr<NSButton> NSButton::buttonWithImage(const std::optional<NSImage>& image,
+                                                    const std::weak_ptr<NSObject>& target, Selector action) {
+  auto widget = std::make_unique<SymbolButton>();
   SymbolButton* const symbol = widget.get();
   std::shared_ptr<NSButton> button(new NSButton(image, target, action, std::make_shared<Native>(std::move(widget))));
+  button->setImage(image);
   symbol->setEnabled(bool(action));
   QObject::connect(symbol, &QAbstractButton::clicked, [pressed = button.get()] { pressed->click(); });
   return button;
+}
+
+void NSButton::setImage(const std::optional<NSImage>& image) {
+  image_ = image;
+  const NSImage shown = image.value_or(NSImage());
+  static_cast<SymbolButton&>(*native().widget)
+      .setSymbol(shown.symbolName, desktop::toQString(shown.accessibilityDescription));
 }
 
 void NSButton::setBordered(bool /*bordered*/) {
@@ -26,6 +36,14 @@ void NSButton::setBordered(bool /*bordered*/) {
 }
 
 void NSButton::setContentTintColor(NSColor color) { static_cast<SymbolButton&>(*native().widget).setTint(color); }
+
+void NSButton::sizeToFit() { setFrameSize(image_.value_or(NSImage()).size()); }
+
+std::optional<NSImage> NSImage::imageWithSystemSymbolName(std::string_view name,
+                                                          std::string_view accessibilityDescription) {
+  if (!desktop::symbolExists(name)) return std::nullopt;
+  return NSImage{std::string(name), std::string(accessibilityDescription)};
+}
 
 void NSButton::click() {
   if (const auto target = target_.lock()) target->perform(action_, this);

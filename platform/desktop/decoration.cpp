@@ -1,5 +1,6 @@
 #include "platform/desktop/decoration.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -43,7 +44,8 @@ void DragHandle::mouseMoveEvent(QMouseEvent* event) {
   startDrag(*window()->windowHandle());
 }
 
-TitleBar::TitleBar() : closeButton_("xmark.circle", QStringLiteral("Close")) {
+TitleBar::TitleBar() {
+  closeButton_.setSymbol("xmark.circle", QStringLiteral("Close"));
   setCursor(Qt::ArrowCursor);
   closeButton_.setParent(this);
   closeButton_.resize(closeButton_.sizeHint());
@@ -56,11 +58,37 @@ void TitleBar::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), palette().base());
   painter.setFont(systemFont(titleSize, QFont::DemiBold));
   painter.setPen(secondaryTextColor(palette()));
-  const int sides = 2 * closeButtonMargin + closeButton_.width();
+  const int buttonRoom = closeButtonMargin + closeButton_.width();
+  const int sides = (itemButton_ != nullptr ? 2 * buttonRoom : buttonRoom) + closeButtonMargin;
   const QRect room = rect().adjusted(sides, 0, -sides, 0);
   const QString title = painter.fontMetrics().elidedText(window()->windowTitle(), Qt::ElideRight, room.width());
   painter.drawText(room, Qt::AlignCenter, title);
 }
+
+void TitleBar::setItemButton(QWidget* button) {
+  if (itemButton_ == button) return;
+  if (itemButton_ != nullptr) {
+    if (itemButton_->hasFocus()) window()->setFocus();
+    itemButton_->hide();
+    itemButton_->setParent(nullptr);
+  }
+  itemButton_ = button;
+  if (itemButton_ != nullptr) {
+    itemButton_->setParent(this);
+    itemButton_->resize(itemButton_->sizeHint());
+    placeItemButton();
+    itemButton_->show();
+  }
+  update();
+}
+
+void TitleBar::placeItemButton() {
+  if (itemButton_ == nullptr) return;
+  const int fromRight = 2 * (closeButtonMargin + itemButton_->width());
+  itemButton_->move(width() - fromRight, closeButton_.y());
+}
+
+void TitleBar::resizeEvent(QResizeEvent* /*event*/) { placeItemButton(); }
 
 void TitleBar::startDrag(QWindow& window) { window.startSystemMove(); }
 
@@ -121,6 +149,13 @@ NoteFrame::~NoteFrame() {
   if (content_ != nullptr) content_->setParent(nullptr);
 }
 
+NoteFrame* NoteFrame::first() {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (auto* const frame = dynamic_cast<NoteFrame*>(window)) return frame;
+  }
+  return nullptr;
+}
+
 void NoteFrame::setContent(QWidget& content) {
   content_ = &content;
   content.setParent(this);
@@ -170,7 +205,12 @@ void NoteFrame::moveEvent(QMoveEvent* /*event*/) {
 }
 
 void NoteFrame::keyPressEvent(QKeyEvent* event) {
-  if (onUnusedKey) onUnusedKey(*event);
+  if (event->key() == Qt::Key_F6) {
+    // The way into the title bar, for the tab key belongs to the text.
+    focusNextPrevChild((event->modifiers() & Qt::ShiftModifier) == 0);
+  } else if (onUnusedKey) {
+    onUnusedKey(*event);
+  }
 }
 
 void NoteFrame::changeEvent(QEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -36,13 +37,20 @@ class TitleBar : public DragHandle {
 
   SymbolButton& closeButton() { return closeButton_; }
 
+  /// Puts a button beside the one in the upper right corner; null takes it out again. It stays its owner's.
+  void setItemButton(QWidget* button);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void startDrag(QWindow& window) override;
 
  private:
+  void placeItemButton();
+
   SymbolButton closeButton_;
+  QPointer<QWidget> itemButton_;
 };
 
 /// One edge or corner of the window: draws its part of the hairline border, and resizes the window when dragged.
@@ -71,6 +79,10 @@ class NoteFrame : public QWidget {
   /// `content` outlives this window.
   void setContent(QWidget& content);
   void setVisible(bool visible) override;
+  void setItemButton(QWidget* button) { titleBar_.setItemButton(button); }
+
+  /// The window that was made first; null if there is none.
+  static NoteFrame* first();
 
   /// Makes the window as large as the screen's free room, or again what it was. By its geometry: not every window
   /// manager maximises a window of an accessory program.

@@ -1,9 +1,16 @@
 #pragma once
 
+#include <QAction>
+#include <QList>
+#include <functional>
+#include <memory>
 #include <vector>
 
+#include "platform/desktop/global_keys.h"
+#include "platform/desktop/request_queue.h"
 #include "platform/desktop/window_system.h"
 #include "platform/frame_autosave.h"
+#include "platform/window.h"
 
 /// What the parts of the desktop platform share while the application object lives.
 namespace platform::desktop {
@@ -14,6 +21,19 @@ WindowSystem& windowSystem();
 std::vector<Screen> screens();
 NSRect fromToolkit(const QRect&);
 QRect toToolkit(NSRect);
+
+/// What the user asks for from outside the program's windows.
+RequestQueue& requests();
+GlobalKeys& globalKeys();
+
+/// Runs `work` once the first frame has been drawn, or soon if it has; not if `context` is gone by then.
+void afterFirstFrame(QObject& context, std::function<void()> work);
+
+/// The commands of the main menu, whose shortcuts each window of the program has.
+QList<QAction*> mainMenuCommands();
+
+/// The program's window that has the keyboard, if there is one.
+std::shared_ptr<NSWindow> keyWindow();
 
 /// Whether the program is about to hide while it had the keyboard, so that the program before it is due.
 /// Set when a window with the keyboard is taken off the screen; read and cleared by the hiding application.

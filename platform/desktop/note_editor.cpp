@@ -145,6 +145,15 @@ void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
   }
 }
 
+bool NoteEditor::event(QEvent* event) {
+  // The toolkit's editor would keep the keys of the main menu to itself.
+  if (event->type() == QEvent::ShortcutOverride) {
+    event->ignore();
+    return true;
+  }
+  return QPlainTextEdit::event(event);
+}
+
 void NoteEditor::keyPressEvent(QKeyEvent* event) {
   lateCommit_.clear();
   if (onKey) {

@@ -30,6 +30,7 @@ class NoteEditor : public QPlainTextEdit {
   void inputMethodEvent(QInputMethodEvent* event) override;
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
   void insertFromMimeData(const QMimeData* source) override;

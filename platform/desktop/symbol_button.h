@@ -7,11 +7,12 @@
 
 namespace platform::desktop {
 
-/// A button that is one of the system's symbols: "info.circle" or "xmark.circle".
+/// A button that is one of the system's symbols.
 class SymbolButton : public QAbstractButton {
  public:
-  SymbolButton(const std::string& symbolName, const QString& accessibleName);
+  SymbolButton();
 
+  void setSymbol(std::string symbolName, const QString& accessibleName);
   void setTint(NSColor tint);
   QSize sizeHint() const override;
 
@@ -19,7 +20,7 @@ class SymbolButton : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void (*draw_)(class QPainter&, const QRectF&);
+  std::string symbolName_;
   NSColor tint_ = NSColor::tertiaryLabelColor;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/text_view.h"
 
 #include <QKeyEvent>
+#include <array>
 
 #include "platform/desktop/appearance.h"
 #include "platform/desktop/exact_text.h"
@@ -44,7 +45,7 @@ NSTextView::NSTextView(NSRect frame)
     keyDown(event);
   };
   impl_->editor.onEdit = [this] {
-    NSNotificationCenter::defaultCenter().postNotificationName(NSTextDidChangeNotification, *this);
+    NSNotificationCenter::defaultCenter().postNotificationName(NSTextDidChangeNotification, this);
   };
 }
 
@@ -84,6 +85,25 @@ void NSTextView::setSelectedRange(NSRange range) {
   const auto end = static_cast<qsizetype>(range.location) + static_cast<qsizetype>(range.length);
   if (range.length > 0) cursor.setPosition(desktop::positionForExactIndex(document, end), QTextCursor::KeepAnchor);
   impl_->editor.setTextCursor(cursor);
+}
+
+bool NSTextView::perform(Selector action, NSObject* /*sender*/) {
+  struct Command {
+    Selector selector;
+    void (QPlainTextEdit::*run)();
+  };
+  static constexpr std::array commands{
+      Command{{"undo"}, &QPlainTextEdit::undo},   Command{{"redo"}, &QPlainTextEdit::redo},
+      Command{{"cut"}, &QPlainTextEdit::cut},     Command{{"copy"}, &QPlainTextEdit::copy},
+      Command{{"paste"}, &QPlainTextEdit::paste}, Command{{"selectAll"}, &QPlainTextEdit::selectAll},
+  };
+  for (const Command& command : commands) {
+    if (command.selector != action) continue;
+    (impl_->editor.*command.run)();
+    impl_->editor.ensureCursorVisible();
+    return true;
+  }
+  return false;
 }
 
 void NSTextView::keyDown(NSEvent& event) {

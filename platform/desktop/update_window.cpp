@@ -25,7 +25,7 @@ QString cutTo(int length, const QString& text) {
   return text.size() <= length ? text : text.left(length - 1) + QChar(u'…');
 }
 
-QString line(int length, const QString& text) { return cutTo(length, text.left(2 * length).simplified()); }
+QString line(int length, const QString& text) { return cutTo(length, text.left(qsizetype{2} * length).simplified()); }
 
 /// What the feed says is new, without its markup and its pictures.
 QString plainNotes(const QString& notes) {

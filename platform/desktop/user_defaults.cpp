@@ -45,7 +45,7 @@ NSUserDefaults& NSUserDefaults::standardUserDefaults() {
   return defaults;
 }
 
-std::optional<DefaultsValue> NSUserDefaults::objectForKey(std::string_view key) const {
+std::optional<DefaultsValue> NSUserDefaults::storedObjectForKey(std::string_view key) const {
   const QJsonValue value = impl_->values.value(toQString(key));
   switch (value.type()) {
     case QJsonValue::Undefined:
@@ -62,11 +62,6 @@ std::optional<DefaultsValue> NSUserDefaults::objectForKey(std::string_view key) 
 }
 
 void NSUserDefaults::setBool(bool value, std::string_view key) { impl_->store(key, value); }
-
-std::optional<std::string> NSUserDefaults::stringForKey(std::string_view key) const {
-  const QJsonValue value = impl_->values.value(toQString(key));
-  return value.isString() ? std::optional(value.toString().toStdString()) : std::nullopt;
-}
 
 void NSUserDefaults::setString(std::string_view value, std::string_view key) { impl_->store(key, toQString(value)); }
 

@@ -21,6 +21,9 @@ using desktop::windowSystem;
 
 namespace {
 
+/// Every window that there is.
+std::vector<NSWindow*> windows;
+
 constexpr std::chrono::milliseconds frameKeepDelay{500};  // a drag is over when nothing has moved for this long
 
 }  // namespace
@@ -76,7 +79,8 @@ struct NSWindow::Impl {
   }
 
   void aboutToHide() {
-    if (frame.isActiveWindow()) desktop::oweFocusToPreviousProgram();
+    if (windowSystem().isActive(frame)) desktop::oweFocusToPreviousProgram();
+    windowSystem().prepareToHide(frame);
     for (auto* const editor : frame.findChildren<desktop::NoteEditor*>()) editor->commitComposition();
     if (keepFrameLater.isActive()) keepFrame();
   }
@@ -93,9 +97,11 @@ struct NSWindow::Impl {
 };
 
 NSWindow::NSWindow(NSRect contentRect, unsigned /*styleMask*/, NSBackingStoreType /*backing*/, bool /*defer*/)
-    : impl_(std::make_unique<Impl>(*this, contentRect)) {}
+    : impl_(std::make_unique<Impl>(*this, contentRect)) {
+  windows.push_back(this);
+}
 
-NSWindow::~NSWindow() = default;
+NSWindow::~NSWindow() { std::erase(windows, this); }
 
 // The one look of a title bar here: the content shows through all of it but the title and its buttons.
 void NSWindow::setTitlebarAppearsTransparent(bool /*transparent*/) {}
@@ -131,6 +137,7 @@ void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
   NoteFrame& frame = impl_->frame;
   if (!frame.isVisible()) {
     windowSystem().prepareToShow(frame, impl_->placement);
+    frame.addActions(desktop::mainMenuCommands());
     frame.show();
     windowSystem().place(frame, impl_->placement);
   }
@@ -141,11 +148,18 @@ void NSWindow::orderOut(NSObject* /*sender*/) { impl_->frame.hide(); }
 
 void NSWindow::makeFirstResponder(NSView& view) {
   impl_->firstResponder = &view;
-  view.native().widget->setFocus();
+  QWidget& widget = *view.native().widget;
+  impl_->frame.setFocusProxy(&widget);
+  widget.setFocus();
+}
+
+std::shared_ptr<NSView> NSWindow::firstResponder() const {
+  NSView* const view = impl_->firstResponder;
+  return view == nullptr ? nullptr : std::static_pointer_cast<NSView>(view->shared_from_this());
 }
 
 bool NSWindow::isVisible() const { return impl_->frame.isVisible() && !impl_->frame.isMinimized(); }
-bool NSWindow::isKeyWindow() const { return impl_->frame.isVisible() && impl_->frame.isActiveWindow(); }
+bool NSWindow::isKeyWindow() const { return impl_->frame.isVisible() && windowSystem().isActive(impl_->frame); }
 
 void NSWindow::setLevel(int level) {
   impl_->placement.aboveOthers = level >= NSFloatingWindowLevel;
@@ -155,6 +169,12 @@ void NSWindow::setLevel(int level) {
 void NSWindow::setCollectionBehavior(unsigned behavior) {
   impl_->placement.onEveryWorkspace = (behavior & NSWindowCollectionBehaviorCanJoinAllSpaces) != 0;
   impl_->applyPlacement();
+}
+
+std::shared_ptr<NSWindow> desktop::keyWindow() {
+  const auto found =
+      std::find_if(windows.begin(), windows.end(), [](const NSWindow* window) { return window->isKeyWindow(); });
+  return found == windows.end() ? nullptr : std::static_pointer_cast<NSWindow>((*found)->shared_from_this());
 }
 
 void NSWindow::setTitle(std::string_view title) { impl_->frame.setWindowTitle(desktop::toQString(title)); }

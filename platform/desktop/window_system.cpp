@@ -1,7 +1,6 @@
 #include "platform/desktop/window_system.h"
 
-#include <QGuiApplication>
-
+#include "platform/desktop/x11.h"
 #include "platform/desktop/x11_window_system.h"
 
 namespace platform::desktop {
@@ -16,14 +15,16 @@ class PlainWindowSystem : public WindowSystem {
     window.raise();
     window.activateWindow();
   }
+  void prepareToHide(QWidget& /*window*/) override {}
+  bool isActive(const QWidget& window) override { return window.isActiveWindow(); }
+  bool isSettled() const override { return true; }
   void activatePreviousProgram() override {}
 };
 
 }  // namespace
 
 std::unique_ptr<WindowSystem> WindowSystem::forThisDisplay() {
-  auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 != nullptr && x11->connection() != nullptr) return makeX11WindowSystem(x11->connection());
+  if (x11::connection() != nullptr) return makeX11WindowSystem(x11::connection());
   return std::make_unique<PlainWindowSystem>();
 }
 

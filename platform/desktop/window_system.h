@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 namespace platform::desktop {
@@ -23,6 +24,15 @@ class WindowSystem {
   virtual void place(QWidget& window, Placement placement) = 0;
   /// Raises a window that is shown and gives it the keyboard, as a wish of the user's.
   virtual void activate(QWidget& window) = 0;
+  /// Before a window is taken off the screen.
+  virtual void prepareToHide(QWidget& window) = 0;
+  /// Whether the window is the one that the user works in, or is becoming it. A key grab, a menu of ours or a panel
+  /// that has the keyboard for the moment changes nothing.
+  virtual bool isActive(const QWidget& window) = 0;
+  /// False while a window is being activated, or hidden, and the window manager has not done it yet.
+  virtual bool isSettled() const = 0;
+  std::function<void()> onSettled;
+
   /// Gives the keyboard to the window that had it before one of ours did, if it is still there to be seen.
   virtual void activatePreviousProgram() = 0;
 };

@@ -7,10 +7,14 @@
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <chrono>
+#include <optional>
+
+#include "platform/desktop/x11.h"
 
 namespace platform::desktop {
 namespace {
@@ -19,24 +23,24 @@ constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
 constexpr xcb_keysym_t escapeKeysym = 0xFF1B;
 constexpr auto pager = XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER;  // a wish of the user's, which focus stealing rules respect
 
-struct Free {
-  void operator()(void* pointer) const { std::free(pointer); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, Free>;
+using x11::Reply;
+
+constexpr std::chrono::seconds patience{1};  // with a window manager that does not activate a window
 
 xcb_window_t idOf(const QWidget& window) { return static_cast<xcb_window_t>(window.winId()); }
 
 class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
  public:
   explicit X11WindowSystem(xcb_connection_t* connection)
-      : connection_(connection), keySymbols_(xcb_key_symbols_alloc(connection)) {
+      : connection_(connection),
+        keySymbols_(xcb_key_symbols_alloc(connection)),
+        stateAtom_(x11::atom(connection, "WM_STATE")),
+        screen_(x11::screenNumber()),
+        root_(x11::rootWindow(connection)) {
     xcb_ewmh_init_atoms_replies(&ewmh_, xcb_ewmh_init_atoms(connection_, &ewmh_), nullptr);
-    char* host = nullptr;
-    int display = 0;
-    xcb_parse_display(nullptr, &host, &display, &screen_);
-    std::free(host);
-    root_ = ewmh_.screens[screen_]->root;
+    deadline_.setSingleShot(true);
+    deadline_.setInterval(patience);
+    QObject::connect(&deadline_, &QTimer::timeout, [this] { settle(); });
     noteActiveWindow();
     qApp->installNativeEventFilter(this);
   }
@@ -50,6 +54,8 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
 
   void prepareToShow(QWidget& window, Placement placement) override {
     const xcb_window_t id = idOf(window);
+    // Some window managers go on calling a window active that was hidden.
+    if (active_ == id) active_ = XCB_NONE;
     xcb_atom_t type = ewmh_._NET_WM_WINDOW_TYPE_UTILITY;
     xcb_ewmh_set_wm_window_type(&ewmh_, id, 1, &type);
     leaveProgramGroup(id);
@@ -83,7 +89,20 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     window.raise();
     if (activeWindow() == XCB_NONE) window.activateWindow();  // also where no window manager would answer
     requestActive(idOf(window), XCB_NONE);
+    if (active_ != idOf(window)) expect({idOf(window), true});
   }
+
+  void prepareToHide(QWidget& window) override {
+    if (isActive(window)) expect({idOf(window), false});
+  }
+
+  bool isActive(const QWidget& window) override {
+    const xcb_window_t id = idOf(window);
+    if (expectation_ && expectation_->window == id) return expectation_->active;
+    return active_ == XCB_NONE ? window.isActiveWindow() : active_ == id;
+  }
+
+  bool isSettled() const override { return !expectation_; }
 
   void activatePreviousProgram() override {
     if (previous_ != XCB_NONE && canBeSeen(previous_)) requestActive(previous_, activeWindow());
@@ -91,10 +110,11 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
 
   bool nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) override {
     auto* const event = static_cast<xcb_generic_event_t*>(message);
-    switch (event->response_type & 0x7FU) {
+    switch (x11::typeOf(*event)) {
       case XCB_PROPERTY_NOTIFY: {
         const auto& change = *reinterpret_cast<xcb_property_notify_event_t*>(event);
         if (change.window == root_ && change.atom == ewmh_._NET_ACTIVE_WINDOW) noteActiveWindow();
+        if (change.atom == stateAtom_) noteManagement(change.window);
         return false;
       }
       case XCB_MAPPING_NOTIFY:
@@ -135,7 +155,44 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
 
   void noteActiveWindow() {
     const xcb_window_t active = activeWindow();
+    if (active != XCB_NONE && isPanel(active)) return;
+    active_ = active;
     if (active != XCB_NONE && !isOurs(active)) previous_ = active;
+    if (expectation_ && expectation_->active && active_ == expectation_->window) settle();
+  }
+
+  /// A window manager changes this property when it has taken a window into its care, or let go of a hidden one.
+  void noteManagement(xcb_window_t window) {
+    if (expectation_ && !expectation_->active && window == expectation_->window) settle();
+  }
+
+  /// A panel that was clicked may take the keyboard, but nobody works in it.
+  bool isPanel(xcb_window_t id) {
+    xcb_ewmh_get_atoms_reply_t types{};
+    const auto request = xcb_ewmh_get_wm_window_type(&ewmh_, id);
+    if (xcb_ewmh_get_wm_window_type_reply(&ewmh_, request, &types, nullptr) == 0) return false;
+    const auto* const end = types.atoms + types.atoms_len;
+    const bool panel =
+        std::find(static_cast<const xcb_atom_t*>(types.atoms), end, ewmh_._NET_WM_WINDOW_TYPE_DOCK) != end;
+    xcb_ewmh_get_atoms_reply_wipe(&types);
+    return panel;
+  }
+
+  /// What the window manager has been asked for and has not done yet.
+  struct Expectation {
+    xcb_window_t window;
+    bool active;
+  };
+
+  void expect(Expectation expectation) {
+    expectation_ = expectation;
+    deadline_.start();
+  }
+
+  void settle() {
+    expectation_.reset();
+    deadline_.stop();
+    if (onSettled) onSettled();
   }
 
   static bool isOurs(xcb_window_t id) {
@@ -174,9 +231,13 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   xcb_connection_t* connection_;
   xcb_ewmh_connection_t ewmh_{};
   xcb_key_symbols_t* keySymbols_;
-  int screen_ = 0;
-  xcb_window_t root_ = XCB_NONE;
+  xcb_atom_t stateAtom_;
+  int screen_;
+  xcb_window_t root_;
+  xcb_window_t active_ = XCB_NONE;    ///< the window that the user works in; none where no window manager tells
   xcb_window_t previous_ = XCB_NONE;  ///< the last active window that is not ours
+  std::optional<Expectation> expectation_;
+  QTimer deadline_;
 };
 
 }  // namespace

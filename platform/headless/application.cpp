@@ -1,5 +1,7 @@
 #include "platform/application.h"
 
+#include <stdexcept>
+
 #include "platform/headless/world.h"
 
 namespace platform {
@@ -25,6 +27,11 @@ void NSApplication::setActivationPolicy(NSApplicationActivationPolicy policy) {
 
 void NSApplication::setDelegate(const std::weak_ptr<NSApplicationDelegate>& delegate) { world().delegate = delegate; }
 
+void NSApplication::setMainMenu(const std::shared_ptr<NSMenu>& menu) {
+  world().record("application main menu");
+  world().mainMenu = menu;
+}
+
 // The loop is the test itself: it moves the clock and presses the keys.
 void NSApplication::run() {
   if (const auto delegate = world().delegate.lock()) delegate->applicationDidFinishLaunching();
@@ -40,6 +47,17 @@ void NSApplication::hide(NSObject* /*sender*/) {
   world().active = false;
   if (world().windowParts != nullptr) world().windowParts->state.visible = false;
 }
+
+void NSApplication::terminate(NSObject* /*sender*/) {
+  if (const auto delegate = world().delegate.lock()) delegate->applicationWillTerminate();
+}
+
+std::shared_ptr<NSWindow> NSApplication::keyWindow() const {
+  if (world().window == nullptr || !world().window->isKeyWindow()) return nullptr;
+  return std::static_pointer_cast<NSWindow>(world().window->shared_from_this());
+}
+
+std::shared_ptr<NSApplicationDelegate> NSApplication::delegate() const { return world().delegate.lock(); }
 
 namespace headless {
 
@@ -60,8 +78,35 @@ bool reopen() {
   return delegate && delegate->applicationShouldHandleReopen(*NSApplication::sharedApplication(), visible);
 }
 
-void terminate() {
-  if (const auto delegate = world().delegate.lock()) delegate->applicationWillTerminate();
+void terminate() { NSApplication::sharedApplication()->terminate(nullptr); }
+
+const std::shared_ptr<NSMenu>& mainMenu() { return world().mainMenu; }
+
+namespace {
+
+NSMenuItem* findItem(const NSMenu& menu, const std::function<bool(const NSMenuItem&)>& wanted) {
+  for (const auto& item : menu.items()) {
+    if (wanted(*item)) return item.get();
+    NSMenuItem* const below = item->submenu() ? findItem(*item->submenu(), wanted) : nullptr;
+    if (below != nullptr) return below;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+NSMenuItem& menuItem(const NSMenu& menu, std::string_view title) {
+  NSMenuItem* const item = findItem(menu, [&](const NSMenuItem& candidate) { return candidate.title() == title; });
+  if (item == nullptr) throw std::logic_error("no menu item " + std::string(title));
+  return *item;
+}
+
+bool pressKeyEquivalent(std::string_view key, unsigned modifiers) {
+  if (!world().mainMenu || !world().active) return false;
+  NSMenuItem* const item = findItem(*world().mainMenu, [&](const NSMenuItem& candidate) {
+    return candidate.keyEquivalent() == key && candidate.keyEquivalentModifierMask() == modifiers;
+  });
+  return item != nullptr && item->performAction();
 }
 
 }  // namespace headless

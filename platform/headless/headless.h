@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "platform/date.h"
 #include "platform/frame_autosave.h"
 #include "platform/login_item.h"
+#include "platform/menu.h"
 #include "platform/process_info.h"
 #include "platform/text_view.h"
 #include "platform/url.h"
@@ -39,6 +41,9 @@ struct Faults {
   bool noWrite = false;                    ///< nothing can be written
   bool noLink = false;                     ///< no file gets a second name
   std::optional<std::size_t> roomInBytes;  ///< a longer write is cut short, as on a full disk
+  bool noSymbols = false;                  ///< the system has no symbols but "info.circle"
+  bool noStatusButton = false;             ///< status items have no button
+  std::set<std::uint32_t> takenHotKeys;    ///< codes of keys whose combinations other programs hold
 };
 Faults& faults();
 
@@ -108,6 +113,24 @@ const TextViewState& textViewState();
 NSTextView& textView();
 /// The only button of the window's content.
 NSButton& button();
+
+// --- Menus, the status item and hot keys
+
+struct StatusItemState {
+  double position = 0;  ///< the one that the item took when it got its name
+  std::shared_ptr<NSButton> button;
+  std::shared_ptr<NSMenu> menu;
+};
+StatusItemState& statusItem();
+const std::shared_ptr<NSMenu>& mainMenu();
+
+/// The item of that title in a menu and those below it; it has to be there.
+NSMenuItem& menuItem(const NSMenu& menu, std::string_view title);
+/// Presses a key with modifiers in the window: the main menu has it first.
+bool pressKeyEquivalent(std::string_view key, unsigned modifiers);
+/// The combination is pressed somewhere on the desktop.
+void pressHotKey(std::uint32_t keyCode, std::uint32_t modifiers);
+std::string& clipboard();
 
 /// Presses a key in the window, as its first responder sees it.
 void pressKey(unsigned short keyCode);

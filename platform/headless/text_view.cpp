@@ -59,6 +59,28 @@ void NSTextView::setSelectedRange(NSRange range) {
   impl_->state.selection = {start, std::min(range.length, text.size() - start)};
 }
 
+bool NSTextView::perform(Selector action, NSObject* /*sender*/) {
+  std::u16string& text = impl_->text;
+  const NSRange selection = impl_->state.selection;
+  const std::u16string selected = text.substr(selection.location, selection.length);
+  if (action == Selector{"undo"}) {
+    headless::undo();
+  } else if (action == Selector{"redo"}) {
+    headless::redo();
+  } else if (action == Selector{"cut"} || action == Selector{"copy"}) {
+    if (selected.empty()) return true;
+    world().clipboard = headless::toUtf8(selected);
+    if (action == Selector{"cut"}) headless::insertText(*impl_, {});
+  } else if (action == Selector{"paste"}) {
+    headless::insertText(*impl_, headless::toUtf16(world().clipboard));
+  } else if (action == Selector{"selectAll"}) {
+    impl_->state.selection = {0, text.size()};
+  } else {
+    return false;
+  }
+  return true;
+}
+
 void NSTextView::keyDown(NSEvent& event) {
   if (event.native() != nullptr) headless::insertText(*impl_, headless::toUtf16(event.native()->characters));
 }
@@ -110,7 +132,7 @@ std::string toUtf8(std::u16string_view units) {
 namespace {
 
 void changed() {
-  NSNotificationCenter::defaultCenter().postNotificationName(NSTextDidChangeNotification, *world().textView);
+  NSNotificationCenter::defaultCenter().postNotificationName(NSTextDidChangeNotification, world().textView);
 }
 
 void swapText(TextViewParts& parts, std::vector<std::u16string>& from, std::vector<std::u16string>& to) {
@@ -156,6 +178,7 @@ void type(std::string_view text) {
 
 void undo() { swapText(*world().textViewParts, world().textViewParts->undoStack, world().textViewParts->redoStack); }
 void redo() { swapText(*world().textViewParts, world().textViewParts->redoStack, world().textViewParts->undoStack); }
+std::string& clipboard() { return world().clipboard; }
 void compose(std::string_view text) { world().textViewParts->composition = toUtf16(text); }
 
 }  // namespace headless

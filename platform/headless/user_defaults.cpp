@@ -16,7 +16,7 @@ NSUserDefaults& NSUserDefaults::standardUserDefaults() {
   return defaults;
 }
 
-std::optional<DefaultsValue> NSUserDefaults::objectForKey(std::string_view key) const {
+std::optional<DefaultsValue> NSUserDefaults::storedObjectForKey(std::string_view key) const {
   const auto setting = world().settings.find(key);
   return setting == world().settings.end() ? std::nullopt : std::optional(setting->second);
 }
@@ -24,12 +24,6 @@ std::optional<DefaultsValue> NSUserDefaults::objectForKey(std::string_view key) 
 void NSUserDefaults::setBool(bool value, std::string_view key) {
   world().record("store " + std::string(key) + (value ? "=true" : "=false"));
   world().settings.insert_or_assign(std::string(key), value);
-}
-
-std::optional<std::string> NSUserDefaults::stringForKey(std::string_view key) const {
-  const auto value = objectForKey(key);
-  const auto* text = value ? std::get_if<std::string>(&*value) : nullptr;
-  return text == nullptr ? std::nullopt : std::optional(*text);
 }
 
 void NSUserDefaults::setString(std::string_view value, std::string_view key) {

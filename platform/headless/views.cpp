@@ -19,19 +19,29 @@ void NSScrollView::setHasVerticalScroller(bool shown) { hasVerticalScroller_ = s
 void NSScrollView::setDrawsBackground(bool /*draws*/) {}
 void NSScrollView::setDocumentView(const std::shared_ptr<NSTextView>& view) { addSubview(view); }
 
-NSButton::NSButton(NSImage image, std::weak_ptr<NSObject> target, Selector action, std::shared_ptr<Native> native)
+NSButton::NSButton(std::optional<NSImage> image, std::weak_ptr<NSObject> target, Selector action,
+                   std::shared_ptr<Native> native)
     : NSView({}, std::move(native)), image_(std::move(image)), target_(std::move(target)), action_(action) {}
 
-std::shared_ptr<NSButton> NSButton::buttonWithImage(const NSImage& image, const std::weak_ptr<NSObject>& target,
-                                                    Selector action) {
+std::shared_ptr<NSButton> NSButton::buttonWithImage(const std::optional<NSImage>& image,
+                                                    const std::weak_ptr<NSObject>& target, Selector action) {
   std::shared_ptr<NSButton> button(new NSButton(image, target, action, std::make_shared<Native>()));
-  world().button = button.get();
+  if (image) world().button = button.get();
   return button;
 }
 
+void NSButton::setImage(const std::optional<NSImage>& image) { image_ = image; }
+void NSButton::sizeToFit() { setFrameSize(image_.value_or(NSImage()).size()); }
 void NSButton::setBordered(bool /*bordered*/) {}
 void NSButton::setContentTintColor(NSColor /*color*/) {}
 
 NSButton& headless::button() { return *world().button; }
+
+std::optional<NSImage> NSImage::imageWithSystemSymbolName(std::string_view name,
+                                                          std::string_view accessibilityDescription) {
+  const bool known = name == "info.circle" || (name == "note.text" && !world().faults.noSymbols);
+  if (!known) return std::nullopt;
+  return NSImage{std::string(name), std::string(accessibilityDescription)};
+}
 
 }  // namespace platform

@@ -61,6 +61,10 @@ void NSWindow::orderOut(NSObject* /*sender*/) {
 }
 
 void NSWindow::makeFirstResponder(NSView& view) { impl_->state.firstResponder = &view; }
+std::shared_ptr<NSView> NSWindow::firstResponder() const {
+  NSView* const view = impl_->state.firstResponder;
+  return view == nullptr ? nullptr : std::static_pointer_cast<NSView>(view->shared_from_this());
+}
 bool NSWindow::isVisible() const { return impl_->state.visible; }
 bool NSWindow::isKeyWindow() const { return impl_->state.visible && world().active; }
 

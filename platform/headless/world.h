@@ -50,6 +50,10 @@ struct World {
   NSTextView* textView = nullptr;
   TextViewParts* textViewParts = nullptr;
   NSButton* button = nullptr;
+  std::shared_ptr<NSMenu> mainMenu;
+  StatusItemState statusItem;
+  std::map<std::pair<std::uint32_t, std::uint32_t>, std::function<void()>> hotKeys;
+  std::string clipboard;
 
   void record(std::string effect) { effects.push_back(std::move(effect)); }
 };

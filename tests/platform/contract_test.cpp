@@ -4,14 +4,18 @@
 
 #include "platform/application.h"
 #include "platform/button.h"
+#include "platform/dispatch.h"
 #include "platform/file_manager.h"
+#include "platform/hot_key.h"
 #include "platform/login_item.h"
 #include "platform/notification_center.h"
 #include "platform/process_info.h"
 #include "platform/scroll_view.h"
+#include "platform/status_bar.h"
 #include "platform/string.h"
 #include "platform/timer.h"
 #include "platform/updater.h"
+#include "platform/workspace.h"
 #include "tests/platform/harness.h"
 
 namespace platform {
@@ -60,6 +64,22 @@ TEST_F(Contract, TimerMayEndAndReplaceItselfWhileItFires) {
   });
   pass(0.2);
   EXPECT_EQ(fired, 2);
+}
+
+TEST_F(Contract, QueuedWorkRunsLaterAndInOrder) {
+  std::vector<int> order;
+  DispatchQueue& queue = DispatchQueue::main();
+  queue.asyncAfter(0.05, [&] { order.push_back(4); });
+  queue.async([&] {
+    order.push_back(1);
+    queue.async([&] { order.push_back(3); });
+  });
+  queue.async([&] { order.push_back(2); });
+  EXPECT_THAT(order, ElementsAre());
+  pass(0.02);
+  EXPECT_THAT(order, ElementsAre(1, 2, 3));
+  pass(0.1);
+  EXPECT_THAT(order, ElementsAre(1, 2, 3, 4));
 }
 
 // --- Files
@@ -150,16 +170,73 @@ TEST_F(Contract, TheSystemHasLoginItems) {
   EXPECT_FALSE(NSProcessInfo::isOperatingSystemAtLeastVersion({100, 0, 0}));
 }
 
-// --- Text view
+TEST_F(Contract, RegisteredDefaultsStandInForStoredOnes) {
+  harness::putSetting("stored", false);
+  NSUserDefaults& defaults = NSUserDefaults::standardUserDefaults();
+  defaults.registerDefaults({{"stored", true}, {"position", 30.0}, {"flag", true}});
+  EXPECT_EQ(defaults.objectForKey("position"), DefaultsValue(30.0));
+  EXPECT_FALSE(defaults.boolForKey("stored"));
+  EXPECT_TRUE(defaults.boolForKey("flag"));
+  defaults.setBool(false, "flag");
+  EXPECT_FALSE(defaults.boolForKey("flag"));
+  EXPECT_FALSE(defaults.boolForKey("position")) << "it is no Boolean";
+  EXPECT_FALSE(defaults.boolForKey("absent"));
+}
+
+// --- Actions and notifications
 
 class Observer : public NSObject {
  public:
   int told = 0;
   bool perform(Selector action, NSObject* /*sender*/) override {
-    told += action == Selector{"edited"} ? 1 : 0;
+    if (action != Selector{"edited"}) return false;
+    ++told;
     return true;
   }
 };
+
+TEST_F(Contract, NotificationsReachWhoAskedForTheirSender) {
+  const auto anybody = std::make_shared<Observer>();
+  const auto one = std::make_shared<Observer>();
+  const auto sender = std::make_shared<Observer>();
+  NSNotificationCenter& center = NSWorkspace::sharedWorkspace().notificationCenter();
+  center.addObserver(anybody, {"edited"}, NSWorkspaceDidWakeNotification, std::nullopt);
+  center.addObserver(one, {"edited"}, NSWorkspaceDidWakeNotification, sender);
+  center.postNotificationName(NSWorkspaceDidWakeNotification, nullptr);
+  center.postNotificationName(NSWorkspaceDidWakeNotification, sender.get());
+  center.postNotificationName(NSWorkspaceScreensDidWakeNotification, sender.get());
+  NSDistributedNotificationCenter::defaultCenter().postNotificationName(NSWorkspaceDidWakeNotification, nullptr);
+  EXPECT_EQ(anybody->told, 2);
+  EXPECT_EQ(one->told, 1);
+}
+
+TEST_F(Contract, MenuItemsActOnTheirTargetsAndShowTheirState) {
+  auto target = std::make_shared<Observer>();
+  const auto menu = std::make_shared<NSMenu>();
+  const auto item = std::make_shared<NSMenuItem>("Edit", Selector{"edited"}, "e");
+  menu->addItem(item);
+  item->setTarget(target);
+  const auto status = NSStatusBar::systemStatusBar().statusItemWithLength(NSSquareStatusItemLength);
+  status->button()->setImage(NSImage::imageWithSystemSymbolName("note.text", "Name"));
+  status->setMenu(menu);
+  EXPECT_TRUE(item->performAction());
+  EXPECT_EQ(target->told, 1);
+  item->setState(NSControlStateValueOn);
+  EXPECT_TRUE(item->isCheckable());
+  EXPECT_EQ(item->state(), NSControlStateValueOn);
+  target.reset();
+  EXPECT_FALSE(item->performAction()) << "a target that is gone is none that is missing";
+  EXPECT_EQ(NSImage::imageWithSystemSymbolName("no.such.symbol", "Name"), std::nullopt);
+}
+
+TEST_F(Contract, AHotKeyHasAReferenceOrAnError) {
+  EventHotKeyRef reference = nullptr;
+  const OSStatus status = RegisterEventHotKey(kVK_ANSI_N, cmdKey | optionKey, {fourCharacters("TEST"), 1},
+                                              GetApplicationEventTarget(), 0, &reference);
+  EXPECT_EQ(status == noErr, reference != nullptr);
+}
+
+// --- Text view
 
 class TextViewContract : public Contract {
  protected:
@@ -199,6 +276,26 @@ TEST_F(TextViewContract, UndoEndsAtTheLoadedText) {
   type(*view, "x");
   for (int i = 0; i < 3; ++i) harness::undo(*view);
   EXPECT_EQ(view->string(), "loaded");
+}
+
+TEST_F(TextViewContract, ActionsWithoutATargetGoToTheFirstResponder) {
+  const auto send = [](Selector action) {
+    return NSApplication::sharedApplication()->sendAction(action, std::nullopt, nullptr);
+  };
+  EXPECT_FALSE(send({"selectAll"})) << "no window has the keyboard";
+  window->makeKeyAndOrderFront(nullptr);
+  window->makeFirstResponder(*view);
+  pass(0.05);
+  type(*view, "ab");
+  EXPECT_TRUE(send({"selectAll"}) && send({"copy"}) && send({"paste"}) && send({"paste"}));
+  EXPECT_EQ(view->string(), "abab");
+  EXPECT_TRUE(send({"selectAll"}) && send({"cut"}));
+  EXPECT_EQ(view->string(), "");
+  EXPECT_TRUE(send({"undo"}));
+  EXPECT_EQ(view->string(), "abab");
+  EXPECT_TRUE(send({"redo"}));
+  EXPECT_EQ(view->string(), "");
+  EXPECT_FALSE(send({"noSuchAction"}));
 }
 
 TEST_F(TextViewContract, SelectionCountsUtf16UnitsOfTheText) {

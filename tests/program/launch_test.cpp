@@ -14,9 +14,13 @@ using testing::ElementsAre;
 TEST(Launch, GoesInOrderAndShowsTheFinishedWindow) {
   headless::putFile(noteFile, "old text");
   const Program program;
-  EXPECT_THAT(headless::effects(), ElementsAre("application activation policy 1", "window level 3",
-                                               "window behaviour 257", "window title Quillberry \U0001F4CC",
-                                               "window make key and order front", "application activate"));
+  EXPECT_THAT(
+      headless::effects(),
+      ElementsAre("application activation policy 1", "updater start", "application main menu", "status item length -2",
+                  "status item named Quillberry", "status item menu", "hot key 45 modifiers 2304",
+                  "hot key 35 modifiers 2304", "window level 3", "window behaviour 257",
+                  "window title Quillberry \U0001F4CC", "store didOfferLaunchAtLogin=true", "login item register",
+                  "window make key and order front", "application activate"));
   EXPECT_EQ(headless::textView().string(), "old text");
 }
 

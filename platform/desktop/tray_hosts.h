@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <functional>
+#include <memory>
+
+namespace platform::desktop {
+
+/// Tells which trays there are, without touching the toolkit's own: that would settle for good which kind it uses.
+class TrayHosts : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class Kind { StatusNotifier, XEmbed };
+
+  /// `onChange` is called once it is known which hosts there are, and each time one comes or goes.
+  explicit TrayHosts(std::function<void()> onChange);
+  ~TrayHosts() override;
+
+  bool has(Kind kind) const { return kind == Kind::StatusNotifier ? notifierHost_ : xembedTray_; }
+
+ private:
+  class SelectionWatch;
+
+  Q_SLOT void askNotifierWatcher();
+  void watchNotifierHosts();
+  void setNotifierHost(bool present);
+  void setXEmbedTray(bool present);
+
+  std::function<void()> onChange_;
+  QDBusServiceWatcher watcherWatch_;
+  std::unique_ptr<SelectionWatch> selectionWatch_;
+  bool known_ = false;
+  bool notifierHost_ = false;
+  bool xembedTray_ = false;
+};
+
+}  // namespace platform::desktop

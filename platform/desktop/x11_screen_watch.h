@@ -1,0 +1,41 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace platform::desktop {
+
+/// What happens to an X11 screen as a whole: its saver, and lockers that cover it.
+class X11ScreenWatch : public QAbstractNativeEventFilter {
+ public:
+  explicit X11ScreenWatch(xcb_connection_t* connection);
+  X11ScreenWatch(const X11ScreenWatch&) = delete;
+  X11ScreenWatch& operator=(const X11ScreenWatch&) = delete;
+  ~X11ScreenWatch() override;
+
+  /// The screen saver has ended.
+  std::function<void()> onDisplayOn;
+
+  /// Runs `then` at once, or when the locker that now has the keyboard and covers the screen has gone.
+  void whenUncovered(std::function<void()> then);
+
+  bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+
+ private:
+  void runWaiting();
+  bool keyboardIsTaken();
+  std::vector<xcb_window_t> windowsOverAll();
+  bool coversAScreen(xcb_window_t window);
+
+  xcb_connection_t* connection_;
+  xcb_window_t root_;
+  std::optional<unsigned> saverEvent_;
+  std::vector<xcb_window_t> covers_;  ///< whose end is being waited for
+  std::vector<std::function<void()>> waiting_;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,72 @@
+#include "platform/hot_key.h"
+
+#include <cstring>
+#include <memory>
+#include <vector>
+
+namespace platform {
+
+struct HotKeyEvent {
+  std::optional<EventHotKeyID> hotKey;
+};
+
+struct RegisteredHotKey {};
+
+namespace {
+
+struct Handler {
+  EventHandlerUPP function;
+  void* userData;
+};
+
+/// For the whole run: neither a handler nor a hot key is ever taken back.
+struct Registry {
+  std::vector<Handler> handlers;
+  std::vector<std::unique_ptr<RegisteredHotKey>> hotKeys;
+};
+
+Registry& registry() {
+  static Registry theRegistry;
+  return theRegistry;
+}
+
+}  // namespace
+
+EventTargetRef GetApplicationEventTarget() { return nullptr; }
+
+OSStatus InstallEventHandler(EventTargetRef /*target*/, EventHandlerUPP handler, std::size_t /*typeCount*/,
+                             const EventTypeSpec* /*types*/, void* userData, EventHandlerRef* outHandler) {
+  registry().handlers.push_back({handler, userData});
+  if (outHandler != nullptr) *outHandler = nullptr;
+  return noErr;
+}
+
+OSStatus RegisterEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers, EventHotKeyID hotKeyId,
+                             EventTargetRef /*target*/, std::uint32_t /*options*/, EventHotKeyRef* outHotKey) {
+  if (!listenForHotKey(keyCode, modifiers, [hotKeyId] { sendHotKeyEvent(hotKeyId); })) return eventHotKeyExistsErr;
+  registry().hotKeys.push_back(std::make_unique<RegisteredHotKey>());
+  *outHotKey = registry().hotKeys.back().get();
+  return noErr;
+}
+
+// The last handler that was installed is asked first, and the last one asked is one that took the event.
+void sendHotKeyEvent(std::optional<EventHotKeyID> hotKeyId) {
+  const HotKeyEvent event{hotKeyId};
+  const auto handlers = registry().handlers;
+  for (auto handler = handlers.rbegin(); handler != handlers.rend(); ++handler) {
+    if (handler->function(nullptr, &event, handler->userData) == noErr) return;
+  }
+}
+
+OSStatus GetEventParameter(EventRef event, OSType name, OSType type, OSType* outType, std::size_t room,
+                           std::size_t* outSize, void* data) {
+  if (event == nullptr || !event->hotKey || name != kEventParamDirectObject || type != typeEventHotKeyID ||
+      room < sizeof(EventHotKeyID))
+    return eventParameterNotFoundErr;
+  std::memcpy(data, &*event->hotKey, sizeof(EventHotKeyID));
+  if (outType != nullptr) *outType = typeEventHotKeyID;
+  if (outSize != nullptr) *outSize = sizeof(EventHotKeyID);
+  return noErr;
+}
+
+}  // namespace platform

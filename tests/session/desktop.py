@@ -71,8 +71,9 @@ class Desktop:
         self.server, number = self._spawn_announcing(
             lambda fd: f"Xvfb -displayfd {fd} -screen 0 {SCREEN[0]}x{SCREEN[1]}x24 -nolisten tcp -noreset")
         self.environment["DISPLAY"] = f":{number}"
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._spawn_announcing(
-            lambda fd: f"dbus-daemon --session --nofork --print-address={fd}")[1]
+        for bus in "session", "system":
+            self.environment[f"DBUS_{bus.upper()}_BUS_ADDRESS"] = self._spawn_announcing(
+                lambda fd: f"dbus-daemon --session --nofork --address=unix:dir={self.home} --print-address={fd}")[1]
         for _ in range(3):  # KWin at times aborts at its start
             manager = self._try_spawn(command)
             try:
@@ -179,6 +180,19 @@ class Desktop:
         text = self.run("xwininfo", "-id", window)
         return tuple(int(re.search(label + r":\s*(-?\d+)", text)[1])
                      for label in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+
+    def call(self, bus, destination, path, method, *arguments):
+        """The printed answer of a D-Bus call on the session or the system bus; AssertionError with the error's text."""
+        done = subprocess.run(["gdbus", "call", f"--{bus}", "--dest", destination, "--object-path", path,
+                               "--method", method, *arguments],
+                              env=self.environment, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=20)
+        if done.returncode != 0:
+            raise AssertionError(done.stderr)
+        return done.stdout
+
+    def signal(self, bus, path, name, *arguments):
+        """Sends a D-Bus signal to everybody."""
+        self.run("gdbus", "emit", f"--{bus}", "--object-path", path, "--signal", name, *arguments)
 
     def companion(self, title, *options):
         """The window of another program, active."""

@@ -6,146 +6,19 @@ import contextlib
 import itertools
 import json
 import signal
-import subprocess
 import sys
-import tempfile
-import time
 import unittest
 from pathlib import Path
 
-from desktop import SCREEN, WINDOW_MANAGERS, Desktop, wait_until
+import test_shell
+from desktop import SCREEN, WINDOW_MANAGERS, wait_until
+from note import SessionTest, options
 
 SMALLEST = (260, 160)
 TITLE_BAR = (210, 14)  # inside the window, clear of the buttons
 CLOSE_BUTTON = (16, 14)
 LOWER_RIGHT_CORNER = (-2, -2)
 FRAME_KEY = "NSWindow Frame QuillberryWindow"
-
-options = argparse.Namespace(binary=None, desktop="openbox")
-
-
-class Note:
-    """The program with data and settings of its own."""
-
-    def __init__(self, desktop, folder):
-        self.desktop = desktop
-        self.folder = Path(folder)
-        self.file = self.folder / "data/Quillberry/note.txt"
-        self.settings = self.folder / "config/Quillberry/settings.json"
-        self.environment = desktop.environment | {
-            "HOME": str(self.folder), "XDG_DATA_HOME": str(self.folder / "data"),
-            "XDG_CONFIG_HOME": str(self.folder / "config")}
-        self.process = None
-        self.window = None
-
-    def start(self):
-        """Starts the program and waits until it gets the keys."""
-        self.process = self.desktop.spawn(options.binary, environment=self.environment, stderr=None)
-        self.window = wait_until(self._find_window, "the note's window")
-        self.desktop.wait_active(self.window, "the note is active after its start")
-        return self
-
-    def _find_window(self):
-        if self.process.poll() is not None:
-            raise AssertionError(f"the program ended with {self.process.returncode}")
-        return self.desktop.window_with("_NET_WM_PID", str(self.process.pid))
-
-    def start_again(self):
-        """A second start: it brings the running one forward and ends at once."""
-        done = self.run_to_end()
-        assert (done.returncode, done.stderr) == (0, ""), done
-        self.desktop.wait_active(self.window, "the note is active after a second start")
-
-    def run_to_end(self, timeout=5, **changes):
-        environment = {key: value for key, value in (self.environment | changes).items() if value is not None}
-        return subprocess.run([options.binary], env=environment, stdin=subprocess.DEVNULL, capture_output=True,
-                              text=True, timeout=timeout)
-
-    def type(self, text):
-        first, *others = text.split("\n")
-        self.desktop.xdotool("type", "--delay", "4", first)
-        for line in others:
-            self.desktop.xdotool("key", "Return", "type", "--delay", "4", line)
-        self.wait_for_keys()
-
-    def wait_for_keys(self):
-        """Waits until the program has taken every key so far: it dates its window with each, by the server's clock."""
-        before = time.monotonic() * 1000 - 5  # that clock may lag by one tick
-        self.desktop.xdotool("key", "Shift_L")
-
-        def dated():
-            holder = self.desktop.prop("_NET_WM_USER_TIME_WINDOW", self.window)
-            return int(self.desktop.prop("_NET_WM_USER_TIME", holder or self.window) or 0)
-        wait_until(lambda: (dated() - int(before)) % 2**32 < 2**31, "the program has taken the keys")
-
-    def text(self):
-        with contextlib.suppress(FileNotFoundError):
-            return self.file.read_bytes().decode(errors="replace")
-        return None
-
-    def put_text(self, contents):
-        self.file.parent.mkdir(parents=True)
-        self.file.write_bytes(contents)
-
-    def wait_for_text(self, text):
-        try:
-            wait_until(lambda: self.text() == text, f"the file holds {text!r}", 10)
-        except AssertionError as error:
-            raise AssertionError(f"{error}; it holds {self.text()!r}") from None
-
-    def hide(self):
-        self.desktop.xdotool("key", "Escape")
-        self.wait_hidden()
-
-    def wait_hidden(self):
-        wait_until(lambda: not self.desktop.is_viewable(self.window), "the note is hidden")
-
-    def geometry(self):
-        return self.desktop.geometry(self.window)
-
-    def wait_geometry(self, x, y, width, height, tolerance=0):
-        try:
-            wait_until(lambda: all(abs(a - b) <= tolerance for a, b in zip(self.geometry(), (x, y, width, height))),
-                       f"frame {x, y, width, height}", 10)
-        except AssertionError as error:
-            raise AssertionError(f"{error}; it is {self.geometry()}") from None
-
-    def signal(self, number):
-        """Sends a signal; the exit code."""
-        self.process.send_signal(number)
-        return self.process.wait(timeout=10)
-
-
-class SessionTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.desktop = cls.enterClassContext(Desktop(options.desktop))
-
-    def setUp(self):
-        folder = self.enterContext(tempfile.TemporaryDirectory(ignore_cleanup_errors=True))
-        self.enterContext(self.desktop.keeping_only_the_window_manager())
-        self.note = Note(self.desktop, folder)
-
-    def assert_pinned(self):
-        """Above the others, on every workspace, in no taskbar and pager."""
-        def missing():
-            states = self.desktop.prop("_NET_WM_STATE", self.note.window)
-            wanted = {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}
-            return wanted - set(states.split(", "))
-        wait_until(lambda: not missing(), "the states of a pinned note")
-        wait_until(lambda: self.desktop.prop("_NET_WM_DESKTOP", self.note.window) == str(0xFFFFFFFF), "every workspace")
-
-    def assert_stays_above(self, *companions):
-        """Raises each in turn; that it went over the one before shows that the raise was done."""
-        for below, above in zip(companions, companions[1:] + companions[:1]):
-            self.desktop.activate(above)
-            stack = wait_until(lambda: self.stack_if_above(below, above), "a companion is raised")
-            self.assertGreater(stack.index(self.note.window), stack.index(above), "a companion covers the note")
-
-    def stack_if_above(self, below, above):
-        stack = self.desktop.windows(stacked=True)
-        return stack if stack.index(above) > stack.index(below) else None
-
 
 class TestDaily(SessionTest):
     def test_first_start(self):
@@ -349,6 +222,17 @@ class TestAnyDesktop(SessionTest):
         self.note.start().type("x")
         self.note.wait_for_text("x")
 
+    def test_keys_of_the_menu(self):
+        self.note.start().type("one")
+        for keys, text in (("ctrl+a", "one"), ("ctrl+c", "one"), ("ctrl+v", "one"), ("ctrl+v", "oneone"),
+                           ("ctrl+z", "one"), ("ctrl+shift+z", "oneone"), ("ctrl+a", "oneone"), ("ctrl+x", "")):
+            self.desktop.xdotool("key", keys)
+            self.note.wait_for_text(text)
+        self.note.type("last")
+        self.desktop.xdotool("key", "ctrl+q")
+        self.assertEqual(self.note.process.wait(timeout=10), 0)
+        self.assertEqual(self.note.text(), "last")
+
     def test_folder_in_place_of_the_note(self):
         self.note.file.mkdir(parents=True)
         self.note.start().type("x")
@@ -380,9 +264,9 @@ def main():
     parser.add_argument("--list", action="store_true", help="print the names of the tests and end")
     parser.add_argument("names", nargs="*", help="class or Class.test; all by default")
     parser.parse_args(namespace=options)
-    cases = [TestDaily]
+    cases = [TestDaily, test_shell.TestHotKeys]
     if options.desktop == "openbox":
-        cases += [TestAnyDesktop, TestLostDisplay]
+        cases += [TestAnyDesktop, TestLostDisplay, test_shell.TestTray, test_shell.TestServices]
     loader = unittest.defaultTestLoader
     if options.list:
         print(*(f"{case.__name__}.{name}" for case in cases for name in loader.getTestCaseNames(case)), sep="\n")
@@ -390,8 +274,11 @@ def main():
     if not options.binary:
         parser.error("--binary is missing")
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that the desktop ends too
-    names = options.names or [case.__name__ for case in cases]
-    suite = loader.loadTestsFromNames(names, sys.modules[__name__])
+    by_name = {case.__name__: case for case in cases}
+    suite = unittest.TestSuite()
+    for name in options.names or by_name:
+        case, _, method = name.partition(".")
+        suite.addTests([by_name[case](method)] if method else loader.loadTestsFromTestCase(by_name[case]))
     result = unittest.TextTestRunner(verbosity=2).run(suite)
     if not result.wasSuccessful():
         return 1

@@ -1,0 +1,346 @@
+"""The program's place on the desktop: tray, hot keys, actions, wake, login."""
+
+import contextlib
+import json
+import os
+import re
+import signal
+import subprocess
+import time
+import unittest
+from pathlib import Path
+
+from desktop import wait_until
+from note import APPLICATION, NAME, PATH, SessionTest
+
+LOGIN = "org.freedesktop.login1"
+LOGIN_PATH = "/org/freedesktop/login1"
+DEBIAN_PYTHON = "/usr/bin/python3"  # has the modules of the packages
+SHOW, PIN = "ctrl+alt+n", "ctrl+alt+p"
+ITEM_BUTTON = (378, 14)  # inside the window, when it stands in the title bar
+MENU = [["Show / Hide Note", "Control+Alt+N", None], ["Keep on Top", "Control+Alt+P", True],
+        ["Show on Screen Wake", None, True], ["Start at Login", None, True], ["---"],
+        ["Check for Updates…", None, None], ["---"], ["Quit Quillberry", "Control+Q", None]]
+
+
+class ShellTest(SessionTest):
+    def setUp(self):
+        super().setUp()
+        self.companion = None
+
+    def start_beside_companion(self):
+        self.companion = self.desktop.companion("companion")
+        return self.note.start()
+
+    def wait_put_away(self):
+        self.note.wait_hidden()
+        if self.companion:
+            self.desktop.wait_active(self.companion, "the companion is active again")
+
+    def wait_forward(self):
+        self.desktop.wait_active(self.note.window, "the note is in front")
+
+    def press(self, *keys):
+        self.desktop.xdotool("key", *keys)
+
+    def setting(self, name):
+        with contextlib.suppress(FileNotFoundError):
+            return json.loads(self.note.settings.read_text()).get(name)
+        return None
+
+    def wait_setting(self, name, value):
+        wait_until(lambda: self.setting(name) is value, f"{name} is {value}", 10)
+
+    def start_helper(self, what, *command):
+        """A program from Debian's packages; the test is skipped without it."""
+        try:
+            process = self.desktop.spawn(*command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        except OSError as error:
+            raise unittest.SkipTest(f"{what}: {error}") from error
+        self.addCleanup(process.stdin.close)
+        self.addCleanup(process.stdout.close)
+        return process
+
+
+class TestHotKeys(ShellTest):
+    def test_from_anywhere(self):
+        """With every lock, in another layout, and with the keys' own repetition."""
+        self.start_beside_companion()
+        locks = (), ("Caps_Lock",), ("Num_Lock",), ("Caps_Lock", "Num_Lock")
+        for held in locks:
+            with self.subTest(held), contextlib.ExitStack() as unlock:
+                for lock in held:
+                    self.press(lock)
+                    unlock.callback(self.press, lock)
+                self.press(SHOW)
+                self.wait_put_away()
+                self.press(SHOW)
+                self.wait_forward()
+        self.addCleanup(self.desktop.run, "setxkbmap", "us")
+        for layout in "ru", "de", "fr":  # the same key has other letters
+            with self.subTest(layout):
+                self.desktop.run("setxkbmap", layout)
+                self.press_keys("Control_L", "Alt_L", "57")
+                self.wait_put_away()
+                self.press_keys("Control_L", "Alt_L", "57")
+                self.wait_forward()
+        self.desktop.xdotool("keydown", "ctrl", "keydown", "alt", "keydown", "57")
+        self.wait_put_away()
+        time.sleep(1)  # more than the time after which a held key repeats
+        self.assertFalse(self.desktop.is_viewable(self.note.window))
+        self.desktop.xdotool("keyup", "57", "keyup", "alt", "keyup", "ctrl")
+        self.press(SHOW)
+        self.wait_forward()
+
+    def press_keys(self, *keys):
+        down = [part for key in keys for part in ("keydown", key)]
+        self.desktop.xdotool(*down, *[part for key in reversed(keys) for part in ("keyup", key)])
+
+    def test_burst(self):
+        """Ten presses are ten actions, one after the other; nine more leave the other state."""
+        self.start_beside_companion()
+        self.press(*[SHOW] * 10, PIN)
+        self.wait_setting("pinned", False)
+        self.wait_forward()
+        self.press(*[SHOW] * 9, PIN)
+        self.wait_setting("pinned", True)
+        self.wait_put_away()
+
+    def test_other_modifiers(self):
+        self.start_beside_companion()
+        self.desktop.activate(self.companion)
+        for keys in "ctrl+alt+shift+n", "super+alt+n", "alt+n", "ctrl+n", "ctrl+alt+super+p":
+            self.press(keys)
+        self.press(PIN)  # takes its turn after them
+        self.wait_setting("pinned", False)
+        self.assertTrue(self.desktop.is_active(self.companion))
+        self.assertTrue(self.desktop.is_viewable(self.note.window))
+
+    def test_combination_that_another_program_holds(self):
+        ran, settings = self.note.folder / "ran", self.note.folder / "xbindkeysrc"
+        settings.write_text(f'"touch {ran}"\n  control+alt + n\n')
+        holder = self.start_helper("xbindkeys", "xbindkeys", "--nodaemon", "--file", str(settings))
+        wait_until(lambda: self.press(SHOW) or ran.exists(), "the other program has its key")
+        self.note.start()
+        self.press(SHOW, PIN)
+        self.wait_setting("pinned", False)
+        self.assertTrue(self.desktop.is_viewable(self.note.window))
+        self.note.perform("toggleWindow")
+        self.wait_put_away()
+        self.desktop.end(holder)
+        self.note.signal(signal.SIGTERM)
+        self.note.start()
+        self.press(SHOW)
+        self.wait_put_away()
+
+
+class TestTray(ShellTest):
+    def start_host(self):
+        host = self.start_helper("a host of notifier items", DEBIAN_PYTHON, str(Path(__file__).with_name("notifier_host.py")))
+        if host.stdout.readline() != "ready\n":
+            raise unittest.SkipTest("python3-dbus or python3-gi is not installed")
+        return host
+
+    @staticmethod
+    def tell(host, *command):
+        host.stdin.write(json.dumps(command) + "\n")
+        host.stdin.flush()
+        return json.loads(host.stdout.readline())
+
+    def test_notifier_host(self):
+        """It starts after the note, leaves, and starts again."""
+        self.start_beside_companion()
+        self.choose_in_title_bar("Keep on Top")
+        self.wait_setting("pinned", False)
+        for _ in range(2):
+            self.wait_forward()
+            host = self.start_host()
+            wait_until(lambda: self.tell(host, "items") == 1, "the item is in the tray")
+            self.assertEqual(self.tell(host, "property", "Id"), "Quillberry")
+            self.assertLessEqual({16, 22, 24, 32}, set(self.tell(host, "icon_sizes")))
+            self.tell(host, "press", "Keep on Top")
+            self.wait_setting("pinned", True)
+            self.assertEqual(self.tell(host, "menu"), MENU)
+            self.tell(host, "press", "Show on Screen Wake")
+            self.wait_setting("showOnWake", False)
+            self.assertEqual(self.tell(host, "menu")[2], ["Show on Screen Wake", None, False])
+            self.tell(host, "press", "Show on Screen Wake")
+            self.wait_setting("showOnWake", True)
+            self.tell(host, "activate")
+            self.wait_put_away()
+            self.tell(host, "activate")
+            self.wait_forward()
+            self.desktop.end(host)
+            self.choose_in_title_bar("Keep on Top")
+            self.wait_setting("pinned", False)
+        host = self.start_host()
+        wait_until(lambda: self.tell(host, "items") == 1, "the item is in the tray")
+        self.tell(host, "press", "Quit Quillberry")
+        self.assertEqual(self.note.process.wait(10), 0)
+
+    def popup(self):
+        """Whether the program shows a menu itself: a window of its own class that no window manager has."""
+        text = self.desktop.run("xwininfo", "-root", "-children")
+        windows = re.findall(r'(0x[0-9a-f]+) .*\("quillberry" "Quillberry"\)', text)
+        return any(all(state in self.desktop.run("xwininfo", "-id", window)
+                       for state in ("IsViewable", "Override Redirect State: yes")) for window in windows)
+
+    def open_in_title_bar(self):
+        """The menu, if the item's button is in the title bar; there a click on nothing does nothing."""
+        self.desktop.xdotool("mousemove", "--window", self.note.window, *ITEM_BUTTON, "click", 1)
+        with contextlib.suppress(AssertionError):
+            return wait_until(self.popup, "a menu", 1)
+        return False
+
+    def choose_in_title_bar(self, entry):
+        """With the pointer, then without it."""
+        wait_until(self.open_in_title_bar, "the item's button is in the title bar")
+        self.press("Escape")
+        self.wait_popup_closed()
+        self.press("F6", "space")
+        wait_until(self.popup, "the menu")
+        self.press(*["Down"] * (1 + [label for label, *_ in MENU].index(entry)), "Return")
+        self.wait_popup_closed()
+
+    def wait_popup_closed(self):
+        wait_until(lambda: not self.popup(), "the menu is closed")
+
+    def test_x11_tray(self):
+        settings = self.note.folder / "tint2rc"
+        settings.write_text("panel_items = S\npanel_size = 100% 32\nsystray_icon_size = 24\n")
+        self.start_beside_companion()
+        for _ in range(2):
+            tray = self.start_helper("tint2", "tint2", "-c", str(settings))
+            x, y = wait_until(self.place_in_tray, "the item is in the tray")
+            for settled in (self.wait_put_away, self.wait_forward) * 2:
+                self.desktop.xdotool("mousemove", x, y, "click", 1)
+                settled()
+            self.desktop.xdotool("click", 3)
+            wait_until(self.popup, "the menu")
+            self.press("Down", "Return")
+            self.wait_put_away()
+            self.desktop.end(tray)
+            self.press(SHOW)
+            self.wait_forward()
+            self.choose_in_title_bar("Show / Hide Note")
+            self.wait_put_away()
+            self.press(SHOW)
+            self.wait_forward()
+
+    def place_in_tray(self):
+        """The middle of the icon: a window of the program that another program has in its own."""
+        text = self.desktop.run("xwininfo", "-root", "-tree")
+        icon = re.search(r'"Quillberry": \("quillberry" "Quillberry"\)  (\d+)x(\d+)\+\S+  \+(\d+)\+(\d+)', text)
+        if not icon:
+            return None
+        width, height, x, y = map(int, icon.groups())
+        return (x + width // 2, y + height // 2) if 16 <= width <= 32 else None
+
+
+class TestServices(ShellTest):
+    def test_actions(self):
+        self.start_beside_companion()
+        self.note.perform("toggleWindow")
+        self.wait_put_away()
+        self.note.perform("toggleWindow")
+        self.wait_forward()
+        self.note.perform("togglePin")
+        self.wait_setting("pinned", False)
+        for action, parameter in (("showWindow", "[]"), ("", "[]"), ("toggleWindow", "[<true>]")):
+            with self.subTest(action, parameter=parameter), self.assertRaisesRegex(AssertionError, "InvalidArgs"):
+                self.note.perform(action, parameter)
+        with self.assertRaisesRegex(AssertionError, "NotSupported"):
+            self.desktop.call("session", NAME, PATH, f"{APPLICATION}.Open", "['file:///etc/passwd']", "{}")
+        self.assertTrue(self.desktop.is_active(self.note.window))
+        self.note.type("kept")
+        self.note.perform("terminate")
+        self.assertEqual(self.note.process.wait(10), 0)
+        self.assertEqual(self.note.text(), "kept")
+
+    def start_hidden(self):
+        self.note.start()
+        self.note.hide()
+
+    def test_signals_of_a_return(self):
+        """Each by itself brings the note forward, from services that start after it."""
+        for name, come_back in (("resume", self.resume), ("unlock", self.unlock), ("display", self.light_display),
+                                ("saver", self.end_screen_saver), ("X saver", self.end_x_screen_saver)):
+            with self.subTest(name):
+                self.start_hidden()
+                come_back()
+                self.wait_forward()
+                self.note.signal(signal.SIGTERM)
+
+    def login_manager(self):
+        """A login manager with one session of this user's."""
+        service = self.start_helper("dbusmock", DEBIAN_PYTHON, "-m", "dbusmock", "--system", "--template", "logind")
+        wait_until(lambda: self.is_there("org.freedesktop.login1") or service.poll() is not None, "a login manager")
+        if service.poll() is not None:
+            raise unittest.SkipTest("python3-dbusmock is not installed")
+        return service
+
+    def is_there(self, name):
+        return "true" in self.desktop.call("system", "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                           "org.freedesktop.DBus.NameHasOwner", name)
+
+    def mock(self, path, method, *arguments):
+        self.desktop.call("system", LOGIN, path, f"org.freedesktop.DBus.Mock.{method}", *arguments)
+
+    def resume(self):
+        service = self.login_manager()
+        self.mock(LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
+        self.wait_forward()
+        self.desktop.end(service)
+
+    def unlock(self):
+        service = self.login_manager()
+        self.mock(LOGIN_PATH, "AddSession", "1", "seat0", str(os.getuid()), "me", "true")
+        for locked in "true", "false":
+            self.mock(f"{LOGIN_PATH}/session/1", "UpdateProperties", f"{LOGIN}.Session",
+                      f"{{'LockedHint': <{locked}>}}")
+        self.wait_forward()
+        self.desktop.end(service)
+
+    def light_display(self):
+        for mode in 3, 0:
+            self.desktop.signal("session", "/org/gnome/Mutter/DisplayConfig",
+                                "org.freedesktop.DBus.Properties.PropertiesChanged", "org.gnome.Mutter.DisplayConfig",
+                                f"{{'PowerSaveMode': <{mode}>}}", "@as []")
+
+    def end_screen_saver(self):
+        for active in "true", "false":
+            self.desktop.signal("session", "/org/xfce/ScreenSaver", "org.xfce.ScreenSaver.ActiveChanged", active)
+
+    def end_x_screen_saver(self):
+        for state in "on", "activate", "reset":
+            self.desktop.run("xset", "s", state)
+
+    def test_resume_behind_a_locker(self):
+        self.start_hidden()
+        locker = self.start_helper("i3lock", "i3lock", "--nofork", "--color=202020")
+        wait_until(lambda: "i3lock" in self.desktop.run("xwininfo", "-root", "-tree"), "the locker")
+        self.press("x")  # it takes the keys
+        service = self.login_manager()
+        self.mock(LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
+        time.sleep(1.5)  # more than the time after which a resume shows the note
+        self.assertFalse(self.desktop.is_viewable(self.note.window))
+        self.desktop.end(locker)
+        self.wait_forward()
+        self.desktop.end(service)
+
+    def test_start_at_login(self):
+        self.start_beside_companion()
+        entry = self.note.folder / f"config/autostart/{NAME}.desktop"
+        self.note.hide()
+        subprocess.run(["gio", "launch", entry], env=self.note.environment, timeout=20, check=True)
+        self.wait_forward()  # what the entry starts is this program
+        self.note.perform("toggleLaunchAtLogin")
+        wait_until(lambda: "Hidden=true" in entry.read_text(), "the entry is off")
+        self.note.perform("toggleLaunchAtLogin")
+        wait_until(lambda: "Hidden=false" in entry.read_text(), "the entry is on")
+        self.note.signal(signal.SIGTERM)
+        entry.unlink()
+        self.note.start()
+        self.note.perform("togglePin")
+        self.wait_setting("pinned", False)
+        self.assertFalse(entry.exists(), "it is offered once")

@@ -21,7 +21,7 @@ struct Handler {
 
 /// For the whole run: neither a handler nor a hot key is ever taken back.
 struct Registry {
-  std::vector<Handler> handlers;
+  std::vector<Handler> handlers;  ///< the last that was installed comes first
   std::vector<std::unique_ptr<RegisteredHotKey>> hotKeys;
 };
 
@@ -36,7 +36,8 @@ EventTargetRef GetApplicationEventTarget() { return nullptr; }
 
 OSStatus InstallEventHandler(EventTargetRef /*target*/, EventHandlerUPP handler, std::size_t /*typeCount*/,
                              const EventTypeSpec* /*types*/, void* userData, EventHandlerRef* outHandler) {
-  registry().handlers.push_back({handler, userData});
+  auto& handlers = registry().handlers;
+  handlers.insert(handlers.begin(), {handler, userData});
   if (outHandler != nullptr) *outHandler = nullptr;
   return noErr;
 }
@@ -49,12 +50,12 @@ OSStatus RegisterEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers, Eve
   return noErr;
 }
 
-// The last handler that was installed is asked first, and the last one asked is one that took the event.
+// The last one asked is one that took the event.
 void sendHotKeyEvent(std::optional<EventHotKeyID> hotKeyId) {
   const HotKeyEvent event{hotKeyId};
-  const auto handlers = registry().handlers;
-  for (auto handler = handlers.rbegin(); handler != handlers.rend(); ++handler) {
-    if (handler->function(nullptr, &event, handler->userData) == noErr) return;
+  const auto handlers = registry().handlers;  // a copy: a handler may install another one
+  for (const Handler& handler : handlers) {
+    if (handler.function(nullptr, &event, handler.userData) == noErr) return;
   }
 }
 

@@ -1,15 +1,17 @@
 #include "platform/desktop/appcast.h"
 
+#include <QVersionNumber>
 #include <QXmlStreamReader>
 #include <algorithm>
 #include <functional>
 #include <utility>
 #include <vector>
 
+#include "platform/process_info.h"
+
 namespace platform::desktop {
 namespace {
 
-constexpr QStringView systemVersion = u"13.0.0";  // what the platform answers when it is asked
 constexpr QStringView systemName = u"linux";
 
 struct Enclosure {
@@ -97,12 +99,18 @@ QUrl firstPage(std::initializer_list<QString> addresses) {
   return {};
 }
 
+bool systemIsAtLeast(const QString& version) {
+  const auto numbers = QVersionNumber::fromString(version);
+  return NSProcessInfo::isOperatingSystemAtLeastVersion(
+      {numbers.majorVersion(), numbers.minorVersion(), numbers.microVersion()});
+}
+
 /// The release that the item is here, if it is one.
 std::optional<Release> releaseOf(const Item& item, const QString& channelLink) {
   const auto enclosure =
       std::find_if(item.enclosures.begin(), item.enclosures.end(), std::mem_fn(&Enclosure::runsHere));
   const bool runsHere = item.enclosures.empty() || enclosure != item.enclosures.end();
-  if (!runsHere || item.forSomeUsers || compareVersions(item.minimumSystem, systemVersion) > 0) return std::nullopt;
+  if (!runsHere || item.forSomeUsers || !systemIsAtLeast(item.minimumSystem)) return std::nullopt;
 
   Release release = item.release;
   if (enclosure != item.enclosures.end()) {

@@ -169,7 +169,7 @@ void NoteFrame::setContent(QWidget& content) {
 }
 
 void NoteFrame::setVisible(bool visible) {
-  if (!visible && onAboutToHide) onAboutToHide();
+  if (!visible && isVisible() && onAboutToHide) onAboutToHide();
   QWidget::setVisible(visible);
 }
 

@@ -88,7 +88,9 @@ void FeedFetcher::takeBytes() {
 }
 
 void FeedFetcher::replyFinished() {
-  if (reply_->error() != QNetworkReply::NoError) return fail(reply_->errorString());
+  if (reply_->error() != QNetworkReply::NoError) {
+    return fail(QStringLiteral("The connection failed: %1").arg(reply_->errorString()));
+  }
   leaveReply();
   answer({bytes_, {}});
 }

@@ -84,7 +84,8 @@ QIcon symbolIcon(std::string_view name, const QColor& colour) {
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     // Whole pixels stay sharp: an icon between two multiples is the smaller one with room around it.
-    draw(*symbol, painter, QPointF(side, side) / 2, side / iconSide, pen);
+    const int scale = side / iconSide;
+    draw(*symbol, painter, QPointF(side, side) / 2, scale, pen);
     painter.end();
     icon.addPixmap(pixmap);
   }

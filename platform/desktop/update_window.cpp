@@ -18,18 +18,18 @@ constexpr int notesHeight = 10;   // lines
 constexpr int longestName = 40;   // characters: a version
 constexpr int longestLine = 200;  // a title, a reason
 constexpr int longestNotes = 4000;
-constexpr int longestMarkup = 32'000;                // HTML that is turned into notes
+constexpr int longestRead = 32'000;                  // of what is shortened further
 constexpr Placement placement{.aboveOthers = true};  // for a pinned note is above others, too
 
 QString cutTo(int length, const QString& text) {
   return text.size() <= length ? text : text.left(length - 1) + QChar(u'…');
 }
 
-QString line(int length, const QString& text) { return cutTo(length, text.left(qsizetype{2} * length).simplified()); }
+QString line(int length, const QString& text) { return cutTo(length, text.left(longestRead).simplified()); }
 
 /// What the feed says is new, without its markup and its pictures.
 QString plainNotes(const QString& notes) {
-  const QString text = notes.left(longestMarkup);
+  const QString text = notes.left(longestRead);
   QString plain = Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
   plain.remove(QChar::ObjectReplacementCharacter);
   return cutTo(longestNotes, plain.trimmed());

@@ -38,12 +38,12 @@ void AppDelegate::applicationDidFinishLaunching() {
   applyPin();
   registerAtFirstLaunch();
   showWindow();
-  // To come: the first-run welcome.
+  showWelcomeIfFirstRun();
 }
 
 void AppDelegate::applicationWillTerminate() { saveNow(); }
 
-bool AppDelegate::perform(Selector action, NSObject* /*sender*/) {
+bool AppDelegate::perform(Selector action, NSObject* sender) {
   struct Action {
     Selector selector;
     void (AppDelegate::*run)();
@@ -55,7 +55,12 @@ bool AppDelegate::perform(Selector action, NSObject* /*sender*/) {
       Action{{"toggleShowOnWake"}, &AppDelegate::toggleShowOnWake},
       Action{{"toggleLaunchAtLogin"}, &AppDelegate::toggleLaunchAtLogin},
       Action{{"screenWoke"}, &AppDelegate::screenWoke},
+      Action{{"dismissWelcome"}, &AppDelegate::dismissWelcome},
   };
+  if (action == Selector{"showInfo"}) {
+    showInfo(sender);
+    return true;
+  }
   for (const Action& candidate : actions) {
     if (candidate.selector != action) continue;
     (this->*candidate.run)();

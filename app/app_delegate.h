@@ -17,6 +17,7 @@
 #include "platform/window.h"
 
 namespace platform {
+class NSImageView;
 class NSPopover;
 }  // namespace platform
 
@@ -80,6 +81,14 @@ class AppDelegate final : public platform::NSObject,
   void toggleLaunchAtLogin();
   /// The check mark tells what the login-item service says now.
   void showLoginItemStatus();
+
+  void showWelcomeIfFirstRun();
+  void presentWelcome();
+  void dismissWelcome();
+  /// The program's mark, `side` points wide and high.
+  static std::shared_ptr<platform::NSImageView> makeLogoMark(double side);
+  /// Lists the shortcuts in a popover at the button that was clicked.
+  static void showInfo(platform::NSObject* sender);
 
   std::shared_ptr<AppDelegate> self();
 

@@ -59,11 +59,11 @@ std::shared_ptr<NoteTextView> makeTextView(NSSize contentSize) {
   return view;
 }
 
-/// To come: the shortcuts popover; until then the button has no action and is disabled.
-std::shared_ptr<NSButton> makeInfoButton(NSRect contentBounds) {
-  auto button = NSButton::buttonWithImage(NSImage::imageWithSystemSymbolName("info.circle", "Shortcuts"), {}, {});
+std::shared_ptr<NSButton> makeInfoButton(NSRect contentBounds, const std::weak_ptr<NSObject>& target) {
+  const auto image = NSImage::imageWithSystemSymbolName("info.circle", "Shortcuts");
+  auto button = NSButton::buttonWithImage(image, target, {"showInfo"});
   button->setBordered(false);
-  button->setContentTintColor(NSColor::tertiaryLabelColor);
+  button->setContentTintColor(NSColor::tertiaryLabelColor());
   button->sizeToFit();
   const NSRect frame = button->frame();
   button->setFrameOrigin({contentBounds.maxX() - frame.size.width - infoButtonRightMargin,
@@ -81,7 +81,7 @@ void AppDelegate::buildNoteWindow() {
   textView = makeTextView(scrollView->contentSize());
   scrollView->setDocumentView(textView);
   content.addSubview(scrollView);
-  content.addSubview(makeInfoButton(content.bounds()));
+  content.addSubview(makeInfoButton(content.bounds(), self()));
   NSNotificationCenter::defaultCenter().addObserver(weak_from_this(), {"textChanged"}, NSTextDidChangeNotification,
                                                     textView);
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/geometry.h"
+#include "platform/layout.h"
 #include "platform/object.h"
 
 namespace platform {
@@ -36,8 +37,22 @@ class NSView : public NSObject {
   /// The sum of NSAutoresizingMask bits. With several that are flexible on one axis, they share evenly.
   void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
 
+  NSLayoutAnchor widthAnchor() { return {this, NSLayoutAttributeWidth}; }
+  NSLayoutAnchor heightAnchor() { return {this, NSLayoutAttributeHeight}; }
+  NSLayoutAnchor topAnchor() { return {this, NSLayoutAttributeTop}; }
+  NSLayoutAnchor bottomAnchor() { return {this, NSLayoutAttributeBottom}; }
+  NSLayoutAnchor leadingAnchor() { return {this, NSLayoutAttributeLeading}; }
+  NSLayoutAnchor trailingAnchor() { return {this, NSLayoutAttributeTrailing}; }
+  /// False: the view is placed by constraints, in a popover. True, the default: by frames and masks, in a window.
+  void setTranslatesAutoresizingMaskIntoConstraints(bool translates) { placedByFrame_ = translates; }
+  bool translatesAutoresizingMaskIntoConstraints() const { return placedByFrame_; }
+  /// Those that are active and have an anchor of this view first.
+  const std::vector<NSLayoutConstraint>& constraints() const { return constraints_; }
+
   /// Puts `view` into this one, above the subviews that are there. This view keeps it.
   void addSubview(std::shared_ptr<NSView> view);
+
+  const std::vector<std::shared_ptr<NSView>>& subviews() const { return subviews_; }
 
   /// What the platform keeps for this view; opaque to everybody else.
   struct Native;
@@ -45,10 +60,11 @@ class NSView : public NSObject {
 
  protected:
   NSView(NSRect frame, std::shared_ptr<Native> native);
-  const std::vector<std::shared_ptr<NSView>>& subviews() const { return subviews_; }
   void setFrameSize(NSSize size) { setFrame({frame_.origin, size}); }
 
  private:
+  friend struct NSLayoutConstraint;
+
   NSRect frameAfterResize(NSSize before, NSSize now) const;
   // A platform's part of the calls above.
   void showFrame();
@@ -57,6 +73,8 @@ class NSView : public NSObject {
 
   NSRect frame_;
   unsigned autoresizingMask_ = NSViewNotSizable;
+  bool placedByFrame_ = true;
+  std::vector<NSLayoutConstraint> constraints_;
   NSView* superview_ = nullptr;
   std::shared_ptr<Native> native_;
   std::vector<std::shared_ptr<NSView>> subviews_;

@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGuiApplication>
+#include <QScreen>
 #include <cmath>
 
 namespace platform::desktop {
@@ -12,6 +13,8 @@ namespace {
 constexpr double secondaryShare = 0.68;
 constexpr double tertiaryShare = 0.55;
 constexpr double hairlineShare = 0.22;
+constexpr double popoverShare = 0.015;
+constexpr double typographicPointsPerInch = 72;
 
 QColor mixed(const QPalette& palette, double shareOfText) {
   const QColor text = palette.color(QPalette::Text);
@@ -22,34 +25,65 @@ QColor mixed(const QPalette& palette, double shareOfText) {
 }
 
 /// Emoji come in colour where the desktop has such a font, and not from a text font that has some of them.
-QFont withColourEmoji(QFont font, int pixelSize, QFont::Weight weight) {
+void addColourEmoji(QFont& font) {
   // The family by its own name: behind an alias, the emoji font would give spaces and digits too.
   font.setFamilies({QFontInfo(font).family(), QStringLiteral("Noto Color Emoji")});
-  font.setPixelSize(pixelSize);
-  font.setWeight(weight);
-  return font;
+}
+
+QFont::Weight toWeight(NSFontWeight weight) {
+  switch (weight) {
+    case NSFontWeight::Semibold:
+      return QFont::DemiBold;
+    case NSFontWeight::Bold:
+      return QFont::Bold;
+    case NSFontWeight::Regular:
+      break;
+  }
+  return QFont::Normal;
+}
+
+/// As people see it, from 0 to 1.
+double luminance(const QColor& color) {
+  const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
 }  // namespace
 
 QFont toQFont(const NSFont& font) {
-  return withColourEmoji(QFontDatabase::systemFont(QFontDatabase::FixedFont),
-                         static_cast<int>(std::lround(font.pointSize)), QFont::Normal);
+  QFont face = font.monospaced ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QGuiApplication::font();
+  addColourEmoji(face);
+  // Pixel sizes are whole numbers; the size in typographic points may be a fraction.
+  face.setPointSizeF(font.pointSize * typographicPointsPerInch /
+                     QGuiApplication::primaryScreen()->logicalDotsPerInchY());
+  face.setWeight(toWeight(font.weight));
+  return face;
 }
 
-QFont systemFont(int pixelSize, QFont::Weight weight) {
-  return withColourEmoji(QGuiApplication::font(), pixelSize, weight);
-}
-
-QColor toQColor(NSColor color, const QPalette& palette) {
-  switch (color) {
-    case NSColor::tertiaryLabelColor:
+QColor toQColor(const NSColor& color, const QPalette& palette) {
+  switch (color.role) {
+    case NSColor::Role::Label:
+      return palette.color(QPalette::Text);
+    case NSColor::Role::SecondaryLabel:
+      return secondaryTextColor(palette);
+    case NSColor::Role::TertiaryLabel:
       return mixed(palette, tertiaryShare);
+    case NSColor::Role::None:
+      break;
   }
-  return palette.color(QPalette::Text);
+  return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                          static_cast<float>(color.blue), static_cast<float>(color.alpha));
 }
 
 QColor secondaryTextColor(const QPalette& palette) { return mixed(palette, secondaryShare); }
+QColor popoverColor(const QPalette& palette) { return mixed(palette, popoverShare); }
+
+QColor textColorOn(const QColor& background) {
+  // The contrast with black is (L + 0.05) / 0.05, with white 1.05 / (L + 0.05).
+  const double lightness = luminance(background) + 0.05;
+  return lightness / 0.05 >= 1.05 / lightness ? Qt::black : Qt::white;
+}
+
 QColor hairlineColor(const QPalette& palette) { return mixed(palette, hairlineShare); }
 
 }  // namespace platform::desktop

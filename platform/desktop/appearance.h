@@ -11,12 +11,14 @@
 namespace platform::desktop {
 
 QFont toQFont(const NSFont&);
-/// The system font at `pixelSize` device-independent pixels.
-QFont systemFont(int pixelSize, QFont::Weight);
 
-QColor toQColor(NSColor, const QPalette&);
+QColor toQColor(const NSColor&, const QPalette&);
 /// For text beside the note's own: readable (4.5 : 1), but behind it.
 QColor secondaryTextColor(const QPalette&);
+/// Of a popover, hardly set apart from the note.
+QColor popoverColor(const QPalette&);
+/// Dark or light, whichever is read better on that background.
+QColor textColorOn(const QColor& background);
 /// For lines that part one surface from another.
 QColor hairlineColor(const QPalette&);
 

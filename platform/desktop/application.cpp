@@ -72,6 +72,7 @@ struct Shared {
   desktop::RequestQueue* requests = nullptr;
   desktop::GlobalKeys* globalKeys = nullptr;
   bool owesFocus = false;
+  std::vector<QPointer<QWidget>> hiddenWindows;  ///< with the program, with which they come back
   bool firstFrameDrawn = false;
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> afterFirstFrame;
   QList<QAction*> mainMenuCommands;
@@ -202,19 +203,26 @@ std::shared_ptr<NSWindow> NSApplication::keyWindow() const { return desktop::key
 std::shared_ptr<NSApplicationDelegate> NSApplication::delegate() const { return impl_->delegate.lock(); }
 
 void NSApplication::activateIgnoringOtherApps(bool /*ignoringOthers*/) {
+  for (const auto& window : std::exchange(shared.hiddenWindows, {})) {
+    if (!window.isNull()) window->show();
+  }
   for (QWidget* const window : visibleWindows()) {
     if (window->windowType() == Qt::Window) impl_->windowSystem->activate(*window);
   }
 }
 
 void NSApplication::hide(NSObject* /*sender*/) {
-  for (QWidget* const window : visibleWindows()) window->hide();
+  for (QWidget* const window : visibleWindows()) {
+    if (window->windowType() != Qt::Popup) shared.hiddenWindows.emplace_back(window);
+    window->hide();
+  }
   if (std::exchange(shared.owesFocus, false)) impl_->windowSystem->activatePreviousProgram();
 }
 
 namespace desktop {
 
 WindowSystem& windowSystem() { return *shared.windowSystem; }
+void hideProgram() { NSApplication::sharedApplication()->hide(nullptr); }
 RequestQueue& requests() { return *shared.requests; }
 GlobalKeys& globalKeys() { return *shared.globalKeys; }
 QList<QAction*> mainMenuCommands() { return shared.mainMenuCommands; }

@@ -1,12 +1,15 @@
 #include "platform/button.h"
 
+#include "platform/desktop/appearance.h"
 #include "platform/desktop/native_view.h"
+#include "platform/desktop/push_button.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/symbol_button.h"
 #include "platform/desktop/symbols.h"
 
 namespace platform {
 
+using desktop::PushButton;
 using desktop::SymbolButton;
 
 NSButton::NSButton(std::optional<NSImage> image, std::weak_ptr<NSObject> target, Selector action,
@@ -20,7 +23,18 @@ std::shared_ptr<NSButton> NSButton::buttonWithImage(const std::optional<NSImage>
   std::shared_ptr<NSButton> button(new NSButton(image, target, action, std::make_shared<Native>(std::move(widget))));
   button->setImage(image);
   symbol->setEnabled(bool(action));
-  QObject::connect(symbol, &QAbstractButton::clicked, [pressed = button.get()] { pressed->click(); });
+  QObject::connect(symbol, &QAbstractButton::clicked, [pressed = button.get()] { pressed->performClick(nullptr); });
+  return button;
+}
+
+std::shared_ptr<NSButton> NSButton::buttonWithTitle(std::string_view title, const std::weak_ptr<NSObject>& target,
+                                                    Selector action) {
+  auto widget = std::make_unique<PushButton>(desktop::toQString(title));
+  PushButton* const push = widget.get();
+  std::shared_ptr<NSButton> button(
+      new NSButton(std::nullopt, target, action, std::make_shared<Native>(std::move(widget))));
+  button->title_ = title;
+  QObject::connect(push, &QAbstractButton::clicked, [pressed = button.get()] { pressed->performClick(nullptr); });
   return button;
 }
 
@@ -35,17 +49,22 @@ void NSButton::setBordered(bool /*bordered*/) {
   // A button that is a symbol never has a border.
 }
 
-void NSButton::setContentTintColor(NSColor color) { static_cast<SymbolButton&>(*native().widget).setTint(color); }
+void NSButton::setContentTintColor(const NSColor& color) {
+  tint_ = color;
+  QWidget& widget = *native().widget;
+  if (auto* const symbol = dynamic_cast<SymbolButton*>(&widget)) symbol->setTint(color);
+  if (auto* const push = dynamic_cast<PushButton*>(&widget)) push->setFace(desktop::toQColor(color, widget.palette()));
+}
 
 void NSButton::sizeToFit() { setFrameSize(image_.value_or(NSImage()).size()); }
 
 std::optional<NSImage> NSImage::imageWithSystemSymbolName(std::string_view name,
                                                           std::string_view accessibilityDescription) {
   if (!desktop::symbolExists(name)) return std::nullopt;
-  return NSImage{std::string(name), std::string(accessibilityDescription)};
+  return NSImage{std::string(name), std::string(accessibilityDescription), false, nullptr, {}};
 }
 
-void NSButton::click() {
+void NSButton::performClick(NSObject* /*sender*/) {
   if (const auto target = target_.lock()) target->perform(action_, this);
 }
 

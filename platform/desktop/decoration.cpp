@@ -7,9 +7,11 @@
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "platform/desktop/appearance.h"
+#include "platform/desktop/desktop.h"
 
 namespace platform::desktop {
 namespace {
@@ -56,7 +58,7 @@ void TitleBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   // Text that scrolls up here would be read through the title.
   painter.fillRect(rect(), palette().base());
-  painter.setFont(systemFont(titleSize, QFont::DemiBold));
+  painter.setFont(toQFont(NSFont::systemFontOfSize(titleSize, NSFontWeight::Semibold)));
   painter.setPen(secondaryTextColor(palette()));
   const int buttonRoom = closeButtonMargin + closeButton_.width();
   const int sides = (itemButton_ != nullptr ? 2 * buttonRoom : buttonRoom) + closeButtonMargin;
@@ -156,6 +158,19 @@ NoteFrame* NoteFrame::first() {
   return nullptr;
 }
 
+void NoteFrame::adopt(QWidget& window) {
+  const NoteFrame* const owner = first();
+  window.winId();  // makes its native window
+  window.windowHandle()->setTransientParent(owner != nullptr && owner->isVisible() ? owner->windowHandle() : nullptr);
+}
+
+void NoteFrame::takeBackFrom(QWidget& window) {
+  const bool hadKeyboard = windowSystem().isActive(window);
+  window.hide();
+  NoteFrame* const owner = first();
+  if (hadKeyboard && owner != nullptr && owner->isVisible()) windowSystem().activate(*owner);
+}
+
 void NoteFrame::setContent(QWidget& content) {
   content_ = &content;
   content.setParent(this);
@@ -175,7 +190,9 @@ void NoteFrame::setVisible(bool visible) {
 
 void NoteFrame::toggleZoom() {
   if (isMaximized()) {
+    // Some window managers maximise a window that they find as large as the screen.
     showNormal();
+    if (beforeZoom_) setGeometry(*beforeZoom_);
   } else if (isZoomed()) {
     setGeometry(*beforeZoom_);
   } else {
@@ -187,7 +204,9 @@ void NoteFrame::toggleZoom() {
 QRect NoteFrame::unzoomedGeometry() const { return isZoomed() ? *beforeZoom_ : geometry(); }
 
 /// A window that was zoomed and then moved or resized is not zoomed any more.
-bool NoteFrame::isZoomed() const { return beforeZoom_ && geometry() == screen()->availableGeometry(); }
+bool NoteFrame::isZoomed() const {
+  return beforeZoom_ && (isMaximized() || geometry() == screen()->availableGeometry());
+}
 
 void NoteFrame::closeEvent(QCloseEvent* event) {
   event->ignore();
@@ -211,6 +230,19 @@ void NoteFrame::keyPressEvent(QKeyEvent* event) {
   } else if (onUnusedKey) {
     onUnusedKey(*event);
   }
+}
+
+bool NoteFrame::focusNextPrevChild(bool next) {
+  QWidgetList stops{focusProxy() != nullptr ? focusProxy() : this};
+  for (auto* const button : findChildren<QAbstractButton*>()) {
+    if (button->isVisible() && button->isEnabled() && button->focusPolicy() != Qt::NoFocus) stops.append(button);
+  }
+  std::sort(stops.begin() + 1, stops.end(), [this](const QWidget* a, const QWidget* b) {
+    return a->mapTo(this, QPoint()).x() < b->mapTo(this, QPoint()).x();
+  });
+  const auto current = std::max<qsizetype>(0, stops.indexOf(focusWidget()));
+  stops[(current + (next ? 1 : stops.size() - 1)) % stops.size()]->setFocus(Qt::TabFocusReason);
+  return true;
 }
 
 void NoteFrame::changeEvent(QEvent* event) {

@@ -83,6 +83,11 @@ class NoteFrame : public QWidget {
 
   /// The window that was made first; null if there is none.
   static NoteFrame* first();
+  /// Lets another window of the program, not yet shown, belong to this one while this one is shown: window managers
+  /// keep it above.
+  static void adopt(QWidget& window);
+  /// Closes such a window. If it had the keyboard, this one gets it, should it be shown.
+  static void takeBackFrom(QWidget& window);
 
   /// Makes the window as large as the screen's free room, or again what it was. By its geometry: not every window
   /// manager maximises a window of an accessory program.
@@ -102,6 +107,8 @@ class NoteFrame : public QWidget {
   void moveEvent(QMoveEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
+  /// From the text to the buttons from left to right, and back to the text.
+  bool focusNextPrevChild(bool next) override;
 
  private:
   bool isZoomed() const;

@@ -4,6 +4,7 @@
 #include <QList>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/desktop/global_keys.h"
@@ -25,6 +26,13 @@ QRect toToolkit(NSRect);
 /// What the user asks for from outside the program's windows.
 RequestQueue& requests();
 GlobalKeys& globalKeys();
+
+/// What hiding the application does.
+void hideProgram();
+
+/// Where the status item whose button this is has its place, in the toolkit's global coordinates; none if it is in no
+/// tray, or the view is another one.
+std::optional<QRect> placeInTray(const NSView& button);
 
 /// Runs `work` once the first frame has been drawn, or soon if it has; not if `context` is gone by then.
 void afterFirstFrame(QObject& context, std::function<void()> work);

@@ -15,6 +15,16 @@ namespace platform {
 using desktop::NoteFrame;
 using desktop::ToolkitMenu;
 
+namespace {
+
+/// The one item that a program has, while it looks for trays.
+struct Shown {
+  const NSView* button = nullptr;
+  const desktop::Tray* tray = nullptr;
+} shown;
+
+}  // namespace
+
 struct NSStatusItem::Impl {
   std::shared_ptr<NSButton> button = NSButton::buttonWithImage(std::nullopt, {}, {});
   std::shared_ptr<NSMenu> menu;
@@ -30,6 +40,7 @@ struct NSStatusItem::Impl {
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
   ~Impl() {
+    shown = {};
     if (NoteFrame* const frame = NoteFrame::first()) frame->setItemButton(nullptr);
   }
 
@@ -39,9 +50,12 @@ struct NSStatusItem::Impl {
     if (toolkitMenu) toolkitMenu->menu().popup(buttonWidget().mapToGlobal(buttonWidget().rect().bottomLeft()));
   }
 
-  void setMenu(const std::shared_ptr<NSMenu>& shown) {
-    menu = shown;
+  void setMenu(const std::shared_ptr<NSMenu>& opened) {
+    menu = opened;
     toolkitMenu.emplace(menu);
+    // Whoever came to the button by its key goes on typing.
+    QObject::connect(&toolkitMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
+                     [this] { buttonWidget().window()->setFocus(); });
     desktop::offerToOtherPrograms(menu);
     // Nobody needs the tray to see the note, and to find one takes the bus.
     desktop::afterFirstFrame(whileThere, [this] {
@@ -50,6 +64,7 @@ struct NSStatusItem::Impl {
       };
       tray.emplace(button->image(), toolkitMenu->menu(), performFirstItem,
                    [this](bool inTray) { placeButton(inTray); });
+      shown = {button.get(), &*tray};
     });
   }
 
@@ -61,6 +76,10 @@ struct NSStatusItem::Impl {
 
 NSStatusItem::NSStatusItem() : impl_(std::make_unique<Impl>()) {}
 NSStatusItem::~NSStatusItem() = default;
+
+std::optional<QRect> desktop::placeInTray(const NSView& button) {
+  return &button == shown.button ? shown.tray->place() : std::nullopt;
+}
 
 NSStatusBar& NSStatusBar::systemStatusBar() {
   static NSStatusBar bar;

@@ -13,15 +13,16 @@ class SymbolButton : public QAbstractButton {
   SymbolButton();
 
   void setSymbol(std::string symbolName, const QString& accessibleName);
-  void setTint(NSColor tint);
+  void setTint(const NSColor& tint);
   QSize sizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   std::string symbolName_;
-  NSColor tint_ = NSColor::tertiaryLabelColor;
+  NSColor tint_ = NSColor::tertiaryLabelColor();
 };
 
 }  // namespace platform::desktop

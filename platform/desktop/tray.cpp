@@ -1,5 +1,8 @@
 #include "platform/desktop/tray.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
 #include <utility>
 
 #include "platform/application_metadata.h"
@@ -10,7 +13,9 @@ namespace platform::desktop {
 namespace {
 
 // Panels are light or dark whatever the desktop's palette is: 3 : 1 and more on white and on a panel of #303030.
-const QColor colourForAnyPanel(0x80, 0x80, 0x80);
+const QColor colourForAnyPanel(0x88, 0x88, 0x88);
+
+constexpr int distanceFromEnd = 24;  // of the screen, in points
 
 /// Hosts of notifier items draw a symbolic icon from the theme in their own colours.
 QIcon iconFor(const std::optional<NSImage>& image, TrayHosts::Kind kind) {
@@ -46,6 +51,19 @@ void Tray::hostsChanged() {
     showItem(*kind_);
   }
   onChange_(present);
+}
+
+std::optional<QRect> Tray::place() const {
+  if (!item_) return std::nullopt;
+  const QRect told = item_->geometry();
+  if (!told.isEmpty()) return told;
+  const QScreen& screen = *QGuiApplication::primaryScreen();
+  const QRect whole = screen.geometry();
+  const QRect room = screen.availableGeometry();
+  const bool panelBelow = room.bottom() < whole.bottom() && room.top() == whole.top();
+  const int end = QGuiApplication::isRightToLeft() ? whole.left() + distanceFromEnd : whole.right() - distanceFromEnd;
+  return panelBelow ? QRect(QPoint(end, room.bottom() + 1), QPoint(end, whole.bottom()))
+                    : QRect(QPoint(end, whole.top()), QPoint(end, std::max(whole.top(), room.top() - 1)));
 }
 
 void Tray::showItem(TrayHosts::Kind kind) {

@@ -21,6 +21,10 @@ class Tray {
   Tray(const Tray&) = delete;
   Tray& operator=(const Tray&) = delete;
 
+  /// Where the item is: its own place where the tray tells it, else the end of the panel, or of the screen; none while
+  /// there is no tray.
+  std::optional<QRect> place() const;
+
  private:
   void hostsChanged();
   void showItem(TrayHosts::Kind kind);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/application_metadata.h"
+#include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/strings.h"
 
@@ -71,18 +72,33 @@ UpdateWindow::UpdateWindow(UpdateSource source) : source_(std::move(source)) {
 }
 
 void UpdateWindow::check() {
+  interrupted_ = false;
   if (!request_) ask();
+  addActions(mainMenuCommands());
   if (!isVisible()) {
     windowSystem().prepareToShow(*this, placement);
+    NoteFrame::adopt(*this);
     show();
     windowSystem().place(*this, placement);
   }
   windowSystem().activate(*this);
 }
 
+void UpdateWindow::done(int result) {
+  NoteFrame::takeBackFrom(*this);
+  QDialog::done(result);
+}
+
 void UpdateWindow::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
-  if (!event->spontaneous()) request_.reset();
+  if (event->spontaneous()) return;
+  interrupted_ = request_ != nullptr;
+  request_.reset();
+}
+
+void UpdateWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (std::exchange(interrupted_, false)) ask();  // it was hidden with the program, and came back
 }
 
 void UpdateWindow::ask() {

@@ -27,9 +27,11 @@ class UpdateWindow : public QDialog {
 
   /// Shows the window in front and asks, if that is not under way.
   void check();
+  void done(int result) override;
 
  protected:
   void hideEvent(QHideEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void ask();
@@ -52,6 +54,7 @@ class UpdateWindow : public QDialog {
   QPushButton openPage_;
   QPushButton close_;
   std::unique_ptr<FeedRequest> request_;  ///< while it is under way
+  bool interrupted_ = false;              ///< it was under way when the window was hidden
 };
 
 }  // namespace platform::desktop

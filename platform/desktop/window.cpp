@@ -85,7 +85,9 @@ struct NSWindow::Impl {
     if (keepFrameLater.isActive()) keepFrame();
   }
 
+  /// Escape puts the note away from every control in it.
   void passToFirstResponder(QKeyEvent& key) {
+    if (key.key() != Qt::Key_Escape) return;
     auto* const editor =
         firstResponder == nullptr ? nullptr : dynamic_cast<desktop::NoteEditor*>(firstResponder->native().widget.get());
     if (editor != nullptr && !editor->hasFocus() && editor->onKey) editor->onKey(key);
@@ -139,8 +141,9 @@ void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
     windowSystem().prepareToShow(frame, impl_->placement);
     frame.addActions(desktop::mainMenuCommands());
     frame.show();
-    windowSystem().place(frame, impl_->placement);
   }
+  // To where the user is: not every window manager leads the user to a window on another workspace.
+  windowSystem().place(frame, impl_->placement);
   windowSystem().activate(frame);
 }
 

@@ -18,6 +18,7 @@ class PlainWindowSystem : public WindowSystem {
   void prepareToHide(QWidget& /*window*/) override {}
   bool isActive(const QWidget& window) override { return window.isActiveWindow(); }
   bool isSettled() const override { return true; }
+  bool isComposited() override { return true; }
   void activatePreviousProgram() override {}
 };
 

@@ -102,6 +102,12 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     return active_ == XCB_NONE ? window.isActiveWindow() : active_ == id;
   }
 
+  bool isComposited() override {
+    const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        connection_, xcb_get_selection_owner(connection_, ewmh_._NET_WM_CM_Sn[screen_]), nullptr));
+    return reply && reply->owner != XCB_NONE;
+  }
+
   bool isSettled() const override { return !expectation_; }
 
   void activatePreviousProgram() override {

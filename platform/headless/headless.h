@@ -14,6 +14,7 @@
 #include "platform/frame_autosave.h"
 #include "platform/login_item.h"
 #include "platform/menu.h"
+#include "platform/popover.h"
 #include "platform/process_info.h"
 #include "platform/text_view.h"
 #include "platform/url.h"
@@ -113,6 +114,19 @@ const TextViewState& textViewState();
 NSTextView& textView();
 /// The only button of the window's content.
 NSButton& button();
+
+struct ShownPopover {
+  std::shared_ptr<NSPopover> popover;
+  NSView* anchor;
+  NSRect rect;
+};
+/// Those on the screen, the latest last.
+const std::vector<ShownPopover>& shownPopovers();
+void pressOutsidePopovers();
+/// The button of that title below a view; null if there is none.
+NSButton* buttonIn(const NSView& view, std::string_view title);
+/// What an image's drawing handler draws, one operation a line.
+std::vector<std::string> drawingOf(const NSImage& image);
 
 // --- Menus, the status item and hot keys
 

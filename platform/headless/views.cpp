@@ -30,10 +30,21 @@ std::shared_ptr<NSButton> NSButton::buttonWithImage(const std::optional<NSImage>
   return button;
 }
 
+std::shared_ptr<NSButton> NSButton::buttonWithTitle(std::string_view title, const std::weak_ptr<NSObject>& target,
+                                                    Selector action) {
+  std::shared_ptr<NSButton> button(new NSButton(std::nullopt, target, action, std::make_shared<Native>()));
+  button->title_ = title;
+  return button;
+}
+
+void NSButton::performClick(NSObject* /*sender*/) {
+  if (const auto target = target_.lock()) target->perform(action_, this);
+}
+
 void NSButton::setImage(const std::optional<NSImage>& image) { image_ = image; }
 void NSButton::sizeToFit() { setFrameSize(image_.value_or(NSImage()).size()); }
 void NSButton::setBordered(bool /*bordered*/) {}
-void NSButton::setContentTintColor(NSColor /*color*/) {}
+void NSButton::setContentTintColor(const NSColor& color) { tint_ = color; }
 
 NSButton& headless::button() { return *world().button; }
 
@@ -41,7 +52,7 @@ std::optional<NSImage> NSImage::imageWithSystemSymbolName(std::string_view name,
                                                           std::string_view accessibilityDescription) {
   const bool known = name == "info.circle" || (name == "note.text" && !world().faults.noSymbols);
   if (!known) return std::nullopt;
-  return NSImage{std::string(name), std::string(accessibilityDescription)};
+  return NSImage{std::string(name), std::string(accessibilityDescription), false, nullptr, {}};
 }
 
 }  // namespace platform

@@ -50,6 +50,9 @@ struct World {
   NSTextView* textView = nullptr;
   TextViewParts* textViewParts = nullptr;
   NSButton* button = nullptr;
+  std::vector<ShownPopover> popovers;
+  std::optional<std::vector<std::string>> drawing;  ///< while a handler draws
+  std::string strokeColor;
   std::shared_ptr<NSMenu> mainMenu;
   StatusItemState statusItem;
   std::map<std::pair<std::uint32_t, std::uint32_t>, std::function<void()>> hotKeys;

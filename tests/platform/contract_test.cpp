@@ -226,7 +226,7 @@ TEST_F(Contract, MenuItemsActOnTheirTargetsAndShowTheirState) {
   EXPECT_EQ(item->state(), NSControlStateValueOn);
   target.reset();
   EXPECT_FALSE(item->performAction()) << "a target that is gone is none that is missing";
-  EXPECT_EQ(NSImage::imageWithSystemSymbolName("no.such.symbol", "Name"), std::nullopt);
+  EXPECT_FALSE(NSImage::imageWithSystemSymbolName("no.such.symbol", "Name"));
 }
 
 TEST_F(Contract, AHotKeyHasAReferenceOrAnError) {

@@ -20,7 +20,7 @@ TEST(Launch, GoesInOrderAndShowsTheFinishedWindow) {
                   "status item named Quillberry", "status item menu", "hot key 45 modifiers 2304",
                   "hot key 35 modifiers 2304", "window level 3", "window behaviour 257",
                   "window title Quillberry \U0001F4CC", "store didOfferLaunchAtLogin=true", "login item register",
-                  "window make key and order front", "application activate"));
+                  "window make key and order front", "application activate", "store didShowWelcome=true"));
   EXPECT_EQ(headless::textView().string(), "old text");
 }
 

@@ -31,6 +31,7 @@ class Note:
             "XDG_CONFIG_HOME": str(self.folder / "config")}
         self.process = None
         self.window = None
+        self.put_settings()
 
     def start(self):
         """Starts the program and waits until it gets the keys."""
@@ -80,6 +81,11 @@ class Note:
         with contextlib.suppress(FileNotFoundError):
             return self.file.read_bytes().decode(errors="replace")
         return None
+
+    def put_settings(self, **settings):
+        """The settings before the first start; those of a user who has been welcomed, unless said otherwise."""
+        self.settings.parent.mkdir(parents=True, exist_ok=True)
+        self.settings.write_text(json.dumps({"didShowWelcome": True} | settings))
 
     def put_text(self, contents):
         self.file.parent.mkdir(parents=True)

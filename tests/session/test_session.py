@@ -4,7 +4,6 @@
 import argparse
 import contextlib
 import itertools
-import json
 import signal
 import sys
 import unittest
@@ -189,8 +188,7 @@ class TestAnyDesktop(SessionTest):
     """What does not depend on the window manager."""
 
     def test_frame_whose_screen_is_gone(self):
-        self.note.settings.parent.mkdir(parents=True)
-        self.note.settings.write_text(json.dumps({FRAME_KEY: "5000 5000 420 320 4000 4000 1920 1080"}))
+        self.note.put_settings(**{FRAME_KEY: "5000 5000 420 320 4000 4000 1920 1080"})
         x, y, width, height = self.note.start().geometry()
         self.assertEqual((width, height), (420, 320))
         self.assertTrue(0 <= x <= SCREEN[0] - width and 0 <= y <= SCREEN[1] - height, (x, y))

@@ -228,13 +228,13 @@ class TestTray(ShellTest):
             self.wait_forward()
 
     def place_in_tray(self):
-        """The middle of the icon: a window of the program that another program has in its own."""
+        """The middle of the icon, once it is there to be clicked: a window that another program has in its own."""
         text = self.desktop.run("xwininfo", "-root", "-tree")
-        icon = re.search(r'"Quillberry": \("quillberry" "Quillberry"\)  (\d+)x(\d+)\+\S+  \+(\d+)\+(\d+)', text)
-        if not icon:
+        icon = re.search(r'(0x[0-9a-f]+) "Quillberry": \("quillberry" "Quillberry"\)  24x24\+', text)
+        if not icon or not self.desktop.is_viewable(icon[1]):
             return None
-        width, height, x, y = map(int, icon.groups())
-        return (x + width // 2, y + height // 2) if 16 <= width <= 32 else None
+        x, y, width, height = self.desktop.geometry(icon[1])
+        return x + width // 2, y + height // 2
 
 
 class TestServices(ShellTest):

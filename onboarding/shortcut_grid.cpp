@@ -1,0 +1,24 @@
+#include "onboarding/shortcut_grid.h"
+
+#include "platform/text_field.h"
+
+namespace quillberry {
+
+using namespace platform;
+
+std::shared_ptr<NSGridView> makeShortcutGrid(const std::array<ShortcutRow, 3>& rows, ShortcutGridMetrics metrics) {
+  auto grid = NSGridView::gridViewWithNumberOfColumns(2, 0);
+  grid->setColumnSpacing(metrics.columnSpacing);
+  grid->setRowSpacing(metrics.rowSpacing);
+  for (const ShortcutRow& row : rows) {
+    const auto keyCaps = NSTextField::labelWithString(row.keyCaps);
+    keyCaps->setFont(NSFont::monospacedSystemFontOfSize(metrics.fontSize, NSFontWeight::Semibold));
+    const auto description = NSTextField::labelWithString(row.description);
+    description->setFont(NSFont::systemFontOfSize(metrics.fontSize));
+    description->setTextColor(NSColor::secondaryLabelColor());
+    grid->addRowWithViews({keyCaps, description});
+  }
+  return grid;
+}
+
+}  // namespace quillberry

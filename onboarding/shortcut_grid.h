@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "platform/grid_view.h"
+
+namespace quillberry {
+
+struct ShortcutRow {
+  std::string_view keyCaps;
+  std::string_view description;
+};
+
+/// In points.
+struct ShortcutGridMetrics {
+  double fontSize;
+  double columnSpacing;
+  double rowSpacing;
+};
+
+/// The shortcuts in two columns: the key caps, and what they do.
+std::shared_ptr<platform::NSGridView> makeShortcutGrid(const std::array<ShortcutRow, 3>& rows,
+                                                       ShortcutGridMetrics metrics);
+
+}  // namespace quillberry

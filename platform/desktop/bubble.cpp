@@ -1,0 +1,100 @@
+#include "platform/desktop/bubble.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <algorithm>
+
+#include "platform/desktop/appearance.h"
+#include "platform/desktop/desktop.h"
+
+namespace platform::desktop {
+namespace {
+
+// In points.
+constexpr int arrowHeight = 9;
+constexpr int arrowHalfWidth = 10;
+constexpr int cornerRadius = 10;
+constexpr int border = 1;
+constexpr int distanceFromAnchor = 2;
+constexpr int closestArrow = cornerRadius + arrowHalfWidth + 2;  // to a side of the bubble
+
+}  // namespace
+
+Bubble::Bubble(QWidget& content, bool transient)
+    : QWidget(nullptr, (transient ? Qt::Popup : Qt::Window) | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+      content_(content),
+      transient_(transient) {
+  // Where nothing composes windows, what is see-through would be black: there the window has the shape instead.
+  if (windowSystem().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_NoMouseReplay);  // the press that closes it does nothing else
+  content_.setParent(this);
+  content_.show();
+  content_.adjustSize();
+  const int frame = border + arrowHeight;
+  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * frame - arrowHeight + border);
+}
+
+Bubble::~Bubble() { content_.setParent(nullptr); }
+
+void Bubble::pointAt(const QRect& anchor, bool preferBelow) {
+  const QScreen* const at = QGuiApplication::screenAt(anchor.center());
+  const QRect room = (at != nullptr ? at : QGuiApplication::primaryScreen())->availableGeometry();
+  const int below = anchor.bottom() + 1 + distanceFromAnchor;
+  const int above = anchor.top() - distanceFromAnchor - height();
+  const bool fitsBelow = below + height() <= room.bottom() + 1;
+  const bool fitsAbove = above >= room.top();
+  arrowAtTop_ = preferBelow ? fitsBelow || !fitsAbove : !fitsAbove && fitsBelow;
+  const int x =
+      std::clamp(anchor.center().x() - width() / 2, room.left(), std::max(room.left(), room.right() + 1 - width()));
+  const int y = std::clamp(arrowAtTop_ ? below : above, room.top(), std::max(room.top(), room.bottom() + 1 - height()));
+  arrowX_ = std::clamp(anchor.center().x() - x, closestArrow, width() - closestArrow);
+  content_.move(border, (arrowAtTop_ ? arrowHeight : 0) + border);
+  move(x, y);
+  if (!testAttribute(Qt::WA_TranslucentBackground)) setMask(QRegion(outline(0).toFillPolygon().toPolygon()));
+  update();
+}
+
+QPainterPath Bubble::outline(double inset) const {
+  const double above = inset + (arrowAtTop_ ? arrowHeight : 0);
+  const double below = inset + (arrowAtTop_ ? 0 : arrowHeight);
+  const QRectF body = QRectF(rect()).adjusted(inset, above, -inset, -below);
+  QPainterPath shape;
+  shape.addRoundedRect(body, cornerRadius, cornerRadius);
+  const double base = arrowAtTop_ ? body.top() + 1 : body.bottom() - 1;
+  const double tip = arrowAtTop_ ? inset : height() - inset;
+  QPainterPath arrow;
+  arrow.moveTo(arrowX_ - arrowHalfWidth, base);
+  arrow.lineTo(arrowX_, tip);
+  arrow.lineTo(arrowX_ + arrowHalfWidth, base);
+  arrow.closeSubpath();
+  return shape.united(arrow);
+}
+
+void Bubble::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(hairlineColor(palette()), border));
+  painter.setBrush(popoverColor(palette()));
+  painter.drawPath(outline(border / 2.0));
+}
+
+void Bubble::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (onHide) onHide();
+}
+
+void Bubble::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && transient_) {
+    hide();
+  } else if (event->key() == Qt::Key_Escape && onEscape) {
+    onEscape();
+  } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && onReturn) {
+    onReturn();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace platform::desktop

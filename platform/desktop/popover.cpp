@@ -1,0 +1,88 @@
+#include "platform/popover.h"
+
+#include <QTimer>
+
+#include "platform/button.h"
+#include "platform/desktop/bubble.h"
+#include "platform/desktop/decoration.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/native_view.h"
+#include "platform/desktop/view_realizer.h"
+
+namespace platform {
+
+using desktop::Bubble;
+
+namespace {
+
+/// Above a pinned note, and on every workspace as that is.
+constexpr desktop::Placement placement{true, true};
+
+/// The button below a view whose key is Return; null if there is none.
+NSButton* defaultButton(const NSView& view) {
+  for (const auto& subview : view.subviews()) {
+    auto* const button = dynamic_cast<NSButton*>(subview.get());
+    if (button != nullptr && button->keyEquivalent() == "\r") return button;
+    if (NSButton* const below = defaultButton(*subview)) return below;
+  }
+  return nullptr;
+}
+
+QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), widget.size()}; }
+
+}  // namespace
+
+struct NSPopover::Impl {
+  std::unique_ptr<Bubble> bubble;
+  std::shared_ptr<NSPopover> untilClosed;
+
+  void show(bool transient) {
+    if (transient) {
+      bubble->show();
+      return;
+    }
+    desktop::windowSystem().prepareToShow(*bubble, placement);
+    desktop::NoteFrame::adopt(*bubble);
+    bubble->show();
+    desktop::windowSystem().place(*bubble, placement);
+    desktop::windowSystem().activate(*bubble);
+  }
+
+  /// On a later turn: a button inside may be on the stack.
+  void letGo() {
+    if (untilClosed) QTimer::singleShot(0, [last = std::move(untilClosed)] { last->impl_->bubble.reset(); });
+  }
+};
+
+NSPopover::NSPopover() : impl_(std::make_unique<Impl>()) {}
+NSPopover::~NSPopover() = default;
+
+void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /*preferredEdge*/) {
+  if (impl_->untilClosed) return;
+  NSView& content = *controller_->view();
+  desktop::realize(content);
+  const bool transient = behavior_ == NSPopoverBehaviorTransient;
+  impl_->bubble = std::make_unique<Bubble>(*content.native().widget, transient);
+  Bubble& bubble = *impl_->bubble;
+  impl_->untilClosed = std::static_pointer_cast<NSPopover>(shared_from_this());
+  bubble.onReturn = [&content] {
+    if (NSButton* const button = defaultButton(content)) button->performClick(nullptr);
+  };
+  if (transient) {
+    bubble.onHide = [this] { impl_->letGo(); };
+  } else {
+    bubble.onEscape = [] { desktop::hideProgram(); };
+  }
+  // Both edges that the program names are the lower ones of their anchors.
+  const auto inTray = desktop::placeInTray(anchor);
+  bubble.pointAt(inTray.value_or(globalRect(*anchor.native().widget)), true);
+  impl_->show(transient);
+}
+
+void NSPopover::performClose(NSObject* /*sender*/) {
+  if (!impl_->untilClosed) return;
+  desktop::NoteFrame::takeBackFrom(*impl_->bubble);
+  impl_->letGo();
+}
+
+}  // namespace platform

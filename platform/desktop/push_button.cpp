@@ -1,0 +1,48 @@
+#include "platform/desktop/push_button.h"
+
+#include <QPainter>
+
+#include "platform/desktop/appearance.h"
+
+namespace platform::desktop {
+namespace {
+
+constexpr int faceHeight = 24;
+constexpr int sideRoom = 16;
+constexpr int titleSize = 13;
+constexpr double cornerRadius = 6;
+constexpr int livelyPercent = 108;
+constexpr int pressedPercent = 112;
+
+}  // namespace
+
+PushButton::PushButton(const QString& title) : QPushButton(title) {
+  setFont(toQFont(NSFont::systemFontOfSize(titleSize)));
+  setAttribute(Qt::WA_Hover);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void PushButton::setFace(const QColor& face) {
+  face_ = face;
+  update();
+}
+
+QSize PushButton::sizeHint() const { return {fontMetrics().horizontalAdvance(text()) + 2 * sideRoom, faceHeight}; }
+
+void PushButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor face = isDown() ? face_.darker(pressedPercent) : underMouse() ? face_.lighter(livelyPercent) : face_;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(face);
+  painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+  if (hasFocus() && window()->isActiveWindow()) {
+    painter.setPen(QPen(textColorOn(face), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), cornerRadius - 2, cornerRadius - 2);
+  }
+  painter.setPen(textColorOn(face));
+  painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+}  // namespace platform::desktop

@@ -1,5 +1,6 @@
 #include "platform/hot_key.h"
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <vector>
@@ -10,7 +11,10 @@ struct HotKeyEvent {
   std::optional<EventHotKeyID> hotKey;
 };
 
-struct RegisteredHotKey {};
+struct RegisteredHotKey {
+  std::uint32_t keyCode;
+  std::uint32_t modifiers;
+};
 
 namespace {
 
@@ -44,8 +48,13 @@ OSStatus InstallEventHandler(EventTargetRef /*target*/, EventHandlerUPP handler,
 
 OSStatus RegisterEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers, EventHotKeyID hotKeyId,
                              EventTargetRef /*target*/, std::uint32_t /*options*/, EventHotKeyRef* outHotKey) {
+  const auto& registered = registry().hotKeys;
+  const bool ours = std::any_of(registered.begin(), registered.end(), [&](const auto& hotKey) {
+    return hotKey->keyCode == keyCode && hotKey->modifiers == modifiers;
+  });
+  if (ours) return eventHotKeyExistsErr;
   if (!listenForHotKey(keyCode, modifiers, [hotKeyId] { sendHotKeyEvent(hotKeyId); })) return eventHotKeyExistsErr;
-  registry().hotKeys.push_back(std::make_unique<RegisteredHotKey>());
+  registry().hotKeys.push_back(std::make_unique<RegisteredHotKey>(RegisteredHotKey{keyCode, modifiers}));
   *outHotKey = registry().hotKeys.back().get();
   return noErr;
 }

@@ -61,8 +61,9 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, std
 
 /// Makes a combination the program's own everywhere on the desktop, with exactly these modifiers; the locks do not
 /// count. It is pressed once however long it is held. A press is delivered when what the one before brought about is
-/// to be seen. `outHotKey` gets a reference that is valid until the process ends; it is left alone on an error, which
-/// is eventHotKeyExistsErr when another program has the combination, or the desktop gives none away.
+/// to be seen, or has not come about for a second. `outHotKey` gets a reference that is valid until the process ends;
+/// it is left alone on an error, which is eventHotKeyExistsErr when this or another program has the combination, or the
+/// desktop gives it away to none.
 OSStatus RegisterEventHotKey(std::uint32_t keyCode, std::uint32_t modifiers, EventHotKeyID hotKeyId,
                              EventTargetRef target, std::uint32_t options, EventHotKeyRef* outHotKey);
 

@@ -12,6 +12,7 @@
 
 #include "platform/application_metadata.h"
 #include "platform/desktop/application_service.h"
+#include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/desktop/strings.h"
@@ -192,7 +193,7 @@ void NSApplication::run() {
 }
 
 void NSApplication::setMainMenu(const std::shared_ptr<NSMenu>& menu) {
-  impl_->mainMenu.emplace(menu);
+  impl_->mainMenu.emplace(menu, [](std::function<void()> command) { command(); });
   shared.mainMenuCommands.clear();
   for (QAction* const command : impl_->mainMenu->commands()) shared.mainMenuCommands.append(command);
 }
@@ -204,7 +205,7 @@ std::shared_ptr<NSApplicationDelegate> NSApplication::delegate() const { return 
 
 void NSApplication::activateIgnoringOtherApps(bool /*ignoringOthers*/) {
   for (const auto& window : std::exchange(shared.hiddenWindows, {})) {
-    if (!window.isNull()) window->show();
+    if (!window.isNull()) desktop::NoteFrame::showBeside(*window);
   }
   for (QWidget* const window : visibleWindows()) {
     if (window->windowType() == Qt::Window) impl_->windowSystem->activate(*window);

@@ -47,7 +47,7 @@ ApplicationService::ApplicationService(std::function<void()> activate) : activat
     bus.registerService(serviceName());
 }
 
-void ApplicationService::Activate(const QVariantMap& /*platformData*/) { activate_(); }
+void ApplicationService::Activate(const QVariantMap& /*platformData*/) { requests().add(activate_); }
 
 void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& /*platformData*/) {
   sendErrorReply(QDBusError::NotSupported, QStringLiteral("Quillberry has one note and opens no files."));

@@ -23,7 +23,7 @@ constexpr int closestArrow = cornerRadius + arrowHalfWidth + 2;  // to a side of
 }  // namespace
 
 Bubble::Bubble(QWidget& content, bool transient)
-    : QWidget(nullptr, (transient ? Qt::Popup : Qt::Window) | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+    : QWidget(nullptr, (transient ? Qt::Popup : Qt::Dialog) | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
       content_(content),
       transient_(transient) {
   // Where nothing composes windows, what is see-through would be black: there the window has the shape instead.

@@ -158,17 +158,28 @@ NoteFrame* NoteFrame::first() {
   return nullptr;
 }
 
-void NoteFrame::adopt(QWidget& window) {
+void NoteFrame::showBeside(QWidget& window) {
+  // Where the note is when it is pinned, too.
+  constexpr Placement placement{.aboveOthers = true, .onEveryWorkspace = true};
+  windowSystem().prepareToShow(window, placement);
+  window.winId();  // makes its native window on any display
   const NoteFrame* const owner = first();
-  window.winId();  // makes its native window
   window.windowHandle()->setTransientParent(owner != nullptr && owner->isVisible() ? owner->windowHandle() : nullptr);
+  window.show();
+  windowSystem().place(window, placement);
 }
 
-void NoteFrame::takeBackFrom(QWidget& window) {
+void NoteFrame::hideBeside(QWidget& window) {
   const bool hadKeyboard = windowSystem().isActive(window);
+  windowSystem().prepareToHide(window);
   window.hide();
-  NoteFrame* const owner = first();
-  if (hadKeyboard && owner != nullptr && owner->isVisible()) windowSystem().activate(*owner);
+  // In its turn: a window manager that is still letting go of the window passes the keyboard on itself.
+  if (hadKeyboard) requests().add([] { activateFirst(); });
+}
+
+void NoteFrame::activateFirst() {
+  NoteFrame* const frame = first();
+  if (frame != nullptr && frame->isVisible()) windowSystem().activate(*frame);
 }
 
 void NoteFrame::setContent(QWidget& content) {

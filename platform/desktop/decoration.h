@@ -83,11 +83,11 @@ class NoteFrame : public QWidget {
 
   /// The window that was made first; null if there is none.
   static NoteFrame* first();
-  /// Lets another window of the program, not yet shown, belong to this one while this one is shown: window managers
-  /// keep it above.
-  static void adopt(QWidget& window);
-  /// Closes such a window. If it had the keyboard, this one gets it, should it be shown.
-  static void takeBackFrom(QWidget& window);
+  /// Shows another window of the program, which belongs to this one while this one is shown: window managers keep it
+  /// above.
+  static void showBeside(QWidget& window);
+  /// Hides such a window. If it had the keyboard, this one gets it, should it be shown.
+  static void hideBeside(QWidget& window);
 
   /// Makes the window as large as the screen's free room, or again what it was. By its geometry: not every window
   /// manager maximises a window of an accessory program.
@@ -111,6 +111,7 @@ class NoteFrame : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  static void activateFirst();
   bool isZoomed() const;
 
   QWidget* content_ = nullptr;

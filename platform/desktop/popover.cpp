@@ -15,9 +15,6 @@ using desktop::Bubble;
 
 namespace {
 
-/// Above a pinned note, and on every workspace as that is.
-constexpr desktop::Placement placement{true, true};
-
 /// The button below a view whose key is Return; null if there is none.
 NSButton* defaultButton(const NSView& view) {
   for (const auto& subview : view.subviews()) {
@@ -41,10 +38,7 @@ struct NSPopover::Impl {
       bubble->show();
       return;
     }
-    desktop::windowSystem().prepareToShow(*bubble, placement);
-    desktop::NoteFrame::adopt(*bubble);
-    bubble->show();
-    desktop::windowSystem().place(*bubble, placement);
+    desktop::NoteFrame::showBeside(*bubble);
     desktop::windowSystem().activate(*bubble);
   }
 
@@ -81,7 +75,7 @@ void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /
 
 void NSPopover::performClose(NSObject* /*sender*/) {
   if (!impl_->untilClosed) return;
-  desktop::NoteFrame::takeBackFrom(*impl_->bubble);
+  desktop::NoteFrame::hideBeside(*impl_->bubble);
   impl_->letGo();
 }
 

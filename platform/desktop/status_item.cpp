@@ -35,7 +35,7 @@ struct NSStatusItem::Impl {
   Impl() {
     QAbstractButton& widget = buttonWidget();
     widget.setEnabled(true);
-    QObject::connect(&widget, &QAbstractButton::clicked, [this] { openMenuAtButton(); });
+    QObject::connect(&widget, &QAbstractButton::clicked, &whileThere, [this] { openMenuAtButton(); });
   }
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
@@ -52,7 +52,7 @@ struct NSStatusItem::Impl {
 
   void setMenu(const std::shared_ptr<NSMenu>& opened) {
     menu = opened;
-    toolkitMenu.emplace(menu);
+    toolkitMenu.emplace(menu, [](std::function<void()> command) { desktop::requests().add(std::move(command)); });
     // Whoever came to the button by its key goes on typing.
     QObject::connect(&toolkitMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
                      [this] { buttonWidget().window()->setFocus(); });

@@ -25,8 +25,8 @@ QString withoutMnemonics(const std::string& title) { return toQString(title).rep
 
 }  // namespace
 
-ToolkitMenu::ToolkitMenu(std::shared_ptr<NSMenu> menu)
-    : source_(std::move(menu)), menu_(withoutMnemonics(source_->title())) {
+ToolkitMenu::ToolkitMenu(std::shared_ptr<NSMenu> menu, Run run)
+    : source_(std::move(menu)), run_(run), menu_(withoutMnemonics(source_->title())) {
   for (const auto& item : source_->items()) addItem(item);
 }
 
@@ -36,7 +36,7 @@ ToolkitMenu::~ToolkitMenu() {
 
 void ToolkitMenu::addItem(const std::shared_ptr<NSMenuItem>& item) {
   if (item->submenu()) {
-    submenus_.push_back(std::make_unique<ToolkitMenu>(item->submenu()));
+    submenus_.push_back(std::make_unique<ToolkitMenu>(item->submenu(), run_));
     menu_.addMenu(&submenus_.back()->menu());
     return;
   }
@@ -50,9 +50,11 @@ void ToolkitMenu::addItem(const std::shared_ptr<NSMenuItem>& item) {
     action->setChecked(shown->state() == NSControlStateValueOn);
   };
   item->onStateChange();
-  QObject::connect(action, &QAction::triggered, [item] {
-    item->performAction();
-    if (item->onStateChange) item->onStateChange();
+  QObject::connect(action, &QAction::triggered, [run = run_, item] {
+    run([item] {
+      item->performAction();
+      if (item->onStateChange) item->onStateChange();
+    });
   });
   menu_.addAction(action);
 }

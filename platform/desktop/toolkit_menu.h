@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMenu>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -11,7 +12,10 @@ namespace platform::desktop {
 /// A menu of the program's as one of the toolkit's. Its check marks follow the items' states.
 class ToolkitMenu {
  public:
-  explicit ToolkitMenu(std::shared_ptr<NSMenu> menu);
+  using Run = void (*)(std::function<void()> command);
+
+  /// `run` is given what a chosen item does, to do it at once or in its turn.
+  ToolkitMenu(std::shared_ptr<NSMenu> menu, Run run);
   ToolkitMenu(const ToolkitMenu&) = delete;
   ToolkitMenu& operator=(const ToolkitMenu&) = delete;
   ~ToolkitMenu();
@@ -25,6 +29,7 @@ class ToolkitMenu {
   void addItem(const std::shared_ptr<NSMenuItem>& item);
 
   std::shared_ptr<NSMenu> source_;
+  Run run_;
   QMenu menu_;
   std::vector<std::unique_ptr<QAction>> actions_;
   std::vector<std::unique_ptr<ToolkitMenu>> submenus_;

@@ -19,8 +19,7 @@ constexpr int notesHeight = 10;   // lines
 constexpr int longestName = 40;   // characters: a version
 constexpr int longestLine = 200;  // a title, a reason
 constexpr int longestNotes = 4000;
-constexpr int longestRead = 32'000;                  // of what is shortened further
-constexpr Placement placement{.aboveOthers = true};  // for a pinned note is above others, too
+constexpr int longestRead = 32'000;  // of what is shortened further
 
 QString cutTo(int length, const QString& text) {
   return text.size() <= length ? text : text.left(length - 1) + QChar(u'…');
@@ -75,17 +74,12 @@ void UpdateWindow::check() {
   interrupted_ = false;
   if (!request_) ask();
   addActions(mainMenuCommands());
-  if (!isVisible()) {
-    windowSystem().prepareToShow(*this, placement);
-    NoteFrame::adopt(*this);
-    show();
-    windowSystem().place(*this, placement);
-  }
+  if (!isVisible()) NoteFrame::showBeside(*this);
   windowSystem().activate(*this);
 }
 
 void UpdateWindow::done(int result) {
-  NoteFrame::takeBackFrom(*this);
+  NoteFrame::hideBeside(*this);
   QDialog::done(result);
 }
 

@@ -30,6 +30,14 @@ void postUnlock() {
   NSDistributedNotificationCenter::defaultCenter().postNotificationName("com.apple.screenIsUnlocked", nullptr);
 }
 
+void postSystemWake() {
+  NSWorkspace::sharedWorkspace().notificationCenter().postNotificationName(NSWorkspaceDidWakeNotification, nullptr);
+}
+void postScreensWake() {
+  NSWorkspace::sharedWorkspace().notificationCenter().postNotificationName(NSWorkspaceScreensDidWakeNotification,
+                                                                           nullptr);
+}
+
 /// Whether a session's property User, a number and a path, names the user of this process.
 bool isOurUser(const QVariant& value) {
   if (!value.canConvert<QDBusArgument>()) return false;
@@ -49,7 +57,7 @@ WakeSignals::WakeSignals() {
   listenToSession();
   if (auto* const connection = x11::connection()) {
     screen_ = std::make_unique<X11ScreenWatch>(connection);
-    screen_->onDisplayOn = [this] { postWhenUncovered(NSWorkspaceScreensDidWakeNotification); };
+    screen_->onDisplayOn = [this] { whenUncovered(postScreensWake); };
   }
 }
 
@@ -77,7 +85,7 @@ void WakeSignals::listenToSession() {
 }
 
 void WakeSignals::onPrepareForSleep(bool goingToSleep) {
-  if (!goingToSleep) postWhenUncovered(NSWorkspaceDidWakeNotification);
+  if (!goingToSleep) whenUncovered(postSystemWake);
 }
 
 void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantMap& changed,
@@ -89,27 +97,24 @@ void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantM
       QDBusMessage::createMethodCall(loginManager, message.path(), properties, QStringLiteral("Get"));
   question << loginSession << QStringLiteral("User");
   auto* const call = new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(question), this);
-  connect(call, &QDBusPendingCallWatcher::finished, this, [call] {
+  connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
     const QDBusPendingReply<QDBusVariant> answer = *call;
-    if (answer.isValid() && isOurUser(answer.value().variant())) postUnlock();
+    if (answer.isValid() && isOurUser(answer.value().variant())) whenUncovered(postUnlock);
     call->deleteLater();
   });
 }
 
 void WakeSignals::onScreenSaverChanged(bool active) {
-  if (!active) postUnlock();
+  if (!active) whenUncovered(postUnlock);
 }
 
 void WakeSignals::onDisplayChanged(const QString& /*interface*/, const QVariantMap& changed,
                                    const QStringList& /*invalidated*/) {
   const QVariant powerSaveMode = changed.value(QStringLiteral("PowerSaveMode"));
-  if (powerSaveMode.isValid() && powerSaveMode.toInt() == 0) postWhenUncovered(NSWorkspaceScreensDidWakeNotification);
+  if (powerSaveMode.isValid() && powerSaveMode.toInt() == 0) whenUncovered(postScreensWake);
 }
 
-void WakeSignals::postWhenUncovered(std::string_view workspaceNotification) {
-  const auto post = [workspaceNotification] {
-    NSWorkspace::sharedWorkspace().notificationCenter().postNotificationName(workspaceNotification, nullptr);
-  };
+void WakeSignals::whenUncovered(void (*post)()) {
   if (screen_) {
     screen_->whenUncovered(post);
   } else {

@@ -4,7 +4,6 @@
 #include <QObject>
 #include <QVariantMap>
 #include <memory>
-#include <string_view>
 
 namespace platform::desktop {
 
@@ -29,7 +28,7 @@ class WakeSignals : public QObject {
   void listenToLoginManager();
   void listenToSession();
   /// Once nothing hides the screen from its user.
-  void postWhenUncovered(std::string_view workspaceNotification);
+  void whenUncovered(void (*post)());
 
   std::unique_ptr<X11ScreenWatch> screen_;  ///< none on other displays
 };

@@ -29,6 +29,7 @@ constexpr unsigned newKeyboard = 0;  // kinds of events of the keyboard extensio
 constexpr unsigned newMap = 1;
 constexpr int modifierCount = 8;
 constexpr unsigned allModifiers = 0xFF;  // of an event's state; the rest are pointer buttons and the layout
+constexpr xcb_timestamp_t shortestRepeatDelay = 100;     // milliseconds
 constexpr xcb_timestamp_t longestRepeatInterval = 2000;  // milliseconds
 
 /// The physical key: its evdev code, 8 higher on X11. The list has the keys that the program names.
@@ -90,12 +91,14 @@ std::vector<unsigned> subsetsOf(unsigned mask) {
   }
 }
 
-/// Tells the presses of one key from the repetitions that a held key sends: presses without a release between them,
-/// or a release and a press of the same moment.
+/// Tells the presses of one key from the repetitions that a held key sends after a while: presses without a release
+/// between them, or a release and a press of the same moment.
 class Repetition {
  public:
   bool isRepeated(xcb_timestamp_t time) {
-    const bool repeated = (held_ && time - pressedAt_ < longestRepeatInterval) || time == releasedAt_;
+    const bool continued = (held_ && time - pressedAt_ < longestRepeatInterval) || time == releasedAt_;
+    const bool repeated = continued && time - firstPressedAt_ >= shortestRepeatDelay;
+    if (!repeated) firstPressedAt_ = time;
     held_ = true;
     pressedAt_ = time;
     return repeated;
@@ -107,6 +110,7 @@ class Repetition {
 
  private:
   bool held_ = false;
+  xcb_timestamp_t firstPressedAt_ = 0;
   xcb_timestamp_t pressedAt_ = 0;
   xcb_timestamp_t releasedAt_ = 0;
 };
@@ -130,8 +134,9 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
   bool listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) override {
     const auto key = keyAt(keyCode);
     if (!key) return false;
-    HotKey hotKey{*key, modifiers, std::move(pressed), {}};
-    if (!grab(hotKey)) return false;
+    HotKey hotKey{*key, modifiers, std::move(pressed), false, {}};
+    hotKey.grabbed = grab(hotKey);
+    if (!hotKey.grabbed) return false;
     hotKeys_.push_back(std::move(hotKey));
     return true;
   }
@@ -152,6 +157,7 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
     xcb_keycode_t key;
     std::uint32_t modifiers;
     std::function<void()> pressed;
+    bool grabbed;
     Repetition repetition;
   };
 
@@ -190,10 +196,14 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
 
   void renew() {
     const Modifiers now = readModifiers(connection_);
-    if (now == modifiers_) return;
-    for (const HotKey& hotKey : hotKeys_) letGo(hotKey);
+    if (now != modifiers_) {
+      for (HotKey& hotKey : hotKeys_) {
+        letGo(hotKey);
+        hotKey.grabbed = false;
+      }
+    }
     modifiers_ = now;
-    for (const HotKey& hotKey : hotKeys_) grab(hotKey);
+    for (HotKey& hotKey : hotKeys_) hotKey.grabbed = hotKey.grabbed || grab(hotKey);
   }
 
   /// While a grabbed key is held, every key comes here.

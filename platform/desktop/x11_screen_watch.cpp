@@ -2,8 +2,7 @@
 
 #include <xcb/screensaver.h>
 
-#include <QCoreApplication>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
@@ -35,7 +34,7 @@ void X11ScreenWatch::whenUncovered(std::function<void()> then) {
 }
 
 void X11ScreenWatch::runWaiting() {
-  covers_ = keyboardIsTaken() ? windowsOverAll() : std::vector<xcb_window_t>();
+  covers_ = lockers();
   if (!covers_.empty()) return;
   for (const auto& then : std::exchange(waiting_, {})) then();
 }
@@ -54,8 +53,30 @@ bool X11ScreenWatch::nativeEventFilter(const QByteArray& /*type*/, void* message
   return false;
 }
 
-/// The way to learn it is to try.
+std::vector<xcb_window_t> X11ScreenWatch::lockers() {
+  const Reply<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr));
+  if (!tree) return {};
+  const xcb_window_t* const windows = xcb_query_tree_children(tree.get());
+  std::vector<xcb_window_t> found(windows, windows + xcb_query_tree_children_length(tree.get()));
+  const auto coversNothing = [this](xcb_window_t window) {
+    return !isOfOtherProgram(window) || !coversAScreen(window);
+  };
+  std::erase_if(found, coversNothing);
+  if (found.empty() || !keyboardIsTaken()) return {};
+  // First the wish to hear of their ends, then another look: nothing is missed between the two.
+  for (const xcb_window_t window : found) {
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    const auto wish = xcb_change_window_attributes_checked(connection_, window, XCB_CW_EVENT_MASK, &events);
+    const Reply<xcb_generic_error_t> gone(xcb_request_check(connection_, wish));
+  }
+  std::erase_if(found, coversNothing);
+  return found;
+}
+
+/// The way to learn it is to try; a menu of ours would lose the keyboard by that.
 bool X11ScreenWatch::keyboardIsTaken() {
+  if (QApplication::activePopupWidget() != nullptr) return false;
   const auto request =
       xcb_grab_keyboard(connection_, 0, root_, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
   const Reply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(connection_, request, nullptr));
@@ -63,38 +84,31 @@ bool X11ScreenWatch::keyboardIsTaken() {
   return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
-/// Windows of other programs that no window manager has a hand in and that cover a screen. The server's own, a
-/// compositor's canvas, is none of them.
-std::vector<xcb_window_t> X11ScreenWatch::windowsOverAll() {
-  const Reply<xcb_query_tree_reply_t> tree(
-      xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr));
-  if (!tree) return {};
+/// Neither ours nor the server's own, such as a compositor's canvas.
+bool X11ScreenWatch::isOfOtherProgram(xcb_window_t window) {
   constexpr std::uint32_t idBits = 0x1FFFFFFF;
-  const std::uint32_t clientBits = idBits & ~xcb_get_setup(connection_)->resource_id_mask;
-  std::vector<xcb_window_t> found;
-  const xcb_window_t* const windows = xcb_query_tree_children(tree.get());
-  for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-    if ((windows[i] & clientBits) != 0 && coversAScreen(windows[i])) found.push_back(windows[i]);
-  }
-  return found;
+  const xcb_setup_t& setup = *xcb_get_setup(connection_);
+  const std::uint32_t owner = window & idBits & ~setup.resource_id_mask;
+  return owner != 0 && owner != setup.resource_id_base;
 }
 
+/// Whether it is to be seen on a whole screen, and no window manager has a hand in it.
 bool X11ScreenWatch::coversAScreen(xcb_window_t window) {
-  // First the wish to hear of its end, then the look at it: nothing is missed between the two.
-  const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-  const auto wish = xcb_change_window_attributes_checked(connection_, window, XCB_CW_EVENT_MASK, &events);
   const auto askAttributes = xcb_get_window_attributes(connection_, window);
   const auto askGeometry = xcb_get_geometry(connection_, window);
-  const Reply<xcb_generic_error_t> gone(xcb_request_check(connection_, wish));
   const Reply<xcb_get_window_attributes_reply_t> attributes(
       xcb_get_window_attributes_reply(connection_, askAttributes, nullptr));
   const Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(connection_, askGeometry, nullptr));
-  if (gone || !attributes || !geometry) return false;
-  if (attributes->override_redirect == 0 || attributes->map_state != XCB_MAP_STATE_VIEWABLE) return false;
+  if (!attributes || !geometry) return false;
+  if (attributes->override_redirect == 0 || attributes->map_state != XCB_MAP_STATE_VIEWABLE ||
+      attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT)
+    return false;
   const auto screens = QGuiApplication::screens();
   return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
-    const QSizeF size = QSizeF(screen->size()) * screen->devicePixelRatio();
-    return geometry->width >= size.width() && geometry->height >= size.height();
+    // A screen's size in points is rounded.
+    const double point = screen->devicePixelRatio();
+    const QSizeF size = QSizeF(screen->size()) * point;
+    return geometry->width + point > size.width() && geometry->height + point > size.height();
   });
 }
 

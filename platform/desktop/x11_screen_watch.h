@@ -27,8 +27,10 @@ class X11ScreenWatch : public QAbstractNativeEventFilter {
 
  private:
   void runWaiting();
+  /// The windows that cover a screen while another program has the keyboard. Their ends are told from now on.
+  std::vector<xcb_window_t> lockers();
   bool keyboardIsTaken();
-  std::vector<xcb_window_t> windowsOverAll();
+  bool isOfOtherProgram(xcb_window_t window);
   bool coversAScreen(xcb_window_t window);
 
   xcb_connection_t* connection_;

@@ -41,6 +41,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     deadline_.setSingleShot(true);
     deadline_.setInterval(patience);
     QObject::connect(&deadline_, &QTimer::timeout, [this] { settle(); });
+    noteWindowManager();
     noteActiveWindow();
     qApp->installNativeEventFilter(this);
   }
@@ -99,7 +100,9 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   bool isActive(const QWidget& window) override {
     const xcb_window_t id = idOf(window);
     if (expectation_ && expectation_->window == id) return expectation_->active;
-    return active_ == XCB_NONE ? window.isActiveWindow() : active_ == id;
+    if (!managed_) return window.isActiveWindow();
+    // Some window managers go on calling a window active that was left on another workspace.
+    return active_ == id && isOnCurrentWorkspace(id);
   }
 
   bool isComposited() override {
@@ -120,6 +123,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
       case XCB_PROPERTY_NOTIFY: {
         const auto& change = *reinterpret_cast<xcb_property_notify_event_t*>(event);
         if (change.window == root_ && change.atom == ewmh_._NET_ACTIVE_WINDOW) noteActiveWindow();
+        if (change.window == root_ && change.atom == ewmh_._NET_SUPPORTING_WM_CHECK) noteWindowManager();
         if (change.atom == stateAtom_) noteManagement(change.window);
         return false;
       }
@@ -167,9 +171,25 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     if (expectation_ && expectation_->active && active_ == expectation_->window) settle();
   }
 
-  /// A window manager changes this property when it has taken a window into its care, or let go of a hidden one.
+  /// A window manager takes this property back when it has let go of a hidden window, or says so in it.
   void noteManagement(xcb_window_t window) {
-    if (expectation_ && !expectation_->active && window == expectation_->window) settle();
+    if (!expectation_ || expectation_->active || window != expectation_->window) return;
+    const auto request = xcb_get_property(connection_, 0, window, stateAtom_, XCB_ATOM_ANY, 0, 1);
+    const Reply<xcb_get_property_reply_t> state(xcb_get_property_reply(connection_, request, nullptr));
+    const bool stated = state && xcb_get_property_value_length(state.get()) >= int(sizeof(std::uint32_t));
+    if (stated && *static_cast<std::uint32_t*>(xcb_get_property_value(state.get())) != XCB_ICCCM_WM_STATE_WITHDRAWN)
+      return;
+    settle();
+  }
+
+  /// A window manager names a window of its own, which names itself: what it leaves behind does not.
+  void noteWindowManager() {
+    xcb_window_t check = XCB_NONE;
+    xcb_window_t named = XCB_NONE;
+    xcb_ewmh_get_supporting_wm_check_reply(&ewmh_, xcb_ewmh_get_supporting_wm_check(&ewmh_, root_), &check, nullptr);
+    if (check != XCB_NONE)
+      xcb_ewmh_get_supporting_wm_check_reply(&ewmh_, xcb_ewmh_get_supporting_wm_check(&ewmh_, check), &named, nullptr);
+    managed_ = check != XCB_NONE && check == named;
   }
 
   /// A panel that was clicked may take the keyboard, but nobody works in it.
@@ -191,6 +211,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   };
 
   void expect(Expectation expectation) {
+    if (!managed_) return;
     expectation_ = expectation;
     deadline_.start();
   }
@@ -212,6 +233,10 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     const Reply<xcb_get_window_attributes_reply_t> attributes(
         xcb_get_window_attributes_reply(connection_, xcb_get_window_attributes(connection_, id), nullptr));
     if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE) return false;
+    return isOnCurrentWorkspace(id);
+  }
+
+  bool isOnCurrentWorkspace(xcb_window_t id) {
     std::uint32_t workspace = everyWorkspace;
     xcb_ewmh_get_wm_desktop_reply(&ewmh_, xcb_ewmh_get_wm_desktop(&ewmh_, id), &workspace, nullptr);
     return workspace == everyWorkspace || workspace == currentWorkspace();
@@ -240,7 +265,8 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   xcb_atom_t stateAtom_;
   int screen_;
   xcb_window_t root_;
-  xcb_window_t active_ = XCB_NONE;    ///< the window that the user works in; none where no window manager tells
+  bool managed_ = false;              ///< a window manager runs, and tells what it does
+  xcb_window_t active_ = XCB_NONE;    ///< the window that the user works in, by its word
   xcb_window_t previous_ = XCB_NONE;  ///< the last active window that is not ours
   std::optional<Expectation> expectation_;
   QTimer deadline_;

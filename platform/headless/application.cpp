@@ -1,6 +1,7 @@
 #include "platform/application.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "platform/headless/world.h"
 
@@ -10,7 +11,7 @@ using headless::world;
 
 struct NSApplication::Impl {};
 
-NSApplication::NSApplication() = default;
+NSApplication::NSApplication() { world().terminated = false; }
 NSApplication::~NSApplication() = default;
 
 std::shared_ptr<NSApplication> NSApplication::sharedApplication() {
@@ -49,6 +50,7 @@ void NSApplication::hide(NSObject* /*sender*/) {
 }
 
 void NSApplication::terminate(NSObject* /*sender*/) {
+  if (std::exchange(world().terminated, true)) return;
   if (const auto delegate = world().delegate.lock()) delegate->applicationWillTerminate();
 }
 

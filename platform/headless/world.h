@@ -44,6 +44,7 @@ struct World {
   LoginItem loginItem;
   std::vector<Screen> screens{{{{0, 0}, {1280, 800}}, {{0, 0}, {1280, 800}}}};
   bool active = false;
+  bool terminated = false;
   std::weak_ptr<NSApplicationDelegate> delegate;
   NSWindow* window = nullptr;
   WindowParts* windowParts = nullptr;

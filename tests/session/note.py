@@ -35,10 +35,14 @@ class Note:
 
     def start(self):
         """Starts the program and waits until it gets the keys."""
-        self.process = self.desktop.spawn(options.binary, environment=self.environment, stderr=None)
-        self.window = wait_until(self._find_window, "the note's window")
+        self.launch()
         self.desktop.wait_active(self.window, "the note is active after its start")
         return self
+
+    def launch(self):
+        """Starts the program and waits for its window."""
+        self.process = self.desktop.spawn(options.binary, environment=self.environment, stderr=None)
+        self.window = wait_until(self._find_window, "the note's window")
 
     def _find_window(self):
         if self.process.poll() is not None:

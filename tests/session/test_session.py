@@ -262,7 +262,7 @@ def main():
     parser.add_argument("--list", action="store_true", help="print the names of the tests and end")
     parser.add_argument("names", nargs="*", help="class or Class.test; all by default")
     parser.parse_args(namespace=options)
-    cases = [TestDaily, test_shell.TestHotKeys]
+    cases = [TestDaily, test_shell.TestHotKeys, test_shell.TestWindows]
     if options.desktop == "openbox":
         cases += [TestAnyDesktop, TestLostDisplay, test_shell.TestTray, test_shell.TestServices]
     loader = unittest.defaultTestLoader

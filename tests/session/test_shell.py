@@ -17,7 +17,8 @@ LOGIN = "org.freedesktop.login1"
 LOGIN_PATH = "/org/freedesktop/login1"
 DEBIAN_PYTHON = "/usr/bin/python3"  # has the modules of the packages
 SHOW, PIN = "ctrl+alt+n", "ctrl+alt+p"
-ITEM_BUTTON = (378, 14)  # inside the window, when it stands in the title bar
+INFO_BUTTON = (403, 14)  # inside the window
+ITEM_BUTTON = (378, 14)  # when it stands in the title bar
 MENU = [["Show / Hide Note", "Control+Alt+N", None], ["Keep on Top", "Control+Alt+P", True],
         ["Show on Screen Wake", None, True], ["Start at Login", None, True], ["---"],
         ["Check for Updates…", None, None], ["---"], ["Quit Quillberry", "Control+Q", None]]
@@ -61,6 +62,105 @@ class ShellTest(SessionTest):
         self.addCleanup(process.stdout.close)
         return process
 
+    def popup(self):
+        """Whether the program shows a menu itself: a window of its own class that no window manager has."""
+        text = self.desktop.run("xwininfo", "-root", "-children")
+        windows = re.findall(r'(0x[0-9a-f]+) .*\("quillberry" "Quillberry"\)', text)
+        return any(all(state in self.desktop.run("xwininfo", "-id", window)
+                       for state in ("IsViewable", "Override Redirect State: yes")) for window in windows)
+
+    def wait_popup_closed(self):
+        wait_until(lambda: not self.popup(), "the menu is closed")
+
+    def click(self, x, y):
+        self.desktop.xdotool("mousemove", "--window", self.note.window, x, y, "click", 1)
+
+    def other_window(self):
+        """The program's window beside the note, if there is one."""
+        own = [window for window in self.desktop.windows()
+               if self.desktop.prop("_NET_WM_PID", window) == str(self.note.process.pid)]
+        return next((window for window in own if window != self.note.window), None)
+
+
+class TestWindows(ShellTest):
+    """What stands beside the note, and where the note itself comes to."""
+
+    def test_first_run(self):
+        self.note.settings.unlink()
+        self.note.launch()
+        welcome = wait_until(self.other_window, "the welcome")
+        self.desktop.wait_active(welcome)
+        self.assertEqual(self.desktop.geometry(welcome)[2], 314)  # 312, and a hairline on both sides
+        wait_until(lambda: self.lies_above(welcome), "it lies above the pinned note")
+        self.click(100, 100)
+        self.wait_forward()
+        self.assertTrue(self.desktop.is_viewable(welcome))
+        self.note.hide()
+        self.assertFalse(self.desktop.is_viewable(welcome))
+        self.press(SHOW)
+        wait_until(lambda: self.desktop.is_viewable(welcome), "it comes back with the note")
+        self.desktop.activate(welcome)
+        self.press("Return")
+        wait_until(lambda: not self.desktop.is_viewable(welcome), "Return closes it")
+        self.wait_forward()
+        self.note.type("x")
+        self.note.signal(signal.SIGTERM)
+        self.assertEqual(self.note.text(), "x")
+        self.note.start()
+        time.sleep(1)  # more than the time after which a first run shows it
+        self.assertIsNone(self.other_window())
+
+    def lies_above(self, window):
+        stack = self.desktop.windows(stacked=True)
+        return stack.index(window) > stack.index(self.note.window)
+
+    def test_shortcuts(self):
+        self.note.start()
+        for close in (lambda: self.press("Escape"), lambda: self.click(60, 280), lambda: self.click(*INFO_BUTTON)):
+            self.click(*INFO_BUTTON)
+            wait_until(self.popup, "the shortcuts")
+            close()
+            self.wait_popup_closed()
+            self.assertTrue(self.desktop.is_viewable(self.note.window))
+        self.note.type("x")
+        self.note.wait_for_text("x")
+
+    def test_update_window(self):
+        """It lies above the pinned note, comes and goes with it, and leaves the keyboard to it."""
+        self.start_beside_companion()
+        self.note.perform("checkForUpdates")
+        window = wait_until(self.other_window, "the update window")
+        self.desktop.wait_active(window)
+        wait_until(lambda: self.lies_above(window), "it lies above the pinned note")
+        self.click(100, 300)
+        self.wait_forward()
+        self.assertTrue(self.lies_above(window))
+        self.press(SHOW)
+        self.wait_put_away()
+        self.assertFalse(self.desktop.is_viewable(window))
+        self.press(SHOW)
+        wait_until(lambda: self.desktop.is_viewable(window), "it comes back with the note")
+        self.note.perform("checkForUpdates")
+        self.desktop.wait_active(window)
+        self.press("Escape")
+        wait_until(lambda: not self.desktop.is_viewable(window), "Escape closes it")
+        self.wait_forward()
+
+    def test_unpinned_note_comes_to_the_user(self):
+        """Also from another workspace."""
+        self.desktop.run("wmctrl", "-n", 2)
+        self.addCleanup(self.desktop.run, "wmctrl", "-s", 0)
+        self.start_beside_companion()
+        self.press(PIN)
+        self.wait_setting("pinned", False)
+        for workspace in "1", "0":
+            self.desktop.run("wmctrl", "-s", workspace)
+            wait_until(lambda: self.desktop.prop("_NET_CURRENT_DESKTOP") == workspace, "a switch of workspaces")
+            self.press(SHOW)
+            self.wait_forward()
+            self.assertEqual(self.desktop.prop("_NET_CURRENT_DESKTOP"), workspace)
+            self.assertEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), workspace)
+
 
 class TestHotKeys(ShellTest):
     def test_from_anywhere(self):
@@ -102,8 +202,13 @@ class TestHotKeys(ShellTest):
         self.press(*[SHOW] * 10, PIN)
         self.wait_setting("pinned", False)
         self.wait_forward()
-        self.press(*[SHOW] * 9, PIN)
+        self.desktop.xdotool("keydown", "ctrl", "keydown", "alt", "key", "--delay", 0, *["57"] * 10, "keyup", "alt",
+                             "keyup", "ctrl")  # many in one moment
+        self.press(PIN)
         self.wait_setting("pinned", True)
+        self.wait_forward()
+        self.press(*[SHOW] * 9, PIN)
+        self.wait_setting("pinned", False)
         self.wait_put_away()
 
     def test_other_modifiers(self):
@@ -178,16 +283,9 @@ class TestTray(ShellTest):
         self.tell(host, "press", "Quit Quillberry")
         self.assertEqual(self.note.process.wait(10), 0)
 
-    def popup(self):
-        """Whether the program shows a menu itself: a window of its own class that no window manager has."""
-        text = self.desktop.run("xwininfo", "-root", "-children")
-        windows = re.findall(r'(0x[0-9a-f]+) .*\("quillberry" "Quillberry"\)', text)
-        return any(all(state in self.desktop.run("xwininfo", "-id", window)
-                       for state in ("IsViewable", "Override Redirect State: yes")) for window in windows)
-
     def open_in_title_bar(self):
         """The menu, if the item's button is in the title bar; there a click on nothing does nothing."""
-        self.desktop.xdotool("mousemove", "--window", self.note.window, *ITEM_BUTTON, "click", 1)
+        self.click(*ITEM_BUTTON)
         with contextlib.suppress(AssertionError):
             return wait_until(self.popup, "a menu", 1)
         return False
@@ -197,13 +295,10 @@ class TestTray(ShellTest):
         wait_until(self.open_in_title_bar, "the item's button is in the title bar")
         self.press("Escape")
         self.wait_popup_closed()
-        self.press("F6", "space")
+        self.press("F6", "F6", "space")  # past the close button
         wait_until(self.popup, "the menu")
         self.press(*["Down"] * (1 + [label for label, *_ in MENU].index(entry)), "Return")
         self.wait_popup_closed()
-
-    def wait_popup_closed(self):
-        wait_until(lambda: not self.popup(), "the menu is closed")
 
     def test_x11_tray(self):
         settings = self.note.folder / "tint2rc"
@@ -318,8 +413,7 @@ class TestServices(ShellTest):
     def test_resume_behind_a_locker(self):
         self.start_hidden()
         locker = self.start_helper("i3lock", "i3lock", "--nofork", "--color=202020")
-        wait_until(lambda: "i3lock" in self.desktop.run("xwininfo", "-root", "-tree"), "the locker")
-        self.press("x")  # it takes the keys
+        wait_until(self.keys_do_not_reach_the_note, "the locker has the keyboard")
         service = self.login_manager()
         self.mock(LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
         time.sleep(1.5)  # more than the time after which a resume shows the note
@@ -327,6 +421,12 @@ class TestServices(ShellTest):
         self.desktop.end(locker)
         self.wait_forward()
         self.desktop.end(service)
+
+    def keys_do_not_reach_the_note(self):
+        before = self.setting("pinned")
+        self.press(PIN)
+        time.sleep(1)  # ample for a hot key that is free
+        return self.setting("pinned") == before
 
     def test_start_at_login(self):
         self.start_beside_companion()

@@ -50,8 +50,7 @@ void NSApplication::hide(NSObject* /*sender*/) {
 }
 
 void NSApplication::terminate(NSObject* /*sender*/) {
-  if (std::exchange(world().terminated, true)) return;
-  if (const auto delegate = world().delegate.lock()) delegate->applicationWillTerminate();
+  if (!std::exchange(world().terminated, true)) headless::terminate();
 }
 
 std::shared_ptr<NSWindow> NSApplication::keyWindow() const {
@@ -80,7 +79,9 @@ bool reopen() {
   return delegate && delegate->applicationShouldHandleReopen(*NSApplication::sharedApplication(), visible);
 }
 
-void terminate() { NSApplication::sharedApplication()->terminate(nullptr); }
+void terminate() {
+  if (const auto delegate = world().delegate.lock()) delegate->applicationWillTerminate();
+}
 
 const std::shared_ptr<NSMenu>& mainMenu() { return world().mainMenu; }
 

@@ -160,7 +160,7 @@ void activateOtherProgram();
 bool programIsActive();
 /// The user starts the program again.
 bool reopen();
-/// The session or a signal ends the program.
+/// The session or a signal ends the program, or the session may be about to.
 void terminate();
 
 }  // namespace platform::headless

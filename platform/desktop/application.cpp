@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QSessionManager>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -73,7 +74,9 @@ struct Shared {
   desktop::RequestQueue* requests = nullptr;
   desktop::GlobalKeys* globalKeys = nullptr;
   bool owesFocus = false;
-  std::vector<QPointer<QWidget>> hiddenWindows;  ///< with the program, with which they come back
+  std::vector<std::shared_ptr<NSObject>> shown;
+  std::vector<std::shared_ptr<NSObject>> closed;  ///< and not let go of yet
+  std::vector<QPointer<QWidget>> hiddenWindows;   ///< with the program, with which they come back
   bool firstFrameDrawn = false;
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> afterFirstFrame;
   QList<QAction*> mainMenuCommands;
@@ -193,7 +196,7 @@ void NSApplication::run() {
 }
 
 void NSApplication::setMainMenu(const std::shared_ptr<NSMenu>& menu) {
-  impl_->mainMenu.emplace(menu, [](std::function<void()> command) { command(); });
+  impl_->mainMenu.emplace(menu, [](const std::function<void()>& command) { command(); });
   shared.mainMenuCommands.clear();
   for (QAction* const command : impl_->mainMenu->commands()) shared.mainMenuCommands.append(command);
 }
@@ -223,6 +226,17 @@ void NSApplication::hide(NSObject* /*sender*/) {
 namespace desktop {
 
 WindowSystem& windowSystem() { return *shared.windowSystem; }
+void keepWhileShown(std::shared_ptr<NSObject> object) { shared.shown.push_back(std::move(object)); }
+
+void letGo(const NSObject& object) {
+  auto& shown = shared.shown;
+  const auto kept = std::find_if(shown.begin(), shown.end(), [&](const auto& each) { return each.get() == &object; });
+  if (kept == shown.end()) return;
+  shared.closed.push_back(std::move(*kept));
+  shown.erase(kept);
+  QTimer::singleShot(0, qApp, [] { shared.closed.clear(); });
+}
+
 void hideProgram() { NSApplication::sharedApplication()->hide(nullptr); }
 RequestQueue& requests() { return *shared.requests; }
 GlobalKeys& globalKeys() { return *shared.globalKeys; }

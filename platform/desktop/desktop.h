@@ -27,6 +27,11 @@ QRect toToolkit(NSRect);
 RequestQueue& requests();
 GlobalKeys& globalKeys();
 
+/// Keeps what is shown until it is let go of, on a later turn of the loop: its own code may be running now. What is
+/// kept at the end is gone before the toolkit is.
+void keepWhileShown(std::shared_ptr<NSObject> object);
+void letGo(const NSObject& object);
+
 /// What hiding the application does.
 void hideProgram();
 

@@ -1,6 +1,6 @@
 #include "platform/popover.h"
 
-#include <QTimer>
+#include <utility>
 
 #include "platform/button.h"
 #include "platform/desktop/bubble.h"
@@ -30,8 +30,8 @@ QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), 
 }  // namespace
 
 struct NSPopover::Impl {
-  std::unique_ptr<Bubble> bubble;
-  std::shared_ptr<NSPopover> untilClosed;
+  std::unique_ptr<Bubble> bubble;  ///< from the first show on
+  bool shown = false;
 
   void show(bool transient) {
     if (transient) {
@@ -42,9 +42,8 @@ struct NSPopover::Impl {
     desktop::windowSystem().activate(*bubble);
   }
 
-  /// On a later turn: a button inside may be on the stack.
-  void letGo() {
-    if (untilClosed) QTimer::singleShot(0, [last = std::move(untilClosed)] { last->impl_->bubble.reset(); });
+  void closed(const NSPopover& popover) {
+    if (std::exchange(shown, false)) desktop::letGo(popover);
   }
 };
 
@@ -52,18 +51,19 @@ NSPopover::NSPopover() : impl_(std::make_unique<Impl>()) {}
 NSPopover::~NSPopover() = default;
 
 void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /*preferredEdge*/) {
-  if (impl_->untilClosed) return;
+  if (impl_->bubble) return;
   NSView& content = *controller_->view();
   desktop::realize(content);
   const bool transient = behavior_ == NSPopoverBehaviorTransient;
   impl_->bubble = std::make_unique<Bubble>(*content.native().widget, transient);
   Bubble& bubble = *impl_->bubble;
-  impl_->untilClosed = std::static_pointer_cast<NSPopover>(shared_from_this());
+  impl_->shown = true;
+  desktop::keepWhileShown(shared_from_this());
   bubble.onReturn = [&content] {
     if (NSButton* const button = defaultButton(content)) button->performClick(nullptr);
   };
   if (transient) {
-    bubble.onHide = [this] { impl_->letGo(); };
+    bubble.onHide = [this] { impl_->closed(*this); };
   } else {
     bubble.onEscape = [] { desktop::hideProgram(); };
   }
@@ -74,9 +74,9 @@ void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /
 }
 
 void NSPopover::performClose(NSObject* /*sender*/) {
-  if (!impl_->untilClosed) return;
+  if (!impl_->shown) return;
   desktop::NoteFrame::hideBeside(*impl_->bubble);
-  impl_->letGo();
+  impl_->closed(*this);
 }
 
 }  // namespace platform

@@ -52,7 +52,7 @@ struct NSStatusItem::Impl {
 
   void setMenu(const std::shared_ptr<NSMenu>& opened) {
     menu = opened;
-    toolkitMenu.emplace(menu, [](std::function<void()> command) { desktop::requests().add(std::move(command)); });
+    toolkitMenu.emplace(menu, [](const std::function<void()>& command) { desktop::requests().add(command); });
     // Whoever came to the button by its key goes on typing.
     QObject::connect(&toolkitMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
                      [this] { buttonWidget().window()->setFocus(); });

@@ -12,7 +12,7 @@ namespace platform::desktop {
 /// A menu of the program's as one of the toolkit's. Its check marks follow the items' states.
 class ToolkitMenu {
  public:
-  using Run = void (*)(std::function<void()> command);
+  using Run = void (*)(const std::function<void()>& command);
 
   /// `run` is given what a chosen item does, to do it at once or in its turn.
   ToolkitMenu(std::shared_ptr<NSMenu> menu, Run run);

@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QGridLayout>
+#include <QKeySequence>
 #include <QLabel>
 #include <QPainter>
 #include <cmath>
@@ -21,6 +22,25 @@ namespace {
 
 int whole(double points) { return static_cast<int>(std::lround(points)); }
 
+/// What a text of key symbols is called on this desktop; empty for any other text.
+QString keysInWords(const QString& text) {
+  if (text.size() < 2) return {};
+  if (text == QLatin1String("esc")) return QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText);
+  Qt::KeyboardModifiers modifiers;
+  for (const QChar symbol : text.chopped(1)) {
+    if (symbol == u'⌘') {
+      modifiers |= Qt::ControlModifier;
+    } else if (symbol == u'⌥') {
+      modifiers |= Qt::AltModifier;
+    } else {
+      return {};
+    }
+  }
+  if (!modifiers) return {};
+  const auto key = static_cast<Qt::Key>(text.back().unicode());
+  return QKeySequence(QKeyCombination(modifiers, key)).toString(QKeySequence::NativeText);
+}
+
 /// A label in a colour by its role, which follows the palette.
 class Label : public QLabel {
  public:
@@ -28,6 +48,9 @@ class Label : public QLabel {
     setTextFormat(Qt::PlainText);
     setFont(toQFont(field.font()));
     setWordWrap(field.wraps());
+    const QString keys = keysInWords(QLabel::text());
+    setToolTip(keys);
+    setAccessibleDescription(keys);
     const int room = field.wraps() ? whole(field.preferredMaxLayoutWidth()) : QWIDGETSIZE_MAX;
     const QRectF text =
         QFontMetricsF(font()).boundingRect(QRectF(0, 0, room, QWIDGETSIZE_MAX), flags(), QLabel::text());

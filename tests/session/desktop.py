@@ -38,8 +38,9 @@ def wait_until(predicate, what, timeout=20):
 class Desktop:
     """A context; what was started in it ends with it."""
 
-    def __init__(self, name):
+    def __init__(self, name, screen=SCREEN):
         self.name = name
+        self.screen = screen
         self._stack = contextlib.ExitStack()
 
     def __enter__(self):
@@ -69,7 +70,7 @@ class Desktop:
         self.environment |= extra
 
         self.server, number = self._spawn_announcing(
-            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {SCREEN[0]}x{SCREEN[1]}x24 -nolisten tcp -noreset")
+            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {self.screen[0]}x{self.screen[1]}x24 -nolisten tcp -noreset")
         self.environment["DISPLAY"] = f":{number}"
         for bus in "session", "system":
             self.environment[f"DBUS_{bus.upper()}_BUS_ADDRESS"] = self._spawn_announcing(

@@ -1,0 +1,139 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QTest>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+#include "app/app_delegate.h"
+#include "platform/desktop/bubble.h"
+#include "tests/desktop/scratch.h"
+
+namespace quillberry {
+namespace {
+
+using platform::desktop::Bubble;
+using testing::ElementsAre;
+
+/// The whole program on a screen that nobody sees.
+class Popover : public testing::Test {
+ protected:
+  scratch::Folder scratch;
+  std::shared_ptr<platform::NSApplication> app;
+  std::shared_ptr<AppDelegate> delegate;
+
+  void launch(bool welcomed) {
+    if (welcomed) scratch::put(scratch.path() / "config/Quillberry/settings.json", R"({"didShowWelcome": true})");
+    app = platform::NSApplication::sharedApplication();
+    delegate = std::make_shared<AppDelegate>();
+    app->setDelegate(delegate);
+    delegate->applicationDidFinishLaunching();
+  }
+
+  static Bubble* shown() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      auto* const bubble = dynamic_cast<Bubble*>(window);
+      if (bubble != nullptr && bubble->isVisible()) return bubble;
+    }
+    return nullptr;
+  }
+  static Bubble& waitForBubble() {
+    if (!QTest::qWaitFor([] { return shown() != nullptr; }, 10'000)) throw std::logic_error("there is no popover");
+    return *shown();
+  }
+  static QWidget& content(Bubble& bubble) { return *bubble.findChild<QWidget*>({}, Qt::FindDirectChildrenOnly); }
+
+  static void clickInfo() {
+    for (QWidget* const widget : QApplication::allWidgets()) {
+      auto* const button = qobject_cast<QAbstractButton*>(widget);
+      if (button != nullptr && button->accessibleName() == QLatin1String("Shortcuts")) button->click();
+    }
+  }
+  static void press(QWidget& widget, int key) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+  }
+
+  /// The places of the labels and buttons in the content, from top to bottom.
+  static std::vector<QRect> places(QWidget& content) {
+    std::vector<QRect> rects;
+    for (auto* const widget : content.findChildren<QWidget*>()) {
+      if (widget->findChildren<QWidget*>().isEmpty())
+        rects.emplace_back(widget->mapTo(&content, QPoint()), widget->size());
+    }
+    std::sort(rects.begin(), rects.end(),
+              [](const QRect& a, const QRect& b) { return std::pair(a.y(), a.x()) < std::pair(b.y(), b.x()); });
+    return rects;
+  }
+};
+
+TEST_F(Popover, WelcomeHasItsMeasures) {
+  launch(false);
+  QWidget& welcome = content(waitForBubble());
+  EXPECT_EQ(welcome.width(), 312);
+  const auto rects = places(welcome);  // mark, name, bar, headline, body, three rows of two, button
+  ASSERT_EQ(rects.size(), 12U);
+  EXPECT_EQ(rects[0], QRect(18, 18, 34, 34));
+  EXPECT_EQ(rects[1].x(), 18 + 34 + 10);
+  EXPECT_EQ(rects[2], QRect(18, 18 + 34 + 8, 40, 3));
+  EXPECT_EQ(rects[3].topLeft(), QPoint(18, rects[2].bottom() + 1 + 14));
+  EXPECT_EQ(rects[4].topLeft(), QPoint(18, rects[3].bottom() + 1 + 11));
+  EXPECT_EQ(rects[4].width(), 276);
+  EXPECT_GT(rects[4].height(), 2 * rects[3].height()) << "the body is wrapped";
+  EXPECT_EQ(rects[5].topLeft(), QPoint(18, rects[4].bottom() + 1 + 11));
+  const int widestKeyCaps = std::max({rects[5].width(), rects[7].width(), rects[9].width()});
+  for (int row = 0; row < 3; ++row) {
+    EXPECT_EQ(rects[5 + 2 * row].x(), 18);
+    EXPECT_EQ(rects[6 + 2 * row].x(), 18 + widestKeyCaps + 12);
+  }
+  EXPECT_EQ(rects[11].x(), 18);
+  EXPECT_EQ(welcome.height() - rects[11].bottom() - 1, 18);
+}
+
+TEST_F(Popover, WelcomeStaysUntilReturn) {
+  launch(false);
+  Bubble& bubble = waitForBubble();
+  press(bubble, Qt::Key_X);
+  EXPECT_TRUE(bubble.isVisible());
+  press(bubble, Qt::Key_Escape);
+  EXPECT_EQ(shown(), nullptr) << "it was hidden with the program";
+  delegate->showWindow();
+  EXPECT_EQ(shown(), &bubble);
+  press(bubble, Qt::Key_Return);
+  EXPECT_EQ(shown(), nullptr);
+  QCoreApplication::processEvents();
+  delegate->hideWindow();
+  delegate->showWindow();
+  EXPECT_EQ(shown(), nullptr);
+}
+
+TEST_F(Popover, ShortcutsHaveTheirMeasuresAndSayTheKeysInWords) {
+  launch(true);
+  clickInfo();
+  QWidget& shortcuts = content(waitForBubble());
+  const auto rects = places(shortcuts);
+  ASSERT_EQ(rects.size(), 6U);
+  EXPECT_EQ(rects[0].topLeft(), QPoint(16, 14));
+  EXPECT_EQ(rects[1].x(), 16 + std::max({rects[0].width(), rects[2].width(), rects[4].width()}) + 14);
+  EXPECT_EQ(shortcuts.height() - std::max(rects[4].bottom(), rects[5].bottom()) - 1, 14);
+  std::vector<QString> tips;
+  for (auto* const label : shortcuts.findChildren<QLabel*>()) tips.push_back(label->toolTip());
+  EXPECT_THAT(tips, ElementsAre(QStringLiteral("Ctrl+Alt+N"), QString(), QStringLiteral("Ctrl+Alt+P"), QString(),
+                                QStringLiteral("Esc"), QString()));
+  press(*shown(), Qt::Key_Escape);
+  EXPECT_EQ(shown(), nullptr);
+  clickInfo();
+  EXPECT_NE(shown(), nullptr) << "a new one";
+  delegate->hideWindow();
+  EXPECT_EQ(shown(), nullptr);
+  delegate->showWindow();
+  EXPECT_EQ(shown(), nullptr) << "hidden, it is closed";
+}
+
+}  // namespace
+}  // namespace quillberry

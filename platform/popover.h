@@ -37,7 +37,8 @@ class NSPopover : public NSObject {
   /// Whether it comes and goes gently. Popovers here appear at once either way.
   void setAnimates(bool animates) { animates_ = animates; }
 
-  /// Shows it at `rect` of `anchor`, once in its life. A status item's button that is in a tray stands for the item's place there.
+  /// Shows it at `rect` of `anchor`, once in its life. A status item's button that is in a tray stands for the item's
+  /// place there.
   void showRelativeToRect(NSRect rect, NSView& anchor, NSRectEdge preferredEdge);
   /// Closes it, if it is shown. `sender` is not used.
   void performClose(NSObject* sender);

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -21,6 +22,7 @@ constexpr int titleSize = 13;
 constexpr int dragDistance = 3;
 constexpr int gripWidth = 5;
 constexpr int cornerLength = 12;
+constexpr double cornerRadius = 10;
 
 Qt::CursorShape cursorFor(Qt::Edges edges) {
   if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge)) return Qt::SizeFDiagCursor;
@@ -123,10 +125,29 @@ void EdgeGrip::placeIn(QSize window) {
 void EdgeGrip::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QColor line = hairlineColor(palette());
+  if (isCorner(edges_) && window()->testAttribute(Qt::WA_TranslucentBackground)) {
+    paintRoundCorner(painter, line);
+    return;
+  }
   if (edges_ & Qt::LeftEdge) painter.fillRect(0, 0, 1, height(), line);
   if (edges_ & Qt::RightEdge) painter.fillRect(width() - 1, 0, 1, height(), line);
   if (edges_ & Qt::TopEdge) painter.fillRect(0, 0, width(), 1, line);
   if (edges_ & Qt::BottomEdge) painter.fillRect(0, height() - 1, width(), 1, line);
+}
+
+/// Takes away what the window's content has drawn outside of the rounded corner.
+void EdgeGrip::paintRoundCorner(QPainter& painter, const QColor& line) {
+  const QRectF whole(-pos(), window()->size());
+  QPainterPath outside;
+  outside.addRect(rect());
+  QPainterPath inside;
+  inside.addRoundedRect(whole, cornerRadius, cornerRadius);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setCompositionMode(QPainter::CompositionMode_Clear);
+  painter.fillPath(outside.subtracted(inside), Qt::transparent);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  painter.setPen(line);
+  painter.drawRoundedRect(whole.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius - 0.5, cornerRadius - 0.5);
 }
 
 void EdgeGrip::startDrag(QWindow& window) { window.startSystemResize(edges_); }
@@ -142,6 +163,8 @@ NoteFrame::NoteFrame()
              EdgeGrip(Qt::BottomEdge | Qt::LeftEdge),
              EdgeGrip(Qt::BottomEdge | Qt::RightEdge)} {
   setBackgroundRole(QPalette::Base);
+  // Where nothing composes windows, what is see-through would be black: there the corners stay square.
+  if (windowSystem().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
   titleBar_.onDoubleClick = [this] { toggleZoom(); };
   QObject::connect(&titleBar_.closeButton(), &QAbstractButton::clicked, this, [this] { close(); });
   QObject::connect(this, &QWidget::windowTitleChanged, &titleBar_, [this] { titleBar_.update(); });

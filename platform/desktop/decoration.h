@@ -66,6 +66,8 @@ class EdgeGrip : public DragHandle {
   void startDrag(QWindow& window) override;
 
  private:
+  void paintRoundCorner(QPainter& painter, const QColor& line);
+
   Qt::Edges edges_;
 };
 

@@ -1,5 +1,6 @@
 #include <QTimer>
 #include <chrono>
+#include <unordered_map>
 #include <utility>
 
 #include "platform/date.h"
@@ -11,9 +12,19 @@ Date NSDate::now() {
   return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
+namespace {
+
+/// The timers that are still to fire. Never destroyed: a timer may outlast the main loop, and what its block holds
+/// must not come apart among the other statics.
+std::unordered_map<const NSTimer*, std::shared_ptr<NSTimer>>& scheduled() {
+  static auto& timers = *new std::unordered_map<const NSTimer*, std::shared_ptr<NSTimer>>;
+  return timers;
+}
+
+}  // namespace
+
 struct NSTimer::Impl {
   QTimer timer;
-  std::shared_ptr<NSTimer> untilFired;
 };
 
 NSTimer::NSTimer() : impl_(std::make_unique<Impl>()) {}
@@ -22,22 +33,22 @@ NSTimer::~NSTimer() = default;
 std::shared_ptr<NSTimer> NSTimer::scheduledTimerWithTimeInterval(double interval, bool /*repeats*/,
                                                                  std::function<void()> block) {
   std::shared_ptr<NSTimer> timer(new NSTimer);
-  Impl& impl = *timer->impl_;
-  impl.untilFired = timer;
-  impl.timer.setSingleShot(true);
-  impl.timer.setTimerType(Qt::PreciseTimer);  // the coarse kind may fire early
-  QObject::connect(&impl.timer, &QTimer::timeout, [&impl, block = std::move(block)] {
+  QTimer& ticking = timer->impl_->timer;
+  ticking.setSingleShot(true);
+  ticking.setTimerType(Qt::PreciseTimer);  // the coarse kind may fire early
+  QObject::connect(&ticking, &QTimer::timeout, [timer = timer.get(), block = std::move(block)] {
     // Whoever the block lets go of the timer, it is there until the block has ended.
-    const auto self = std::exchange(impl.untilFired, nullptr);
+    const auto self = scheduled().extract(timer);
     block();
   });
-  impl.timer.start(std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(interval)));
+  ticking.start(std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(interval)));
+  scheduled().emplace(timer.get(), timer);
   return timer;
 }
 
 void NSTimer::invalidate() {
   impl_->timer.stop();
-  impl_->untilFired.reset();
+  const auto self = scheduled().extract(this);
 }
 
 }  // namespace platform

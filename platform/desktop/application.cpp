@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/application_metadata.h"
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/application_service.h"
 #include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
@@ -121,6 +122,7 @@ struct NSApplication::Impl {
     toolkit->onQuit = [this] { terminate(); };
     signals.deliverTo([this] { terminate(); });
     obeySessionManager();
+    desktop::describeWindowsToAssistiveTechnology();
   }
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;

@@ -28,6 +28,9 @@ Bubble::Bubble(QWidget& content, bool transient)
       transient_(transient) {
   // Where nothing composes windows, what is see-through would be black: there the window has the shape instead.
   if (windowSystem().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
+  // What has the focus is what a screen reader tells of.
+  if (transient) setFocusPolicy(Qt::StrongFocus);
+  if (transient) setFocus();
   setAttribute(Qt::WA_NoMouseReplay);  // the press that closes it does nothing else
   content_.setParent(this);
   content_.show();

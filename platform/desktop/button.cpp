@@ -53,7 +53,7 @@ void NSButton::setContentTintColor(const NSColor& color) {
   tint_ = color;
   QWidget& widget = *native().widget;
   if (auto* const symbol = dynamic_cast<SymbolButton*>(&widget)) symbol->setTint(color);
-  if (auto* const push = dynamic_cast<PushButton*>(&widget)) push->setFace(desktop::toQColor(color, widget.palette()));
+  if (auto* const push = dynamic_cast<PushButton*>(&widget)) push->setTint(color);
 }
 
 void NSButton::sizeToFit() { setFrameSize(image_.value_or(NSImage()).size()); }

@@ -1,5 +1,6 @@
 #include "platform/popover.h"
 
+#include <QPushButton>
 #include <utility>
 
 #include "platform/button.h"
@@ -57,11 +58,13 @@ void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /
   const bool transient = behavior_ == NSPopoverBehaviorTransient;
   impl_->bubble = std::make_unique<Bubble>(*content.native().widget, transient);
   Bubble& bubble = *impl_->bubble;
+  bubble.setWindowTitle(anchor.native().widget->accessibleName());
   impl_->shown = true;
   desktop::keepWhileShown(shared_from_this());
-  bubble.onReturn = [&content] {
-    if (NSButton* const button = defaultButton(content)) button->performClick(nullptr);
-  };
+  if (NSButton* const button = defaultButton(content)) {
+    if (auto* const push = qobject_cast<QPushButton*>(button->native().widget.get())) push->setDefault(true);
+    bubble.onReturn = [button] { button->performClick(nullptr); };
+  }
   if (transient) {
     bubble.onHide = [this] { impl_->closed(*this); };
   } else {

@@ -22,8 +22,8 @@ PushButton::PushButton(const QString& title) : QPushButton(title) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void PushButton::setFace(const QColor& face) {
-  face_ = face;
+void PushButton::setTint(const NSColor& tint) {
+  tint_ = tint;
   update();
 }
 
@@ -32,7 +32,8 @@ QSize PushButton::sizeHint() const { return {fontMetrics().horizontalAdvance(tex
 void PushButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QColor face = isDown() ? face_.darker(pressedPercent) : underMouse() ? face_.lighter(livelyPercent) : face_;
+  const QColor tint = toQColor(tint_, palette());
+  const QColor face = isDown() ? tint.darker(pressedPercent) : underMouse() ? tint.lighter(livelyPercent) : tint;
   painter.setPen(Qt::NoPen);
   painter.setBrush(face);
   painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);

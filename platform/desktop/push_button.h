@@ -6,19 +6,19 @@
 
 namespace platform::desktop {
 
-/// A push button with a face in a colour of its own, on which the title is dark or light, whichever is read better.
+/// A push button with a face in its tint, on which the title is dark or light, whichever is read better.
 class PushButton : public QPushButton {
  public:
   explicit PushButton(const QString& title);
 
-  void setFace(const QColor& face);
+  void setTint(const NSColor& tint);
   QSize sizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QColor face_;
+  NSColor tint_ = NSColor::labelColor();
 };
 
 }  // namespace platform::desktop

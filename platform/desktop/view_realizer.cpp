@@ -171,6 +171,8 @@ void realize(NSView& root) {
   } else if (root.subviews().size() == 1) {
     layOutOnlySubview(root);
   }
+  // Widgets made here came after those that were there before, in the order that a screen reader goes by.
+  for (const auto& view : root.subviews()) widgetOf(*view).raise();
   fixSize(root);
 }
 

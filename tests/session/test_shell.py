@@ -352,6 +352,48 @@ class TestServices(ShellTest):
         self.assertEqual(self.note.process.wait(10), 0)
         self.assertEqual(self.note.text(), "kept")
 
+    def test_assistive_technology(self):
+        try:
+            self.desktop.call("session", "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties.Set",
+                              "org.a11y.Status", "IsEnabled", "<true>")
+        except AssertionError as error:
+            raise unittest.SkipTest(f"at-spi2-core: {error}") from error
+        self.note.environment.pop("NO_AT_BRIDGE")
+        self.note.put_settings(didShowWelcome=False)
+        self.note.launch()
+        self.desktop.wait_active(wait_until(self.other_window, "the welcome"))
+        note = ["frame Quillberry 📌", "text Note (editable, focusable, multi-line)", "push button Close (focusable)",
+                "push button Quillberry (focusable)", "push button Shortcuts (focusable)"]
+        shortcuts = ["label ⌥⌘N = Ctrl+Alt+N", "label ⌥⌘P = Ctrl+Alt+P", "label esc = Esc"]
+        wait_until(lambda: self.heard()[0] == note, "the note's tree")
+        welcome = self.heard()[1]
+        self.assertEqual([welcome[0], welcome[-1]],
+                         ["dialog Quillberry (active)", "push button Got it (default, focusable, focused)"])
+        self.assertEqual([text for text in welcome if " = " in text], shortcuts)
+        self.press("Return")
+        note[:2] = "frame Quillberry 📌 (active)", "text Note (editable, focusable, focused, multi-line)"
+        wait_until(lambda: self.heard() == [note], "the note has the focus again")
+        self.click(*INFO_BUTTON)
+        wait_until(lambda: "dialog Shortcuts (active, focusable, focused)" in self.heard()[0], "the shortcuts")
+        self.assertEqual([text for text in self.heard()[0] if " = " in text], shortcuts)
+        self.press("Escape")
+        wait_until(lambda: self.heard() == [note], "the note has the focus again")
+
+    def heard(self):
+        """Of each of the program's windows, what a screen reader tells: roles, names, keys in words, and states."""
+        done = subprocess.run([DEBIAN_PYTHON, Path(__file__).with_name("accessible_tree.py"), str(self.note.process.pid)],
+                              env=self.desktop.environment, capture_output=True, text=True, timeout=20)
+        program = json.loads(done.stdout or "null") or {"children": []}
+        return [list(self.told(window)) for window in program["children"]]
+
+    def told(self, item):
+        if item["name"]:
+            keys = f" = {item['description']}" if item["role"] == "label" and item["description"] else ""
+            states = ", ".join(sorted(set(item["states"]) - {"enabled", "showing"}))
+            yield f"{item['role']} {item['name']}{keys}" + (f" ({states})" if states else "")
+        for child in item["children"]:
+            yield from self.told(child)
+
     def start_hidden(self):
         self.note.start()
         self.note.hide()

@@ -1,0 +1,70 @@
+#include "platform/desktop/accessibility.h"
+
+#include <QAccessibleWidget>
+#include <QApplication>
+#include <QLabel>
+
+#include "platform/desktop/bubble.h"
+#include "platform/desktop/decoration.h"
+
+namespace platform::desktop {
+namespace {
+
+/// The note's window. A popover that closes by itself hangs in its tree, for the toolkit's own list of windows leaves
+/// such ones out.
+class AccessibleNote : public QAccessibleWidget {
+ public:
+  explicit AccessibleNote(NoteFrame& frame) : QAccessibleWidget(&frame, QAccessible::Window) {}
+
+  int childCount() const override { return QAccessibleWidget::childCount() + (popover() != nullptr ? 1 : 0); }
+  QAccessibleInterface* child(int index) const override {
+    const bool last = index == QAccessibleWidget::childCount();
+    return last ? QAccessible::queryAccessibleInterface(popover()) : QAccessibleWidget::child(index);
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const bool last = popover() != nullptr && child->object() == popover();
+    return last ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
+  }
+  /// The text that has the focus for it is the only one that is said to have it.
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.focused = false;
+    return state;
+  }
+
+ private:
+  static QWidget* popover() { return dynamic_cast<Bubble*>(QApplication::activePopupWidget()); }
+};
+
+/// A popover. It is described by all of its texts, which cannot be reached one by one.
+class AccessibleBubble : public QAccessibleWidget {
+ public:
+  explicit AccessibleBubble(Bubble& bubble) : QAccessibleWidget(&bubble, QAccessible::Dialog) {}
+
+  QAccessibleInterface* parent() const override {
+    NoteFrame* const owner = widget()->windowType() == Qt::Popup ? NoteFrame::first() : nullptr;
+    return owner != nullptr ? QAccessible::queryAccessibleInterface(owner) : QAccessibleWidget::parent();
+  }
+  QString text(QAccessible::Text kind) const override {
+    if (kind != QAccessible::Description) return QAccessibleWidget::text(kind);
+    QStringList texts;
+    for (const auto* const label : widget()->findChildren<QLabel*>()) {
+      const QString inWords = label->accessibleDescription();
+      texts.append(inWords.isEmpty() ? label->text() : inWords);
+    }
+    return texts.join(QLatin1String("\n"));
+  }
+};
+
+QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
+  // The toolkit owns what it is given.
+  if (auto* const frame = dynamic_cast<NoteFrame*>(object)) return new AccessibleNote(*frame);
+  if (auto* const bubble = dynamic_cast<Bubble*>(object)) return new AccessibleBubble(*bubble);
+  return nullptr;
+}
+
+}  // namespace
+
+void describeWindowsToAssistiveTechnology() { QAccessible::installFactory(describe); }
+
+}  // namespace platform::desktop

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace platform::desktop {
+
+/// Tells assistive technology what the program's own windows are: the toolkit knows them for plain widgets. Nothing
+/// is made before somebody asks.
+void describeWindowsToAssistiveTechnology();
+
+}  // namespace platform::desktop

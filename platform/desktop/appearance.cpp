@@ -13,6 +13,7 @@ namespace {
 constexpr double secondaryShare = 0.68;
 constexpr double tertiaryShare = 0.55;
 constexpr double hairlineShare = 0.22;
+constexpr double activeBorderShare = 0.45;
 constexpr double popoverShare = 0.015;
 constexpr double typographicPointsPerInch = 72;
 
@@ -84,6 +85,11 @@ QColor textColorOn(const QColor& background) {
   return lightness / 0.05 >= 1.05 / lightness ? Qt::black : Qt::white;
 }
 
+Qt::LayoutDirection directionOf(const QString& text) {
+  return text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
 QColor hairlineColor(const QPalette& palette) { return mixed(palette, hairlineShare); }
+QColor activeBorderColor(const QPalette& palette) { return mixed(palette, activeBorderShare); }
 
 }  // namespace platform::desktop

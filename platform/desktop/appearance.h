@@ -19,7 +19,11 @@ QColor secondaryTextColor(const QPalette&);
 QColor popoverColor(const QPalette&);
 /// Dark or light, whichever is read better on that background.
 QColor textColorOn(const QColor& background);
+/// The direction of a text by its own letters, whichever the desktop has.
+Qt::LayoutDirection directionOf(const QString& text);
 /// For lines that part one surface from another.
 QColor hairlineColor(const QPalette&);
+/// For the border of the window that has the keyboard.
+QColor activeBorderColor(const QPalette&);
 
 }  // namespace platform::desktop

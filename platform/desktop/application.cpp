@@ -1,6 +1,7 @@
 #include "platform/application.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QPointer>
 #include <QScreen>
 #include <QSessionManager>
@@ -19,6 +20,7 @@
 #include "platform/desktop/single_instance.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/termination_signals.h"
+#include "platform/desktop/theme_follower.h"
 #include "platform/desktop/toolkit_menu.h"
 #include "platform/desktop/wake_signals.h"
 
@@ -98,6 +100,7 @@ struct NSApplication::Impl {
   desktop::UniqueFd noteLock = desktop::becomeTheOneInstance();
   desktop::TerminationSignals signals;
   std::unique_ptr<ToolkitApplication> toolkit = makeToolkitApplication();
+  desktop::ThemeFollower themeFollower;
   std::unique_ptr<WindowSystem> windowSystem = WindowSystem::forThisDisplay();
   desktop::RequestQueue requests{*windowSystem};
   std::unique_ptr<desktop::GlobalKeys> globalKeys = desktop::GlobalKeys::forThisDisplay();
@@ -116,6 +119,7 @@ struct NSApplication::Impl {
     shared.requests = &requests;
     shared.globalKeys = globalKeys.get();
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setLayoutDirection(QLocale().textDirection());
     QApplication::setApplicationName(desktop::toQString(metadata::name));
     QApplication::setDesktopFileName(desktop::toQString(metadata::identifier));
     QApplication::setApplicationVersion(desktop::toQString(metadata::version));

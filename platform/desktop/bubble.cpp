@@ -78,7 +78,10 @@ QPainterPath Bubble::outline(double inset) const {
 void Bubble::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(hairlineColor(palette()), border));
+  const QColor line = hairlineColor(palette());
+  // A shape of whole points has steps where the outline is a curve: they are filled by the line.
+  if (!testAttribute(Qt::WA_TranslucentBackground)) painter.fillRect(rect(), line);
+  painter.setPen(QPen(line, border));
   painter.setBrush(popoverColor(palette()));
   painter.drawPath(outline(border / 2.0));
 }

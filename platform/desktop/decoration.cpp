@@ -62,6 +62,7 @@ void TitleBar::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), palette().base());
   painter.setFont(toQFont(NSFont::systemFontOfSize(titleSize, NSFontWeight::Semibold)));
   painter.setPen(secondaryTextColor(palette()));
+  painter.setLayoutDirection(directionOf(window()->windowTitle()));
   const int buttonRoom = closeButtonMargin + closeButton_.width();
   const int sides = (itemButton_ != nullptr ? 2 * buttonRoom : buttonRoom) + closeButtonMargin;
   const QRect room = rect().adjusted(sides, 0, -sides, 0);
@@ -124,7 +125,7 @@ void EdgeGrip::placeIn(QSize window) {
 
 void EdgeGrip::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QColor line = hairlineColor(palette());
+  const QColor line = window()->isActiveWindow() ? activeBorderColor(palette()) : hairlineColor(palette());
   if (isCorner(edges_) && window()->testAttribute(Qt::WA_TranslucentBackground)) {
     paintRoundCorner(painter, line);
     return;
@@ -281,8 +282,10 @@ bool NoteFrame::focusNextPrevChild(bool next) {
 
 void NoteFrame::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::WindowStateChange) return;
-  for (EdgeGrip& grip : grips_) grip.setVisible(!isMaximized());
+  for (EdgeGrip& grip : grips_) {
+    if (event->type() == QEvent::WindowStateChange) grip.setVisible(!isMaximized());
+    if (event->type() == QEvent::ActivationChange) grip.update();
+  }
 }
 
 }  // namespace platform::desktop

@@ -1,5 +1,6 @@
 #include "platform/desktop/push_button.h"
 
+#include <QFocusEvent>
 #include <QPainter>
 
 #include "platform/desktop/appearance.h"
@@ -29,6 +30,12 @@ void PushButton::setTint(const NSColor& tint) {
 
 QSize PushButton::sizeHint() const { return {fontMetrics().horizontalAdvance(text()) + 2 * sideRoom, faceHeight}; }
 
+void PushButton::focusInEvent(QFocusEvent* event) {
+  // The ring is for those who go from control to control; the default button has the focus from the first.
+  reachedByKey_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  QPushButton::focusInEvent(event);
+}
+
 void PushButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -37,7 +44,7 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(face);
   painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-  if (hasFocus() && window()->isActiveWindow()) {
+  if (hasFocus() && reachedByKey_) {
     painter.setPen(QPen(textColorOn(face), 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), cornerRadius - 2, cornerRadius - 2);

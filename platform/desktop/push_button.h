@@ -16,8 +16,10 @@ class PushButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
+  bool reachedByKey_ = false;
   NSColor tint_ = NSColor::labelColor();
 };
 

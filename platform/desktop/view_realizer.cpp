@@ -61,11 +61,15 @@ class Label : public QLabel {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     painter.setPen(toQColor(color_, palette()));
+    painter.setLayoutDirection(directionOf(text()));
     painter.drawText(rect(), flags(), text());
   }
 
  private:
-  int flags() const { return int(Qt::AlignLeading | Qt::AlignTop) | (wordWrap() ? Qt::TextWordWrap : 0); }
+  int flags() const {
+    const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    return int(leading | Qt::AlignAbsolute | Qt::AlignTop) | (wordWrap() ? Qt::TextWordWrap : 0);
+  }
 
   NSColor color_;
 };

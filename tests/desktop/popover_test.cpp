@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QTest>
+#include <cmath>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -93,6 +94,50 @@ TEST_F(Popover, WelcomeHasItsMeasures) {
   }
   EXPECT_EQ(rects[11].x(), 18);
   EXPECT_EQ(welcome.height() - rects[11].bottom() - 1, 18);
+}
+
+double luminance(QColor color) {
+  const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// Of the pixel that stands out most to the one in a corner, where nothing is written.
+double contrast(const QImage& text) {
+  const double ground = luminance(text.pixelColor(0, 0));
+  double best = 1;
+  for (int y = 0; y < text.height(); ++y) {
+    for (int x = 0; x < text.width(); ++x) {
+      const double other = luminance(text.pixelColor(x, y));
+      best = std::max(best, (std::max(ground, other) + 0.05) / (std::min(ground, other) + 0.05));
+    }
+  }
+  return best;
+}
+
+TEST_F(Popover, ColorsAreReadInEveryPalette) {
+  launch(false);
+  Bubble& bubble = waitForBubble();
+  const std::vector<std::pair<QColor, QColor>> textOnBase{
+      {Qt::black, Qt::white}, {Qt::white, QColor(36, 36, 36)}, {Qt::white, Qt::black}};
+  for (const auto& [text, base] : textOnBase) {
+    QPalette palette(text, base);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Text, text);
+    QApplication::setPalette(palette);
+    QCoreApplication::processEvents();
+    const QImage image = bubble.grab().toImage();
+    const auto at = [&](const QWidget& widget) { return QRect(widget.mapTo(&bubble, QPoint()), widget.size()); };
+    EXPECT_NEAR(luminance(image.pixelColor(image.width() / 2, image.height() - 8)), luminance(base), 0.05);
+    const auto labels = bubble.findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 9);
+    for (const auto* const label : labels)
+      EXPECT_GE(contrast(image.copy(at(*label))), 4.5) << label->text().toStdString();
+    const auto* const button = bubble.findChild<QAbstractButton*>();
+    EXPECT_GE(contrast(image.copy(at(*button).adjusted(8, 4, -8, -4))), 4.5);
+    EXPECT_EQ(image.pixelColor(at(*button).topLeft() + QPoint(8, 4)), QColor(176, 125, 15));
+    const auto bar = places(content(bubble))[2].translated(content(bubble).pos());
+    EXPECT_EQ(image.pixelColor(bar.center()), QColor(255, 216, 77));
+  }
 }
 
 TEST_F(Popover, WelcomeStaysUntilReturn) {

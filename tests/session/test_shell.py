@@ -300,12 +300,42 @@ class TestTray(ShellTest):
         self.press(*["Down"] * (1 + [label for label, *_ in MENU].index(entry)), "Return")
         self.wait_popup_closed()
 
-    def test_x11_tray(self):
+    def start_x11_tray(self, edge="bottom"):
+        """The tray, in a panel along that edge of the screen."""
         settings = self.note.folder / "tint2rc"
-        settings.write_text("panel_items = S\npanel_size = 100% 32\nsystray_icon_size = 24\n")
+        settings.write_text("panel_items = S\npanel_size = 100% 32\nsystray_icon_size = 24\n"
+                            f"panel_position = {edge} center horizontal\n")
+        return self.start_helper("tint2", "tint2", "-c", str(settings))
+
+    def test_welcome_at_the_tray(self):
+        """It hangs from a panel above and stands on one below; the second start shows none."""
+        for edge in "top", "bottom":
+            with self.subTest(edge):
+                tray = self.start_x11_tray(edge)
+                wait_until(lambda: self.desktop.window_with("WM_NAME", '"tint2"'), "the panel")
+                self.note.put_settings(didShowWelcome=False)
+                self.note.launch()
+                welcome = wait_until(self.other_window, "the welcome")
+                self.desktop.wait_active(welcome)
+                icon_x, icon_y = wait_until(self.place_in_tray, "the item is in the tray")
+                x, y, width, height = self.desktop.geometry(welcome)
+                self.assertTrue(x < icon_x < x + width, (x, width, icon_x))
+                self.assertLess(abs((y if edge == "top" else y + height) - icon_y), 32)
+                self.press("Return")
+                wait_until(lambda: not self.desktop.is_viewable(welcome), "Return closes it")
+                self.wait_forward()
+                self.note.signal(signal.SIGTERM)
+                self.note.start()
+                wait_until(self.place_in_tray, "the item is in the tray")
+                time.sleep(1)  # more than the time after which a first run shows it
+                self.assertIsNone(self.other_window())
+                self.note.signal(signal.SIGTERM)
+                self.desktop.end(tray)
+
+    def test_x11_tray(self):
         self.start_beside_companion()
         for _ in range(2):
-            tray = self.start_helper("tint2", "tint2", "-c", str(settings))
+            tray = self.start_x11_tray()
             x, y = wait_until(self.place_in_tray, "the item is in the tray")
             for settled in (self.wait_put_away, self.wait_forward) * 2:
                 self.desktop.xdotool("mousemove", x, y, "click", 1)

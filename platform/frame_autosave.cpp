@@ -57,9 +57,12 @@ std::optional<KeptFrame> frameFromString(std::string_view text) {
 NSRect frameOnScreens(const KeptFrame& kept, const std::vector<Screen>& screens) {
   const bool sameScreen =
       std::any_of(screens.begin(), screens.end(), [&](const Screen& screen) { return screen.frame == kept.screen; });
-  const Screen& screen = screenOfFrame(kept.window, screens);
-  if (sameScreen && overlap(kept.window, screen.visibleFrame) > 0) return kept.window;
-  return wholeWithin(kept.window, screen.visibleFrame);
+  if (sameScreen && overlap(kept.window, screenOfFrame(kept.window, screens).visibleFrame) > 0) return kept.window;
+  return frameWholeOnScreens(kept.window, screens);
+}
+
+NSRect frameWholeOnScreens(NSRect frame, const std::vector<Screen>& screens) {
+  return wholeWithin(frame, screenOfFrame(frame, screens).visibleFrame);
 }
 
 const Screen& screenOfFrame(NSRect frame, const std::vector<Screen>& screens) {

@@ -30,6 +30,9 @@ std::optional<KeptFrame> frameFromString(std::string_view);
 /// screen that it overlaps most, the first by default, and no larger than that. `screens` is not empty.
 NSRect frameOnScreens(const KeptFrame&, const std::vector<Screen>& screens);
 
+/// The frame as it is if all of it is in the visible frame of one screen, else moved there, and no larger than that.
+NSRect frameWholeOnScreens(NSRect frame, const std::vector<Screen>& screens);
+
 /// The screen that `frame` overlaps most, the first by default.
 const Screen& screenOfFrame(NSRect frame, const std::vector<Screen>& screens);
 

@@ -4,9 +4,12 @@
 #include <QLocale>
 #include <QPointer>
 #include <QScreen>
+#include <QSemaphore>
 #include <QSessionManager>
+#include <QThread>
 #include <QTimer>
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -29,6 +32,8 @@ namespace platform {
 using desktop::WindowSystem;
 
 namespace {
+
+constexpr std::chrono::milliseconds longestLastSave{5000};  // that a toolkit's thread waits for before it ends us
 
 /// XWayland is preferred where there is one: only through it can a window stay on top and on every workspace.
 void choosePlatformPlugin() {
@@ -112,6 +117,7 @@ struct NSApplication::Impl {
 
   /// For the exit handler, which gets no argument.
   inline static Impl* current = nullptr;
+  inline static QtMessageHandler usualMessageHandler = nullptr;
 
   Impl() {
     current = this;
@@ -144,6 +150,32 @@ struct NSApplication::Impl {
     tellOfTermination();
     // Not quit(): that asks the windows, and one that refuses would keep the process.
     QCoreApplication::exit(EXIT_SUCCESS);
+  }
+
+  /// The toolkit ends the process itself when the display goes away: on X11 so that exit handlers run, on Wayland at
+  /// once, after a last warning.
+  static void noteLossOfDisplay() {
+    std::atexit(tellOfTerminationOnce);
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) return;
+    usualMessageHandler =
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+          usualMessageHandler(type, context, message);
+          if (message.startsWith(QLatin1String("The Wayland connection"))) saveFromAnyThread();
+        });
+  }
+
+  static void saveFromAnyThread() {
+    if (QThread::currentThread() == qApp->thread()) return tellOfTerminationOnce();
+    const auto saved = std::make_shared<QSemaphore>();
+    QMetaObject::invokeMethod(qApp, [saved] {
+      tellOfTerminationOnce();
+      saved->release();
+    });
+    saved->tryAcquire(1, static_cast<int>(longestLastSave.count()));
+  }
+
+  static void tellOfTerminationOnce() {
+    if (current != nullptr && !std::exchange(current->terminated, true)) current->tellOfTermination();
   }
 
   /// A session that asks to save may end or go on; it tells later. It never has to wait for us.
@@ -189,10 +221,7 @@ void NSApplication::setActivationPolicy(NSApplicationActivationPolicy /*policy*/
 void NSApplication::setDelegate(const std::weak_ptr<NSApplicationDelegate>& delegate) { impl_->delegate = delegate; }
 
 void NSApplication::run() {
-  // The toolkit ends the process itself when the display goes away.
-  std::atexit([] {
-    if (Impl::current != nullptr && !std::exchange(Impl::current->terminated, true)) Impl::current->tellOfTermination();
-  });
+  Impl::noteLossOfDisplay();
   QTimer::singleShot(0, [this] {
     if (const auto told = impl_->delegate.lock()) told->applicationDidFinishLaunching();
     QTimer::singleShot(0, [this] { impl_->firstFrameDrawn(*this); });

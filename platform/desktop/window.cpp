@@ -10,6 +10,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/native_view.h"
 #include "platform/desktop/note_editor.h"
+#include "platform/desktop/screen_changes.h"
 #include "platform/desktop/strings.h"
 #include "platform/user_defaults.h"
 
@@ -37,6 +38,7 @@ struct NSWindow::Impl {
   NSView* firstResponder = nullptr;
   std::string autosaveKey;
   QTimer keepFrameLater;
+  desktop::ScreenChanges screenChanges{[this] { stayOnScreens(); }};
 
   Impl(NSWindow& window, NSRect contentRect) : owner(window), content(std::make_shared<NSView>(NSRect{})) {
     frame.setContent(*content->native().widget);
@@ -62,6 +64,12 @@ struct NSWindow::Impl {
   void askToClose() {
     const auto answerer = delegate.lock();
     if (!answerer || answerer->windowShouldClose(owner)) frame.hide();
+  }
+
+  void stayOnScreens() {
+    const NSRect now = desktop::fromToolkit(frame.geometry());
+    const NSRect whole = frameWholeOnScreens(now, desktop::screens());
+    if (!(whole == now)) setFrame(whole);
   }
 
   void geometryChanged() {

@@ -13,6 +13,9 @@
 #include <array>
 #include <chrono>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "platform/desktop/x11.h"
 
@@ -21,6 +24,7 @@ namespace {
 
 constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
 constexpr xcb_keysym_t escapeKeysym = 0xFF1B;
+constexpr std::string_view focusingNewWindowsOnly = "wlroots wm";
 constexpr auto pager = XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER;  // a wish of the user's, which focus stealing rules respect
 
 using x11::Reply;
@@ -57,6 +61,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     const xcb_window_t id = idOf(window);
     // Some window managers go on calling a window active that was hidden.
     if (active_ == id) active_ = XCB_NONE;
+    asked_ = {id, window.pos()};
     xcb_atom_t type = ewmh_._NET_WM_WINDOW_TYPE_UTILITY;
     xcb_ewmh_set_wm_window_type(&ewmh_, id, 1, &type);
     leaveProgramGroup(id);
@@ -89,6 +94,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   void activate(QWidget& window) override {
     window.raise();
     if (activeWindow() == XCB_NONE) window.activateWindow();  // also where no window manager would answer
+    if (focusesNewWindowsOnly_ && active_ != idOf(window) && !isBeingShown(idOf(window))) mapAnew(idOf(window));
     requestActive(idOf(window), XCB_NONE);
     if (active_ != idOf(window)) expect({idOf(window), true});
   }
@@ -190,6 +196,23 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     if (check != XCB_NONE)
       xcb_ewmh_get_supporting_wm_check_reply(&ewmh_, xcb_ewmh_get_supporting_wm_check(&ewmh_, check), &named, nullptr);
     managed_ = check != XCB_NONE && check == named;
+    focusesNewWindowsOnly_ = managed_ && nameOf(check) == focusingNewWindowsOnly;
+  }
+
+  std::string nameOf(xcb_window_t id) {
+    xcb_ewmh_get_utf8_strings_reply_t name{};
+    if (xcb_ewmh_get_wm_name_reply(&ewmh_, xcb_ewmh_get_wm_name(&ewmh_, id), &name, nullptr) == 0) return {};
+    std::string text(name.strings, name.strings_len);
+    xcb_ewmh_get_utf8_strings_reply_wipe(&name);
+    return text;
+  }
+
+  bool isBeingShown(xcb_window_t id) const { return asked_ && asked_->first == id; }
+
+  /// Behind the toolkit's back, for nothing changes but that the window is a new one for the window manager.
+  void mapAnew(xcb_window_t id) {
+    xcb_unmap_window(connection_, id);
+    xcb_map_window(connection_, id);
   }
 
   /// A panel that was clicked may take the keyboard, but nobody works in it.
@@ -217,9 +240,19 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   }
 
   void settle() {
+    if (expectation_->active) putWhereAsked(expectation_->window);
     expectation_.reset();
     deadline_.stop();
     if (onSettled) onSettled();
+  }
+
+  /// Some window managers leave room for a decoration that the window then does not get, with each show more.
+  void putWhereAsked(xcb_window_t id) {
+    if (!isBeingShown(id)) return;
+    const auto asked = std::exchange(asked_, std::nullopt);
+    QWidget* const window = QWidget::find(id);
+    // Later, for the toolkit hands on where the window is after what is told here.
+    if (window != nullptr) QTimer::singleShot(0, window, [window, place = asked->second] { window->move(place); });
   }
 
   static bool isOurs(xcb_window_t id) {
@@ -265,9 +298,11 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   xcb_atom_t stateAtom_;
   int screen_;
   xcb_window_t root_;
-  bool managed_ = false;              ///< a window manager runs, and tells what it does
-  xcb_window_t active_ = XCB_NONE;    ///< the window that the user works in, by its word
-  xcb_window_t previous_ = XCB_NONE;  ///< the last active window that is not ours
+  bool managed_ = false;                                  ///< a window manager runs, and tells what it does
+  bool focusesNewWindowsOnly_ = false;                    ///< it marks others as urgent when they ask for the keyboard
+  xcb_window_t active_ = XCB_NONE;                        ///< the window that the user works in, by its word
+  xcb_window_t previous_ = XCB_NONE;                      ///< the last active window that is not ours
+  std::optional<std::pair<xcb_window_t, QPoint>> asked_;  ///< where a window is to be shown
   std::optional<Expectation> expectation_;
   QTimer deadline_;
 };

@@ -1,6 +1,8 @@
-"""Real desktops, each on a virtual display of its own: an X server, a session bus and a window manager."""
+"""Real desktops, each with a display and a session bus of its own: a window manager on a virtual X server, or a
+Wayland compositor without a screen, driven through its XWayland."""
 
 import contextlib
+import json
 import os
 import re
 import shutil
@@ -8,19 +10,59 @@ import signal
 import subprocess
 import tempfile
 import time
+import typing
 import unittest
 from pathlib import Path
 
 SCREEN = (1280, 800)
 TOOLS = ("Xvfb", "dbus-daemon", "xdotool", "xprop", "xwininfo", "wmctrl", "xterm")
 
-# name: command and environment. Each is ready when it has named its check window on the root.
-WINDOW_MANAGERS = {
-    "openbox": ("openbox", {}),
-    "xfwm4": ("xfwm4 --compositor=off", {}),
-    "mutter": ("mutter --x11 --sm-disable", {"LIBGL_ALWAYS_SOFTWARE": "1"}),
-    "kwin": ("kwin_x11", {"KWIN_COMPOSE": "N"}),
+
+class Kind(typing.NamedTuple):
+    """How to start a desktop. In command and files {home} is its folder; a compositor runs {home}/announce inside."""
+
+    command: str
+    environment: dict = {}
+    files: dict = {}  # by name in its folder
+    wayland: bool = False
+    message: str = ""  # of a tiling one: the tool that gives it commands
+    cannot: dict = {}  # what a test needs and does not get here, with the reason
+    copied: bool = False  # the program's file capabilities are not to be had here: a copy has none
+    never_root: bool = False
+
+
+NO_POINTER = {"drag": "without a screen this compositor has no pointer that a test could drag with"}
+ANY_SIZE = {"smallest": "a program that resizes windows makes them as small as it likes there"}
+SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
+# The strictest that they have against programs that bring themselves forward.
+STRICT_KWIN = {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}
+STRICT_MUTTER = {"xdg_config_home/glib-2.0/settings/keyfile":
+                 "[org/gnome/desktop/wm/preferences]\nfocus-new-windows='strict'\n"}
+MUTTER = SOFTWARE_GL | {"GSETTINGS_BACKEND": "keyfile"}
+SIZE = "{}x{}".format(*SCREEN)
+KINDS = {
+    "openbox": Kind("openbox"),
+    "xfwm4": Kind("xfwm4 --compositor=off"),
+    "mutter": Kind("mutter --x11 --sm-disable", MUTTER, STRICT_MUTTER),
+    "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"}, STRICT_KWIN),
+    "i3": Kind("i3 -c {home}/i3", files={"i3": "font pango:monospace 8\n"}, message="i3-msg",
+               cannot=ANY_SIZE),
+    "mutter-wayland": Kind(f"mutter --wayland --headless --virtual-monitor {SIZE} --sm-disable {{home}}/announce",
+                           MUTTER, STRICT_MUTTER, wayland=True, cannot=NO_POINTER),
+    "kwin-wayland": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
+                         "{home}/announce", {"KWIN_COMPOSE": "Q"}, STRICT_KWIN, wayland=True, cannot=NO_POINTER, copied=True),
+    "sway": Kind("sway -c {home}/sway",
+                 {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"},
+                 {"sway": f"output HEADLESS-1 resolution {SIZE}\nexec xhost +local: && {{home}}/announce\n"},
+                 wayland=True, message="swaymsg", never_root=True, cannot=NO_POINTER | ANY_SIZE | {
+                     "pin": "it has no such states: a floating window is above the tiled ones, `sticky` is the user's",
+                     "position": "it places floating windows itself",
+                     "full screen": "it gives no other window the keyboard beside a full-screen one"}),
 }
+# Tells the environment of a compositor's session.
+ANNOUNCE = "#!/bin/sh\nenv -0 > {home}/telling\nmv {home}/telling {home}/told\nexec sleep infinity\n"
+ANNOUNCED = "DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "SWAYSOCK"
+NOBODY = 65534
 
 
 def wait_until(predicate, what, timeout=20):
@@ -66,24 +108,105 @@ class Desktop:
             folder = self.home / variable.lower()
             folder.mkdir(0o700)
             self.environment[variable] = str(folder)
-        command, extra = WINDOW_MANAGERS[self.name]
-        self.environment |= extra
-
-        self.server, number = self._spawn_announcing(
-            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {self.screen[0]}x{self.screen[1]}x24 -nolisten tcp -noreset")
-        self.environment["DISPLAY"] = f":{number}"
         for bus in "session", "system":
             self.environment[f"DBUS_{bus.upper()}_BUS_ADDRESS"] = self._spawn_announcing(
                 lambda fd: f"dbus-daemon --session --nofork --address=unix:dir={self.home} --print-address={fd}")[1]
+        kind = KINDS[self.name]
+        self.environment |= kind.environment
+        if not kind.wayland:
+            self.server, number = self._spawn_announcing(
+                lambda fd: f"Xvfb -displayfd {fd} -screen 0 {self.screen[0]}x{self.screen[1]}x24 -nolisten tcp -noreset")
+            self.environment["DISPLAY"] = f":{number}"
+        command = self._prepare(kind)
         for _ in range(3):  # KWin at times aborts at its start
-            manager = self._try_spawn(command)
-            try:
-                wait_until(lambda: manager.poll() is not None or self.prop("_NET_SUPPORTING_WM_CHECK"), command)
-            except AssertionError as error:
-                raise unittest.SkipTest(f"{command} does not start: {error}") from error
-            if manager.poll() is None:
+            if self._runs(kind, command):
                 return
-        raise unittest.SkipTest(f"{command} ended with {manager.returncode} at its start")
+        raise unittest.SkipTest(f"{command[0]} ended with {self.manager.returncode} at its start")
+
+    def _prepare(self, kind):
+        """Writes the desktop's files; the command to start it with."""
+        for name, text in kind.files.items():
+            (self.home / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.home / name).write_text(text.format(home=self.home))
+        if kind.wayland:
+            self.environment["XDG_SESSION_TYPE"] = "wayland"
+            announce = self.home / "announce"
+            announce.write_text(ANNOUNCE.format(home=self.home))
+            announce.chmod(0o755)
+        command = kind.command.format(home=self.home).split()
+        if kind.copied and (program := shutil.which(command[0])):
+            command[0] = shutil.copy(program, self.home)
+        if kind.never_root and os.geteuid() == 0:
+            for place in self.home, *self.home.rglob("*"):
+                os.chown(place, NOBODY, NOBODY)
+            command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
+        return command
+
+    def _runs(self, kind, command):
+        """Starts the window manager or the compositor; whether it is ready for windows."""
+        told = self.home / "told"
+        told.unlink(missing_ok=True)
+        self.manager = self._try_spawn(command)
+
+        def ready():
+            if kind.wayland and "WAYLAND_DISPLAY" not in self.environment and told.exists():
+                session = dict(line.split("=", 1) for line in told.read_text().split("\0") if "=" in line)
+                self.environment |= {name: session[name] for name in ANNOUNCED if name in session}
+            return "DISPLAY" in self.environment and self.prop("_NET_SUPPORTING_WM_CHECK")
+        try:
+            wait_until(lambda: self.manager.poll() is not None or ready(), f"{command[0]} is ready")
+        except AssertionError as error:
+            raise unittest.SkipTest(str(error)) from error
+        return self.manager.poll() is None
+
+    def needs(self, what):
+        """Skips the test where the desktop does not have what it needs."""
+        if reason := KINDS[self.name].cannot.get(what):
+            raise unittest.SkipTest(reason)
+
+    def can(self, what):
+        return what not in KINDS[self.name].cannot
+
+    @property
+    def tiles(self):
+        return bool(KINDS[self.name].message)
+
+    def floats(self, window):
+        """Where windows are tiled: whether this one floats above them."""
+        def below(node, floating):
+            if node.get("window") == window:
+                return floating
+            inner = [below(child, floating) for child in node["nodes"]]
+            return any(inner + [below(child, True) for child in node["floating_nodes"]])
+        return below(json.loads(self.run(KINDS[self.name].message, "-t", "get_tree")), False)
+
+    def sync(self):
+        """Comes back when the window manager has seen all that was done to it before."""
+        message = KINDS[self.name].message
+        if message:
+            self.run(message, "nop")
+            return
+        before = int(self.prop("_NET_NUMBER_OF_DESKTOPS"))
+        for count in before + 1, before:
+            self.run("wmctrl", "-n", count)
+            wait_until(lambda: self.prop("_NET_NUMBER_OF_DESKTOPS") == str(count), f"{count} workspaces")
+
+    def workspace(self):
+        """The number of the current one, from 0."""
+        message = KINDS[self.name].message
+        if not message:
+            return int(self.prop("_NET_CURRENT_DESKTOP") or -1)
+        spaces = json.loads(self.run(message, "-t", "get_workspaces") or "[]")
+        return next((space["num"] - 1 for space in spaces if space["focused"]), None)
+
+    def switch_to(self, workspace):
+        message = KINDS[self.name].message
+        if message:
+            self.run(message, "workspace", "number", workspace + 1)
+        else:
+            self.run("wmctrl", "-n", 2)
+            self.run("wmctrl", "-s", workspace)
+        wait_until(lambda: self.workspace() == workspace, "a switch of workspaces")
 
     @contextlib.contextmanager
     def keeping_only_the_window_manager(self):
@@ -98,7 +221,7 @@ class Desktop:
     def _spawn_announcing(self, command):
         """A process and the line that it writes to the descriptor it is given once it is ready."""
         read_end, write_end = os.pipe()
-        process = self._try_spawn(command(write_end), pass_fds=[write_end])
+        process = self._try_spawn(command(write_end).split(), pass_fds=[write_end])
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
             line = pipe.readline().strip()
@@ -108,9 +231,9 @@ class Desktop:
 
     def _try_spawn(self, command, **options):
         try:
-            return self.spawn(*command.split(), **options)
+            return self.spawn(*command, **options)
         except OSError as error:
-            raise unittest.SkipTest(f"{command}: {error}") from error
+            raise unittest.SkipTest(f"{command[0]}: {error}") from error
 
     def _end_helpers(self):
         """Ends what the bus or another process started in its turn: all of it has this home."""
@@ -170,7 +293,10 @@ class Desktop:
         wait_until(lambda: self.is_active(window), what)
 
     def activate(self, window):
-        self.run("wmctrl", "-i", "-a", hex(window))
+        if message := KINDS[self.name].message:
+            self.run(message, f"[id={window}]", "focus")
+        else:
+            self.run("wmctrl", "-i", "-a", hex(window))
         self.wait_active(window)
 
     def is_viewable(self, window):

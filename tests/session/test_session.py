@@ -10,7 +10,7 @@ import unittest
 from pathlib import Path
 
 import test_shell
-from desktop import SCREEN, WINDOW_MANAGERS, wait_until
+from desktop import KINDS, SCREEN, wait_until
 from note import SessionTest, options
 
 SMALLEST = (260, 160)
@@ -23,7 +23,7 @@ class TestDaily(SessionTest):
     def test_first_start(self):
         companions = self.desktop.companion("one"), self.desktop.companion("two")
         self.note.start()
-        self.assertEqual(self.note.geometry(), (430, 240, 420, 320))
+        self.note.wait_geometry(430, 240, 420, 320)
         self.assertEqual(self.desktop.prop("_NET_WM_NAME", self.note.window), '"Quillberry 📌"')
         self.assert_pinned()
         self.assert_stays_above(*companions)
@@ -66,28 +66,30 @@ class TestDaily(SessionTest):
         self.assert_pinned()
         self.assert_stays_above(*companions)
         self.note.start_again()  # visible all the time, but not active
+        self.assert_stays_above(*companions)
+        self.note.perform("toggleWindow")
+        self.desktop.wait_active(window, "the note is active after its action")
         self.note.type("+")
         self.note.wait_for_text("abc-+def")
 
     def test_second_workspace(self):
+        self.desktop.needs("pin")
         self.desktop.companion("companion")
         self.note.start()
-        self.set_workspaces(2)
-        for workspace in "1", "0":
-            self.desktop.run("wmctrl", "-s", workspace)
-            wait_until(lambda: self.desktop.prop("_NET_CURRENT_DESKTOP") == workspace, "a switch of workspaces")
+        for workspace in 1, 0:
+            self.desktop.switch_to(workspace)
             neighbour = self.desktop.companion(f"on workspace {workspace}")
-            stack = self.desktop.windows(stacked=True)
-            self.assertGreater(stack.index(self.note.window), stack.index(neighbour))
+            self.assert_lies_above(neighbour)
             self.assertTrue(self.desktop.is_viewable(self.note.window))
             self.note.start_again()
             self.note.hide()
             self.desktop.wait_active(neighbour, "the neighbour is active again")
             self.note.start_again()
-            self.assertEqual(self.desktop.prop("_NET_CURRENT_DESKTOP"), workspace)
+            self.assertEqual(self.desktop.workspace(), workspace)
         self.assert_pinned()
 
     def test_full_screen_companion(self):
+        self.desktop.needs("full screen")
         companion = self.desktop.companion("companion", "-fullscreen")
         wait_until(lambda: "FULLSCREEN" in self.desktop.prop("_NET_WM_STATE", companion), "a full-screen companion")
         self.note.start()
@@ -97,8 +99,10 @@ class TestDaily(SessionTest):
         wait_until(lambda: self.stack_if_above(companion, self.note.window), "the note lies above it again")
 
     def test_mouse(self):
-        window = self.note.start().window
-        self.assertIn("minimum size: 260 by 160", self.desktop.run("xprop", "-id", window, "WM_NORMAL_HINTS"))
+        self.desktop.needs("drag")
+        self.note.start()
+        hints = self.desktop.run("xprop", "-id", self.note.window, "WM_NORMAL_HINTS")
+        self.assertIn("minimum size: 260 by 160", hints)
         self.drag(TITLE_BAR, (-150, 90))
         self.note.wait_geometry(280, 330, 420, 320, tolerance=40)
         self.drag(LOWER_RIGHT_CORNER, (120, 90))
@@ -106,13 +110,17 @@ class TestDaily(SessionTest):
         self.note.wait_geometry(x, y, 540, 410, tolerance=40)
         self.drag(LOWER_RIGHT_CORNER, (-400, -300))
         self.note.wait_geometry(x, y, *SMALLEST)
-        for size in (300, 200), (100, 50):
-            self.desktop.run("wmctrl", "-i", "-r", hex(window), "-e", f"0,-1,-1,{size[0]},{size[1]}")
-            self.note.wait_geometry(x, y, *map(max, size, SMALLEST))
         self.double_click_title_bar()
         self.note.wait_geometry(0, 0, *SCREEN)
         self.double_click_title_bar()
         self.note.wait_geometry(x, y, *SMALLEST)
+
+    def test_smallest_size(self):
+        self.desktop.needs("smallest")
+        x, y, _, _ = self.note.start().geometry()
+        for size in (300, 200), (100, 50):
+            self.desktop.run("wmctrl", "-i", "-r", hex(self.note.window), "-e", f"0,-1,-1,{size[0]},{size[1]}")
+            self.note.wait_geometry(x, y, *map(max, size, SMALLEST))
 
     def test_tap_on_the_title_bar(self):
         """A press and its release in one moment are no drag: the pointer then moves without the note."""
@@ -122,13 +130,8 @@ class TestDaily(SessionTest):
             self.desktop.xdotool("click", 1)
             self.note.wait_for_keys()
             self.desktop.xdotool("mousemove_relative", 60, 40)
-            self.set_workspaces(3)  # the window manager has seen the pointer when it has seen this
-            self.set_workspaces(2)
+            self.desktop.sync()
             self.assertEqual(self.note.geometry(), before)
-
-    def set_workspaces(self, count):
-        self.desktop.run("wmctrl", "-n", count)
-        wait_until(lambda: self.desktop.prop("_NET_NUMBER_OF_DESKTOPS") == str(count), f"{count} workspaces")
 
     def drag(self, start, by):
         """Drags from a point inside the window, negative: from its right or lower edge, until it is followed.
@@ -258,7 +261,7 @@ class TestLostDisplay(SessionTest):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--binary", type=lambda path: str(Path(path).resolve()))
-    parser.add_argument("--desktop", choices=WINDOW_MANAGERS, default="openbox")
+    parser.add_argument("--desktop", choices=KINDS, default="openbox")
     parser.add_argument("--list", action="store_true", help="print the names of the tests and end")
     parser.add_argument("names", nargs="*", help="class or Class.test; all by default")
     parser.parse_args(namespace=options)

@@ -1,12 +1,14 @@
 #include "app/app_delegate.h"
 
 #include <array>
+#include <type_traits>
 #include <variant>
 
 #include "platform/user_defaults.h"
 
 namespace quillberry {
 
+using platform::NSObject;
 using platform::NSUserDefaults;
 using platform::Selector;
 
@@ -17,6 +19,16 @@ bool settingOnByDefault(std::string_view key) {
   const auto stored = NSUserDefaults::standardUserDefaults().objectForKey(key);
   const bool* value = stored ? std::get_if<bool>(&*stored) : nullptr;
   return value == nullptr || *value;
+}
+
+/// An operation as an action: of the controller, or of its sender alone.
+template <auto operation>
+void call(AppDelegate& controller, NSObject* sender) {
+  if constexpr (std::is_invocable_v<decltype(operation), NSObject*>) {
+    operation(sender);
+  } else {
+    (controller.*operation)();
+  }
 }
 
 }  // namespace
@@ -46,24 +58,21 @@ void AppDelegate::applicationWillTerminate() { saveNow(); }
 bool AppDelegate::perform(Selector action, NSObject* sender) {
   struct Action {
     Selector selector;
-    void (AppDelegate::*run)();
+    void (*run)(AppDelegate& controller, NSObject* sender);
   };
   static constexpr std::array actions{
-      Action{{"textChanged"}, &AppDelegate::textChanged},
-      Action{{"toggleWindow"}, &AppDelegate::toggleWindow},
-      Action{{"togglePin"}, &AppDelegate::togglePin},
-      Action{{"toggleShowOnWake"}, &AppDelegate::toggleShowOnWake},
-      Action{{"toggleLaunchAtLogin"}, &AppDelegate::toggleLaunchAtLogin},
-      Action{{"screenWoke"}, &AppDelegate::screenWoke},
-      Action{{"dismissWelcome"}, &AppDelegate::dismissWelcome},
+      Action{{"textChanged"}, call<&AppDelegate::textChanged>},
+      Action{{"toggleWindow"}, call<&AppDelegate::toggleWindow>},
+      Action{{"togglePin"}, call<&AppDelegate::togglePin>},
+      Action{{"toggleShowOnWake"}, call<&AppDelegate::toggleShowOnWake>},
+      Action{{"toggleLaunchAtLogin"}, call<&AppDelegate::toggleLaunchAtLogin>},
+      Action{{"screenWoke"}, call<&AppDelegate::screenWoke>},
+      Action{{"showInfo"}, call<&AppDelegate::showInfo>},
+      Action{{"dismissWelcome"}, call<&AppDelegate::dismissWelcome>},
   };
-  if (action == Selector{"showInfo"}) {
-    showInfo(sender);
-    return true;
-  }
   for (const Action& candidate : actions) {
     if (candidate.selector != action) continue;
-    (this->*candidate.run)();
+    candidate.run(*this, sender);
     return true;
   }
   return false;

@@ -25,7 +25,7 @@ enum NSPopoverBehavior {
 /// downward: its maximum y is its lower edge too.
 enum NSRectEdge { NSMinYEdge = 1, NSMaxYEdge = 3 };
 
-/// A bubble with an arrow that points at a view. It takes the keyboard while it is shown. Shown ones are kept until
+/// A bubble with an arrow that points at a view. It takes the keyboard when it is shown. Shown ones are kept until
 /// they have closed, and a little longer: a button inside may end its own popover.
 class NSPopover : public NSObject {
  public:
@@ -37,7 +37,9 @@ class NSPopover : public NSObject {
   /// Whether it comes and goes gently. Popovers here appear at once either way.
   void setAnimates(bool animates) { animates_ = animates; }
 
-  /// Shows it at `rect` of `anchor`, once in its life. A status item's button that is in a tray stands for the item's
+  /// Shows it at `rect` of `anchor`, which is all of it, once in its life; when the program is hidden, once it comes
+  /// back. It hangs from the anchor's lower edge, which is what both edges are of their anchors, or stands on the upper
+  /// one where there is no room below. A status item's button that is in a tray stands for the item's
   /// place there.
   void showRelativeToRect(NSRect rect, NSView& anchor, NSRectEdge preferredEdge);
   /// Closes it, if it is shown. `sender` is not used.

@@ -10,6 +10,11 @@
 namespace platform::desktop {
 namespace {
 
+/// Of the note's tree: a popover that closes by itself.
+bool isPart(const QWidget& window) {
+  return window.windowType() == Qt::Popup && dynamic_cast<const Bubble*>(&window) != nullptr;
+}
+
 /// The note's window. A popover that closes by itself hangs in its tree, for the toolkit's own list of windows leaves
 /// such ones out.
 class AccessibleNote : public QAccessibleWidget {
@@ -33,7 +38,12 @@ class AccessibleNote : public QAccessibleWidget {
   }
 
  private:
-  static QWidget* popover() { return dynamic_cast<Bubble*>(QApplication::activePopupWidget()); }
+  static QWidget* popover() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      if (window->isVisible() && isPart(*window)) return window;
+    }
+    return nullptr;
+  }
 };
 
 /// A popover. It is described by all of its texts, which cannot be reached one by one.
@@ -42,7 +52,7 @@ class AccessibleBubble : public QAccessibleWidget {
   explicit AccessibleBubble(Bubble& bubble) : QAccessibleWidget(&bubble, QAccessible::Dialog) {}
 
   QAccessibleInterface* parent() const override {
-    NoteFrame* const owner = widget()->windowType() == Qt::Popup ? NoteFrame::first() : nullptr;
+    NoteFrame* const owner = isPart(*widget()) ? NoteFrame::first() : nullptr;
     return owner != nullptr ? QAccessible::queryAccessibleInterface(owner) : QAccessibleWidget::parent();
   }
   QString text(QAccessible::Text kind) const override {

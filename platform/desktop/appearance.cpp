@@ -4,6 +4,7 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
 #include <cmath>
 
 namespace platform::desktop {
@@ -25,10 +26,21 @@ QColor mixed(const QPalette& palette, double shareOfText) {
                           mix(text.blueF(), base.blueF()));
 }
 
+QString anyFixedPitchFamily(const QString& otherwise) {
+  const QStringList families = QFontDatabase::families(QFontDatabase::Latin);
+  const auto found = std::find_if(families.begin(), families.end(),
+                                  [](const QString& family) { return QFontDatabase::isFixedPitch(family); });
+  return found == families.end() ? otherwise : *found;
+}
+
 /// Emoji come in colour where the desktop has such a font, and not from a text font that has some of them.
-void addColourEmoji(QFont& font) {
+void addColourEmoji(QFont& font, bool wantsFixedPitch) {
   // The family by its own name: behind an alias, the emoji font would give spaces and digits too.
-  font.setFamilies({QFontInfo(font).family(), QStringLiteral("Noto Color Emoji")});
+  const QFontInfo found(font);
+  // In some locales the alias for fixed pitch is a font that has another.
+  const bool wrongPitch = wantsFixedPitch && !found.fixedPitch();
+  const QString family = wrongPitch ? anyFixedPitchFamily(found.family()) : found.family();
+  font.setFamilies({family, QStringLiteral("Noto Color Emoji")});
 }
 
 QFont::Weight toWeight(NSFontWeight weight) {
@@ -53,7 +65,7 @@ double luminance(const QColor& color) {
 
 QFont toQFont(const NSFont& font) {
   QFont face = font.monospaced ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QGuiApplication::font();
-  addColourEmoji(face);
+  addColourEmoji(face, font.monospaced);
   // Pixel sizes are whole numbers; the size in typographic points may be a fraction.
   face.setPointSizeF(font.pointSize * typographicPointsPerInch /
                      QGuiApplication::primaryScreen()->logicalDotsPerInchY());

@@ -252,7 +252,7 @@ void NSApplication::activateIgnoringOtherApps(bool /*ignoringOthers*/) {
 
 void NSApplication::hide(NSObject* /*sender*/) {
   for (QWidget* const window : visibleWindows()) {
-    if (window->windowType() != Qt::Popup) shared.hiddenWindows.emplace_back(window);
+    if (window->windowType() == Qt::Dialog) shared.hiddenWindows.emplace_back(window);
     window->hide();
   }
   if (std::exchange(shared.owesFocus, false)) impl_->windowSystem->activatePreviousProgram();
@@ -272,7 +272,7 @@ void letGo(const NSObject& object) {
   QTimer::singleShot(0, qApp, [] { shared.closed.clear(); });
 }
 
-void hideProgram() { NSApplication::sharedApplication()->hide(nullptr); }
+void showWithProgram(QWidget& window) { shared.hiddenWindows.emplace_back(&window); }
 RequestQueue& requests() { return *shared.requests; }
 GlobalKeys& globalKeys() { return *shared.globalKeys; }
 QList<QAction*> mainMenuCommands() { return shared.mainMenuCommands; }

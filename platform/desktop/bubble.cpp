@@ -4,9 +4,13 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QTimer>
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "platform/desktop/appearance.h"
+#include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
 
 namespace platform::desktop {
@@ -28,27 +32,46 @@ Bubble::Bubble(QWidget& content, bool transient)
       transient_(transient) {
   // Where nothing composes windows, what is see-through would be black: there the window has the shape instead.
   if (windowSystem().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
-  // What has the focus is what a screen reader tells of.
-  if (transient) setFocusPolicy(Qt::StrongFocus);
-  if (transient) setFocus();
+  if (transient) {
+    // What has the focus is what a screen reader tells of.
+    setFocusPolicy(Qt::StrongFocus);
+    setFocus();
+  }
   setAttribute(Qt::WA_NoMouseReplay);  // the press that closes it does nothing else
   content_.setParent(this);
   content_.show();
   content_.adjustSize();
-  const int frame = border + arrowHeight;
-  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * frame - arrowHeight + border);
+  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * border + arrowHeight);
+  addActions(mainMenuCommands());
 }
 
 Bubble::~Bubble() { content_.setParent(nullptr); }
 
-void Bubble::pointAt(const QRect& anchor, bool preferBelow) {
+void Bubble::pointAt(std::function<QRect()> anchor) {
+  anchor_ = std::move(anchor);
+  point();
+}
+
+void Bubble::follow(QWidget& widget) {
+  widget.installEventFilter(this);
+  if (NoteFrame* const note = NoteFrame::first()) note->installEventFilter(this);
+}
+
+bool Bubble::eventFilter(QObject* watched, QEvent* event) {
+  constexpr std::array telling{QEvent::Move, QEvent::Resize, QEvent::ParentChange, QEvent::Show};
+  // Later, when all that belongs to the change has been done.
+  if (isVisible() && std::find(telling.begin(), telling.end(), event->type()) != telling.end())
+    QTimer::singleShot(0, this, [this] { point(); });
+  return QWidget::eventFilter(watched, event);
+}
+
+void Bubble::point() {
+  const QRect anchor = anchor_();
   const QScreen* const at = QGuiApplication::screenAt(anchor.center());
   const QRect room = (at != nullptr ? at : QGuiApplication::primaryScreen())->availableGeometry();
   const int below = anchor.bottom() + 1 + distanceFromAnchor;
   const int above = anchor.top() - distanceFromAnchor - height();
-  const bool fitsBelow = below + height() <= room.bottom() + 1;
-  const bool fitsAbove = above >= room.top();
-  arrowAtTop_ = preferBelow ? fitsBelow || !fitsAbove : !fitsAbove && fitsBelow;
+  arrowAtTop_ = below + height() <= room.bottom() + 1 || above < room.top();
   const int x =
       std::clamp(anchor.center().x() - width() / 2, room.left(), std::max(room.left(), room.right() + 1 - width()));
   const int y = std::clamp(arrowAtTop_ ? below : above, room.top(), std::max(room.top(), room.bottom() + 1 - height()));
@@ -86,13 +109,26 @@ void Bubble::paintEvent(QPaintEvent* /*event*/) {
   painter.drawPath(outline(border / 2.0));
 }
 
+void Bubble::showEvent(QShowEvent* event) {
+  point();
+  QWidget::showEvent(event);
+}
+
+void Bubble::closeEvent(QCloseEvent* event) {
+  if (transient_ || !onReturn) return QWidget::closeEvent(event);
+  event->ignore();
+  onReturn();
+}
+
 void Bubble::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (onHide) onHide();
 }
 
 void Bubble::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape && transient_) {
+  if (event->key() == Qt::Key_F6) {
+    NoteFrame::activateFirst();
+  } else if (event->key() == Qt::Key_Escape && transient_) {
     hide();
   } else if (event->key() == Qt::Key_Escape && onEscape) {
     onEscape();

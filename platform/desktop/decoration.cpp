@@ -126,7 +126,9 @@ void EdgeGrip::placeIn(QSize window) {
 void EdgeGrip::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QColor line = window()->isActiveWindow() ? activeBorderColor(palette()) : hairlineColor(palette());
-  if (isCorner(edges_) && window()->testAttribute(Qt::WA_TranslucentBackground)) {
+  // A window that began without a compositor cannot become see-through.
+  const bool seeThrough = window()->testAttribute(Qt::WA_TranslucentBackground) && windowSystem().isComposited();
+  if (isCorner(edges_) && seeThrough) {
     paintRoundCorner(painter, line);
     return;
   }
@@ -183,11 +185,10 @@ NoteFrame* NoteFrame::first() {
 }
 
 void NoteFrame::showBeside(QWidget& window) {
-  // Where the note is when it is pinned, too.
-  constexpr Placement placement{.aboveOthers = true, .onEveryWorkspace = true};
+  const NoteFrame* const owner = first();
+  const Placement placement = owner != nullptr ? owner->placement : Placement{};
   windowSystem().prepareToShow(window, placement);
   window.winId();  // makes its native window on any display
-  const NoteFrame* const owner = first();
   window.windowHandle()->setTransientParent(owner != nullptr && owner->isVisible() ? owner->windowHandle() : nullptr);
   window.show();
   windowSystem().place(window, placement);
@@ -267,6 +268,13 @@ void NoteFrame::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+QWidget* NoteFrame::windowBeside() {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->windowType() == Qt::Dialog && window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
 bool NoteFrame::focusNextPrevChild(bool next) {
   QWidgetList stops{focusProxy() != nullptr ? focusProxy() : this};
   for (auto* const button : findChildren<QAbstractButton*>()) {
@@ -276,6 +284,12 @@ bool NoteFrame::focusNextPrevChild(bool next) {
     return a->mapTo(this, QPoint()).x() < b->mapTo(this, QPoint()).x();
   });
   const auto current = std::max<qsizetype>(0, stops.indexOf(focusWidget()));
+  QWidget* const beside = windowBeside();
+  if (beside != nullptr && current == (next ? stops.size() - 1 : 0)) {
+    windowSystem().activate(*beside);
+    stops.front()->setFocus(Qt::OtherFocusReason);
+    return true;
+  }
   stops[(current + (next ? 1 : stops.size() - 1)) % stops.size()]->setFocus(Qt::TabFocusReason);
   return true;
 }

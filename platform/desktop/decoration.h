@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "platform/desktop/symbol_button.h"
+#include "platform/desktop/window_system.h"
 
 /// The window's own decoration: its title bar, its edges and its hairline border.
 namespace platform::desktop {
@@ -90,6 +91,8 @@ class NoteFrame : public QWidget {
   static void showBeside(QWidget& window);
   /// Hides such a window. If it had the keyboard, this one gets it, should it be shown.
   static void hideBeside(QWidget& window);
+  /// Gives this one the keyboard, should it be shown.
+  static void activateFirst();
 
   /// Makes the window as large as the screen's free room, or again what it was. By its geometry: not every window
   /// manager maximises a window of an accessory program.
@@ -97,6 +100,7 @@ class NoteFrame : public QWidget {
   /// The geometry, or what it was before `toggleZoom` made the window large.
   QRect unzoomedGeometry() const;
 
+  Placement placement;
   std::function<void()> onCloseRequest;
   std::function<void()> onGeometryChange;
   std::function<void()> onAboutToHide;
@@ -109,11 +113,12 @@ class NoteFrame : public QWidget {
   void moveEvent(QMoveEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
-  /// From the text to the buttons from left to right, and back to the text.
+  /// From the text to the buttons from left to right, to a window beside this one, and back to the text.
   bool focusNextPrevChild(bool next) override;
 
  private:
-  static void activateFirst();
+  /// Another window of the program that is shown; null if there is none.
+  static QWidget* windowBeside();
   bool isZoomed() const;
 
   QWidget* content_ = nullptr;

@@ -32,8 +32,8 @@ GlobalKeys& globalKeys();
 void keepWhileShown(std::shared_ptr<NSObject> object);
 void letGo(const NSObject& object);
 
-/// What hiding the application does.
-void hideProgram();
+/// Shows a window beside the note when the program, hidden now, comes back.
+void showWithProgram(QWidget& window);
 
 /// Where the status item whose button this is has its place, in the toolkit's global coordinates; none if it is in no
 /// tray, or the view is another one.

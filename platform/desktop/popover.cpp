@@ -13,6 +13,7 @@
 namespace platform {
 
 using desktop::Bubble;
+using desktop::NoteFrame;
 
 namespace {
 
@@ -28,6 +29,17 @@ NSButton* defaultButton(const NSView& view) {
 
 QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), widget.size()}; }
 
+/// In the tray, in the note's window, or at its end while it is not known yet in which of them.
+QRect placeOf(const NSView& anchor) {
+  if (const auto inTray = desktop::placeInTray(anchor)) return *inTray;
+  const QWidget& widget = *anchor.native().widget;
+  const NoteFrame* const note = NoteFrame::first();
+  if (widget.parentWidget() != nullptr || note == nullptr) return globalRect(widget);
+  QRect end = widget.rect();
+  end.moveTopRight(globalRect(*note).topRight());
+  return end;
+}
+
 }  // namespace
 
 struct NSPopover::Impl {
@@ -35,12 +47,15 @@ struct NSPopover::Impl {
   bool shown = false;
 
   void show(bool transient) {
+    const NoteFrame* const note = NoteFrame::first();
     if (transient) {
       bubble->show();
-      return;
+    } else if (note != nullptr && !note->isVisible()) {
+      desktop::showWithProgram(*bubble);
+    } else {
+      NoteFrame::showBeside(*bubble);
+      desktop::windowSystem().activate(*bubble);
     }
-    desktop::NoteFrame::showBeside(*bubble);
-    desktop::windowSystem().activate(*bubble);
   }
 
   void closed(const NSPopover& popover) {
@@ -62,23 +77,33 @@ void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /
   impl_->shown = true;
   desktop::keepWhileShown(shared_from_this());
   if (NSButton* const button = defaultButton(content)) {
-    if (auto* const push = qobject_cast<QPushButton*>(button->native().widget.get())) push->setDefault(true);
+    auto* const push = qobject_cast<QPushButton*>(button->native().widget.get());
+    if (push != nullptr) push->setDefault(true);  // so that a screen reader says so
     bubble.onReturn = [button] { button->performClick(nullptr); };
   }
   if (transient) {
-    bubble.onHide = [this] { impl_->closed(*this); };
+    bubble.onHide = [this] {
+      // Whoever came to its anchor by the key goes on typing.
+      if (NoteFrame* const note = NoteFrame::first()) note->setFocus();
+      impl_->closed(*this);
+    };
   } else {
-    bubble.onEscape = [] { desktop::hideProgram(); };
+    bubble.onEscape = [] {
+      if (NoteFrame* const note = NoteFrame::first()) note->close();
+    };
   }
   // Both edges that the program names are the lower ones of their anchors.
-  const auto inTray = desktop::placeInTray(anchor);
-  bubble.pointAt(inTray.value_or(globalRect(*anchor.native().widget)), true);
+  bubble.follow(*anchor.native().widget);
+  bubble.pointAt([weak = std::weak_ptr(anchor.shared_from_this()), last = placeOf(anchor)]() mutable {
+    if (const auto alive = std::static_pointer_cast<NSView>(weak.lock())) last = placeOf(*alive);
+    return last;
+  });
   impl_->show(transient);
 }
 
 void NSPopover::performClose(NSObject* /*sender*/) {
   if (!impl_->shown) return;
-  desktop::NoteFrame::hideBeside(*impl_->bubble);
+  NoteFrame::hideBeside(*impl_->bubble);
   impl_->closed(*this);
 }
 

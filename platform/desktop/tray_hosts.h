@@ -5,6 +5,8 @@
 #include <functional>
 #include <memory>
 
+#include "platform/desktop/selection_watch.h"
+
 namespace platform::desktop {
 
 /// Tells which trays there are, without touching the toolkit's own: that would settle for good which kind it uses.
@@ -21,8 +23,6 @@ class TrayHosts : public QObject {
   bool has(Kind kind) const { return kind == Kind::StatusNotifier ? notifierHost_ : xembedTray_; }
 
  private:
-  class SelectionWatch;
-
   Q_SLOT void askNotifierWatcher();
   void watchNotifierHosts();
   void setNotifierHost(bool present);
@@ -30,7 +30,7 @@ class TrayHosts : public QObject {
 
   std::function<void()> onChange_;
   QDBusServiceWatcher watcherWatch_;
-  std::unique_ptr<SelectionWatch> selectionWatch_;
+  std::unique_ptr<SelectionWatch> trayWatch_;
   bool known_ = false;
   bool notifierHost_ = false;
   bool xembedTray_ = false;

@@ -17,7 +17,6 @@
 namespace platform {
 
 using desktop::NoteFrame;
-using desktop::Placement;
 using desktop::windowSystem;
 
 namespace {
@@ -34,7 +33,6 @@ struct NSWindow::Impl {
   std::shared_ptr<NSView> content;  // before the frame, which has it inside
   NoteFrame frame;
   std::weak_ptr<NSWindowDelegate> delegate;
-  Placement placement;
   NSView* firstResponder = nullptr;
   std::string autosaveKey;
   QTimer keepFrameLater;
@@ -102,7 +100,7 @@ struct NSWindow::Impl {
   }
 
   void applyPlacement() {
-    if (frame.isVisible()) windowSystem().place(frame, placement);
+    if (frame.isVisible()) windowSystem().place(frame, frame.placement);
   }
 };
 
@@ -146,12 +144,12 @@ NSView& NSWindow::contentView() { return *impl_->content; }
 void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
   NoteFrame& frame = impl_->frame;
   if (!frame.isVisible()) {
-    windowSystem().prepareToShow(frame, impl_->placement);
+    windowSystem().prepareToShow(frame, impl_->frame.placement);
     frame.addActions(desktop::mainMenuCommands());
     frame.show();
   }
   // To where the user is: not every window manager leads the user to a window on another workspace.
-  windowSystem().place(frame, impl_->placement);
+  windowSystem().place(frame, impl_->frame.placement);
   windowSystem().activate(frame);
 }
 
@@ -173,12 +171,12 @@ bool NSWindow::isVisible() const { return impl_->frame.isVisible() && !impl_->fr
 bool NSWindow::isKeyWindow() const { return impl_->frame.isVisible() && windowSystem().isActive(impl_->frame); }
 
 void NSWindow::setLevel(int level) {
-  impl_->placement.aboveOthers = level >= NSFloatingWindowLevel;
+  impl_->frame.placement.aboveOthers = level >= NSFloatingWindowLevel;
   impl_->applyPlacement();
 }
 
 void NSWindow::setCollectionBehavior(unsigned behavior) {
-  impl_->placement.onEveryWorkspace = (behavior & NSWindowCollectionBehaviorCanJoinAllSpaces) != 0;
+  impl_->frame.placement.onEveryWorkspace = (behavior & NSWindowCollectionBehaviorCanJoinAllSpaces) != 0;
   impl_->applyPlacement();
 }
 

@@ -33,7 +33,7 @@ class WindowSystem {
   virtual bool isSettled() const = 0;
   std::function<void()> onSettled;
 
-  /// Whether windows may be see-through now.
+  /// Whether windows may be see-through now. Each window is painted anew after a change.
   virtual bool isComposited() = 0;
   /// Gives the keyboard to the window that had it before one of ours did, if it is still there to be seen.
   virtual void activatePreviousProgram() = 0;

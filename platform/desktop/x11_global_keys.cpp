@@ -206,12 +206,11 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
     for (HotKey& hotKey : hotKeys_) hotKey.grabbed = hotKey.grabbed || grab(hotKey);
   }
 
-  /// While a grabbed key is held, every key comes here.
+  /// To whichever window it is told: a popover or a menu of ours holds the keyboard, and the grab does not count.
   bool press(const xcb_key_press_event_t& event) {
-    if (event.event != root_) return false;
     for (HotKey& hotKey : hotKeys_) {
       const unsigned state = event.state & allModifiers & ~modifiers_.locks;
-      if (event.detail != hotKey.key || state != stateFor(hotKey)) continue;
+      if (!hotKey.grabbed || event.detail != hotKey.key || state != stateFor(hotKey)) continue;
       if (!hotKey.repetition.isRepeated(event.time)) hotKey.pressed();
       return true;
     }
@@ -220,7 +219,7 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
 
   void release(const xcb_key_release_event_t& event) {
     for (HotKey& hotKey : hotKeys_) {
-      if (event.event == root_ && event.detail == hotKey.key) hotKey.repetition.release(event.time);
+      if (event.detail == hotKey.key) hotKey.repetition.release(event.time);
     }
   }
 

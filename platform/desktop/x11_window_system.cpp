@@ -12,11 +12,13 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "platform/desktop/selection_watch.h"
 #include "platform/desktop/x11.h"
 
 namespace platform::desktop {
@@ -37,6 +39,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
  public:
   explicit X11WindowSystem(xcb_connection_t* connection)
       : connection_(connection),
+        compositorWatch_(connection, "_NET_WM_CM_S" + std::to_string(x11::screenNumber()), repaintAll),
         keySymbols_(xcb_key_symbols_alloc(connection)),
         stateAtom_(x11::atom(connection, "WM_STATE")),
         screen_(x11::screenNumber()),
@@ -61,7 +64,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     const xcb_window_t id = idOf(window);
     // Some window managers go on calling a window active that was hidden.
     if (active_ == id) active_ = XCB_NONE;
-    asked_ = {id, window.pos()};
+    asked_[id] = window.pos();
     xcb_atom_t type = ewmh_._NET_WM_WINDOW_TYPE_UTILITY;
     xcb_ewmh_set_wm_window_type(&ewmh_, id, 1, &type);
     leaveProgramGroup(id);
@@ -100,6 +103,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   }
 
   void prepareToHide(QWidget& window) override {
+    asked_.erase(idOf(window));
     if (isActive(window)) expect({idOf(window), false});
   }
 
@@ -111,11 +115,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     return active_ == id && isOnCurrentWorkspace(id);
   }
 
-  bool isComposited() override {
-    const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        connection_, xcb_get_selection_owner(connection_, ewmh_._NET_WM_CM_Sn[screen_]), nullptr));
-    return reply && reply->owner != XCB_NONE;
-  }
+  bool isComposited() override { return compositorWatch_.isOwned(); }
 
   bool isSettled() const override { return !expectation_; }
 
@@ -207,7 +207,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     return text;
   }
 
-  bool isBeingShown(xcb_window_t id) const { return asked_ && asked_->first == id; }
+  bool isBeingShown(xcb_window_t id) const { return asked_.contains(id); }
 
   /// Behind the toolkit's back, for nothing changes but that the window is a new one for the window manager.
   void mapAnew(xcb_window_t id) {
@@ -248,11 +248,11 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
 
   /// Some window managers leave room for a decoration that the window then does not get, with each show more.
   void putWhereAsked(xcb_window_t id) {
-    if (!isBeingShown(id)) return;
-    const auto asked = std::exchange(asked_, std::nullopt);
+    const auto asked = asked_.extract(id);
+    if (asked.empty()) return;
     QWidget* const window = QWidget::find(id);
     // Later, for the toolkit hands on where the window is after what is told here.
-    if (window != nullptr) QTimer::singleShot(0, window, [window, place = asked->second] { window->move(place); });
+    if (window != nullptr) QTimer::singleShot(0, window, [window, place = asked.mapped()] { window->move(place); });
   }
 
   static bool isOurs(xcb_window_t id) {
@@ -292,17 +292,22 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     QCoreApplication::sendEvent(focus, &key);
   }
 
+  static void repaintAll() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) window->update();
+  }
+
   xcb_connection_t* connection_;
+  SelectionWatch compositorWatch_;
   xcb_ewmh_connection_t ewmh_{};
   xcb_key_symbols_t* keySymbols_;
   xcb_atom_t stateAtom_;
   int screen_;
   xcb_window_t root_;
-  bool managed_ = false;                                  ///< a window manager runs, and tells what it does
-  bool focusesNewWindowsOnly_ = false;                    ///< it marks others as urgent when they ask for the keyboard
-  xcb_window_t active_ = XCB_NONE;                        ///< the window that the user works in, by its word
-  xcb_window_t previous_ = XCB_NONE;                      ///< the last active window that is not ours
-  std::optional<std::pair<xcb_window_t, QPoint>> asked_;  ///< where a window is to be shown
+  bool managed_ = false;                  ///< a window manager runs, and tells what it does
+  bool focusesNewWindowsOnly_ = false;    ///< it marks others as urgent when they ask for the keyboard
+  xcb_window_t active_ = XCB_NONE;        ///< the window that the user works in, by its word
+  xcb_window_t previous_ = XCB_NONE;      ///< the last active window that is not ours
+  std::map<xcb_window_t, QPoint> asked_;  ///< where windows are to be shown that have not been active since
   std::optional<Expectation> expectation_;
   QTimer deadline_;
 };

@@ -1,6 +1,7 @@
 #include "platform/popover.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/headless/world.h"
 
@@ -8,19 +9,24 @@ namespace platform {
 
 using headless::world;
 
-struct NSPopover::Impl {};
+struct NSPopover::Impl {
+  bool wasShown = false;
+};
 
-NSPopover::NSPopover() = default;
+NSPopover::NSPopover() : impl_(std::make_unique<Impl>()) {}
 NSPopover::~NSPopover() = default;
 
 void NSPopover::showRelativeToRect(NSRect rect, NSView& anchor, NSRectEdge preferredEdge) {
+  if (std::exchange(impl_->wasShown, true)) return;
   world().record("popover show edge " + std::to_string(preferredEdge));
   world().popovers.push_back({std::static_pointer_cast<NSPopover>(shared_from_this()), &anchor, rect});
 }
 
 void NSPopover::performClose(NSObject* /*sender*/) {
-  world().record("popover close");
-  std::erase_if(world().popovers, [this](const headless::ShownPopover& shown) { return shown.popover.get() == this; });
+  const auto self = shared_from_this();  // a button inside it may be what closes it
+  const auto closed = std::erase_if(
+      world().popovers, [this](const headless::ShownPopover& shown) { return shown.popover.get() == this; });
+  if (closed != 0) world().record("popover close");
 }
 
 namespace headless {

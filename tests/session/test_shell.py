@@ -63,14 +63,14 @@ class ShellTest(SessionTest):
         return process
 
     def popup(self):
-        """Whether the program shows a menu itself: a window of its own class that no window manager has."""
+        """Whether the program shows a menu or the shortcuts: a window of its own class that no window manager has."""
         text = self.desktop.run("xwininfo", "-root", "-children")
         windows = re.findall(r'(0x[0-9a-f]+) .*\("quillberry" "Quillberry"\)', text)
         return any(all(state in self.desktop.run("xwininfo", "-id", window)
                        for state in ("IsViewable", "Override Redirect State: yes")) for window in windows)
 
     def wait_popup_closed(self):
-        wait_until(lambda: not self.popup(), "the menu is closed")
+        wait_until(lambda: not self.popup(), "the menu or the shortcuts are closed")
 
     def click(self, x, y):
         self.desktop.xdotool("mousemove", "--window", self.note.window, x, y, "click", 1)
@@ -129,8 +129,43 @@ class TestWindows(ShellTest):
             close()
             self.wait_popup_closed()
             self.assertTrue(self.desktop.is_viewable(self.note.window))
+        self.press("F6", "F6", "F6", "space")  # past the close button and the item's
+        wait_until(self.popup, "the shortcuts, without the pointer")
+        self.press("Escape")
+        self.wait_popup_closed()
         self.note.type("x")
         self.note.wait_for_text("x")
+        self.click(*INFO_BUTTON)
+        wait_until(self.popup, "the shortcuts")
+        self.press(SHOW)
+        self.note.wait_hidden()
+        self.press(SHOW)
+        self.wait_forward()
+        self.assertFalse(self.popup())
+
+    def test_putting_the_welcome_away(self):
+        """With the note, which stays as it was, for later; with the window manager, for good."""
+        self.note.put_settings(pinned=False, didShowWelcome=False)
+        self.note.launch()
+        welcome = wait_until(self.other_window, "the welcome")
+        self.desktop.wait_active(welcome)
+        self.press("Escape")
+        self.note.wait_hidden()
+        self.note.start_again()
+        wait_until(lambda: self.desktop.is_viewable(welcome), "it comes back with the note")
+        self.assertNotRegex(self.desktop.prop("_NET_WM_STATE", self.note.window), "ABOVE|STICKY")
+        self.assertNotEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(0xFFFFFFFF))
+        self.press("F6", "F6", "F6", "F6")  # past the title bar's buttons
+        self.desktop.wait_active(welcome)
+        self.press("F6")
+        self.wait_forward()
+        self.desktop.run("wmctrl", "-i", "-c", hex(welcome))
+        wait_until(lambda: not self.desktop.is_viewable(welcome), "it is closed")
+        self.note.hide()
+        self.note.start_again()
+        self.note.type("x")
+        self.note.wait_for_text("x")
+        self.assertFalse(self.desktop.is_viewable(welcome))
 
     def test_update_window(self):
         """It lies above the pinned note, comes and goes with it, and leaves the keyboard to it."""

@@ -15,19 +15,26 @@ namespace {
 
 std::weak_ptr<NSMenu> offeredMenu;
 
-/// The command with that selector; null if none is offered.
-std::shared_ptr<NSMenuItem> offeredCommand(std::string_view selector) {
+/// The first command that is `wanted`; null if none is offered.
+template <typename Wanted>
+std::shared_ptr<NSMenuItem> offeredCommand(const Wanted& wanted) {
   const auto menu = offeredMenu.lock();
-  if (!menu || selector.empty()) return nullptr;
+  if (!menu) return nullptr;
   const auto& items = menu->items();
-  const auto found =
-      std::find_if(items.begin(), items.end(), [&](const auto& item) { return item->action().name == selector; });
+  const auto found = std::find_if(items.begin(), items.end(),
+                                  [&](const auto& item) { return !item->action().name.empty() && wanted(*item); });
   return found == items.end() ? nullptr : *found;
 }
 
 }  // namespace
 
 void offerToOtherPrograms(const std::shared_ptr<NSMenu>& menu) { offeredMenu = menu; }
+
+std::shared_ptr<NSMenuItem> offeredCommandWithKey(std::string_view keyEquivalent, unsigned modifierMask) {
+  return offeredCommand([&](const NSMenuItem& item) {
+    return item.keyEquivalent() == keyEquivalent && item.keyEquivalentModifierMask() == modifierMask;
+  });
+}
 
 QString serviceName() { return toQString(metadata::identifier); }
 QString servicePath() { return u'/' + serviceName().replace(u'.', u'/'); }
@@ -55,7 +62,7 @@ void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& /*
 
 void ApplicationService::ActivateAction(const QString& name, const QVariantList& parameter,
                                         const QVariantMap& /*platformData*/) {
-  const auto command = offeredCommand(name.toStdString());
+  const auto command = offeredCommand([&](const NSMenuItem& item) { return toQString(item.action().name) == name; });
   if (!command) {
     sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no action \"%1\".").arg(name));
   } else if (!parameter.isEmpty()) {

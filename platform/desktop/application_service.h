@@ -5,6 +5,7 @@
 #include <QVariantMap>
 #include <functional>
 #include <memory>
+#include <string_view>
 
 #include "platform/menu.h"
 
@@ -20,6 +21,9 @@ bool sessionBusExists();
 
 /// The commands of this menu are the program's actions on the session bus, by the names of their selectors.
 void offerToOtherPrograms(const std::shared_ptr<NSMenu>& menu);
+
+/// The offered command with that key, with exactly these modifiers; null if there is none.
+std::shared_ptr<NSMenuItem> offeredCommandWithKey(std::string_view keyEquivalent, unsigned modifierMask);
 
 /// The program on the session bus, from construction on. Without a bus it is silent.
 class ApplicationService : public QObject, protected QDBusContext {

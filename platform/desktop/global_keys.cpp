@@ -1,6 +1,9 @@
 #include "platform/desktop/global_keys.h"
 
+#include <QString>
+
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/portal_global_keys.h"
 #include "platform/desktop/x11.h"
 #include "platform/desktop/x11_global_keys.h"
 #include "platform/hot_key.h"
@@ -9,19 +12,19 @@ namespace platform {
 namespace desktop {
 namespace {
 
-/// A display that gives no keys away. The menu's actions on the bus are there for its own shortcuts.
-class NoGlobalKeys : public GlobalKeys {
- public:
-  bool listen(std::uint32_t /*keyCode*/, std::uint32_t /*modifiers*/, std::function<void()> /*pressed*/) override {
-    return false;
-  }
-};
+bool isWaylandSession() {
+  return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+         qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland");
+}
 
 }  // namespace
 
+/// A Wayland session is the portal's even for a program that runs through XWayland: there the X server sees keys, and
+/// so heeds a grab, only while one of its own windows has the keyboard. On other displays without an X server the
+/// portal is the only one to ask. Plain X11 needs nobody: a grab is there at once, and names the physical key.
 std::unique_ptr<GlobalKeys> GlobalKeys::forThisDisplay() {
-  if (x11::connection() != nullptr) return makeX11GlobalKeys(x11::connection());
-  return std::make_unique<NoGlobalKeys>();
+  if (x11::connection() == nullptr || isWaylandSession()) return makePortalGlobalKeys();
+  return makeX11GlobalKeys(x11::connection());
 }
 
 }  // namespace desktop

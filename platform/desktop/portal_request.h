@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+#include <QVariantMap>
+#include <functional>
+
+namespace platform::desktop {
+
+/// One running process of the desktop's portal, and the connection on which it knows this program.
+struct Portal {
+  QDBusConnection bus;
+  QString owner;  ///< its unique name: whatever comes from another one is not from it
+
+  static QString name();
+  /// A call of the portal's one object; the caller adds the arguments.
+  QDBusMessage call(const QString& interface, const QString& method) const;
+};
+
+/// A call to the portal that is answered later, by a signal. Destroyed earlier, it hears no answer.
+class PortalRequest : public QObject {
+  Q_OBJECT
+
+ public:
+  using Granted = std::function<void(const QVariantMap& results)>;
+
+  /// Sends `call`, to which the request's own `options` are added as the last argument. `granted` is called once, when
+  /// the portal has done what was asked; a refusal, an error and an answer that cannot be read are silence.
+  PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted);
+
+ private:
+  Q_SLOT void onResponse(uint code, const QVariantMap& results);
+  void listen(const QString& path);
+
+  Portal portal_;
+  Granted granted_;
+};
+
+}  // namespace platform::desktop

@@ -1,0 +1,82 @@
+#include "platform/desktop/portal_shortcuts.h"
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <utility>
+
+#include "platform/desktop/application_service.h"
+
+namespace platform::desktop {
+namespace {
+
+const QString globalShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
+
+}  // namespace
+
+QDBusArgument& operator<<(QDBusArgument& argument, const PortalShortcut& shortcut) {
+  argument.beginStructure();
+  argument << shortcut.id << shortcut.properties;
+  argument.endStructure();
+  return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& shortcut) {
+  argument.beginStructure();
+  argument >> shortcut.id >> shortcut.properties;
+  argument.endStructure();
+  return argument;
+}
+
+PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated)
+    : portal_(std::move(portal)), shortcuts_(shortcuts), activated_(std::move(activated)) {
+  qDBusRegisterMetaType<PortalShortcut>();
+  qDBusRegisterMetaType<QList<PortalShortcut>>();
+  tellName();
+}
+
+/// A portal that knows programs by their names gives shortcuts to no other; one that cannot be told of it finds it out
+/// itself, or has no need of it. Its answer is awaited, so that it knows the name when the session is asked for.
+void PortalShortcuts::tellName() {
+  QDBusMessage call = portal_.call(QStringLiteral("org.freedesktop.host.portal.Registry"), QStringLiteral("Register"));
+  call << serviceName() << QVariantMap();
+  auto* const watcher = new QDBusPendingCallWatcher(portal_.bus.asyncCall(call), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+    createSession();
+    watcher->deleteLater();
+  });
+}
+
+void PortalShortcuts::createSession() {
+  const QVariantMap options{{QStringLiteral("session_handle_token"), QStringLiteral("quillberry")}};
+  creation_.emplace(portal_, portal_.call(globalShortcuts, QStringLiteral("CreateSession")), options,
+                    [this](const QVariantMap& results) {
+                      // A string, whatever else handles are.
+                      bind(results.value(QStringLiteral("session_handle")).toString());
+                    });
+}
+
+void PortalShortcuts::bind(const QString& session) {
+  const QDBusObjectPath path(session);
+  if (path.path().isEmpty()) return;
+  session_ = session;
+  portal_.bus.connect(portal_.owner, session, QStringLiteral("org.freedesktop.portal.Session"),
+                      QStringLiteral("Closed"), this, SLOT(onClosed()));
+  portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
+                      SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+  QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("BindShortcuts"));
+  const QString noParentWindow = QStringLiteral("");
+  call << QVariant::fromValue(path) << QVariant::fromValue(shortcuts_) << noParentWindow;
+  // The user may have taken only some of them; the others are never pressed.
+  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& /*results*/) { bound_ = true; });
+}
+
+void PortalShortcuts::onActivated(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
+                                  const QVariantMap& options) {
+  if (!bound_ || session.path() != session_) return;
+  activated_(id, options.value(QStringLiteral("activation_token")).toString());
+}
+
+void PortalShortcuts::onClosed() { session_.clear(); }
+
+}  // namespace platform::desktop

@@ -9,6 +9,7 @@ import sys
 import unittest
 from pathlib import Path
 
+import test_portal
 import test_shell
 from desktop import KINDS, SCREEN, wait_until
 from note import SessionTest, options
@@ -267,7 +268,8 @@ def main():
     parser.parse_args(namespace=options)
     cases = [TestDaily, test_shell.TestHotKeys, test_shell.TestWindows]
     if options.desktop == "openbox":
-        cases += [TestAnyDesktop, TestLostDisplay, test_shell.TestTray, test_shell.TestServices]
+        cases += [TestAnyDesktop, TestLostDisplay, test_shell.TestTray, test_shell.TestServices,
+                  test_portal.TestPortal]
     loader = unittest.defaultTestLoader
     if options.list:
         print(*(f"{case.__name__}.{name}" for case in cases for name in loader.getTestCaseNames(case)), sep="\n")

@@ -62,6 +62,19 @@ class ShellTest(SessionTest):
         self.addCleanup(process.stdout.close)
         return process
 
+    def start_service(self, script, *arguments):
+        """A part of the desktop, on the session bus; it obeys `tell`."""
+        service = self.start_helper(script, DEBIAN_PYTHON, str(Path(__file__).with_name(script)), *arguments)
+        if service.stdout.readline() != "ready\n":
+            raise unittest.SkipTest("python3-dbus or python3-gi is not installed")
+        return service
+
+    @staticmethod
+    def tell(service, *command):
+        service.stdin.write(json.dumps(command) + "\n")
+        service.stdin.flush()
+        return json.loads(service.stdout.readline())
+
     def popup(self):
         """Whether the program shows a menu or the shortcuts: a window of its own class that no window manager has."""
         text = self.desktop.run("xwininfo", "-root", "-children")
@@ -281,16 +294,7 @@ class TestHotKeys(ShellTest):
 
 class TestTray(ShellTest):
     def start_host(self):
-        host = self.start_helper("a host of notifier items", DEBIAN_PYTHON, str(Path(__file__).with_name("notifier_host.py")))
-        if host.stdout.readline() != "ready\n":
-            raise unittest.SkipTest("python3-dbus or python3-gi is not installed")
-        return host
-
-    @staticmethod
-    def tell(host, *command):
-        host.stdin.write(json.dumps(command) + "\n")
-        host.stdin.flush()
-        return json.loads(host.stdout.readline())
+        return self.start_service("notifier_host.py")
 
     def test_notifier_host(self):
         """It starts after the note, leaves, and starts again."""

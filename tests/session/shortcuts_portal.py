@@ -1,0 +1,118 @@
+#!/usr/bin/python3
+"""A desktop's portal of global shortcuts, of the kind that is named as the argument; see KINDS.
+
+Takes one command a line, and answers each with one line of JSON."""
+
+import json
+import sys
+
+import dbus
+import dbus.lowlevel
+import dbus.mainloop.glib
+import dbus.service
+from gi.repository import GLib
+
+NAME = "org.freedesktop.portal.Desktop"
+PATH = "/org/freedesktop/portal/desktop"
+SHORTCUTS = "org.freedesktop.portal.GlobalShortcuts"
+SESSION, REQUEST = "org.freedesktop.portal.Session", "org.freedesktop.portal.Request"
+GRANTED, REFUSED = 0, 1
+
+# kind: what it answers to CreateSession and to BindShortcuts, signature and values, where that is not what is right.
+KINDS = {
+    "good": {},
+    "old": {},  # says only in its reply where it will answer
+    "with one shortcut to give": {},
+    "refuses session": {"CreateSession": ("ua{sv}", REFUSED, {})},
+    "refuses shortcuts": {"BindShortcuts": ("ua{sv}", REFUSED, {})},
+    "no handle": {"CreateSession": ("ua{sv}", GRANTED, {})},
+    "number for a handle": {"CreateSession": ("ua{sv}", GRANTED, {"session_handle": dbus.Int32(1)})},
+    "no path for a handle": {"CreateSession": ("ua{sv}", GRANTED, {"session_handle": "a session"})},
+    "answer of other types": {"CreateSession": ("s", "granted")},
+    "nothing": {"CreateSession": ("",)},
+}
+
+
+class Portal(dbus.service.Object):
+    def __init__(self, bus, kind):
+        super().__init__(bus, PATH)
+        self.bus, self.kind = bus, kind
+        self.calls, self.answers, self.session = [], 0, None
+
+    def _send(self, path, interface, name, signature, *values):
+        message = dbus.lowlevel.SignalMessage(path, interface, name)
+        message.append(*values, signature=signature)
+        self.bus.send_message(message)
+
+    def _answer(self, method, sender, options, results):
+        """Answers before the reply to the call, as a quick portal may; the old kind after it."""
+        folder = f"{PATH}/request/{sender[1:].replace('.', '_')}"
+        path = f"{folder}/{options['handle_token'] if self.kind != 'old' else len(self.calls)}"
+        answer = KINDS[self.kind].get(method, ("ua{sv}", GRANTED, results))
+
+        def send():
+            self._send(path, REQUEST, "Response", *answer)
+            self.answers += 1
+        if self.kind == "old":
+            GLib.timeout_add(200, send)
+        else:
+            send()
+        return dbus.ObjectPath(path)
+
+    @dbus.service.method("org.freedesktop.host.portal.Registry", in_signature="sa{sv}", sender_keyword="sender")
+    def Register(self, app_id, options, sender):
+        self.calls.append(["Register", app_id])
+        if self.kind == "old":
+            raise dbus.DBusException("", name="org.freedesktop.DBus.Error.UnknownMethod")
+
+    @dbus.service.method(SHORTCUTS, in_signature="a{sv}", out_signature="o", sender_keyword="sender")
+    def CreateSession(self, options, sender):
+        self.calls.append(["CreateSession"])
+        self.session = f"{PATH}/session/{sender[1:].replace('.', '_')}/{options['session_handle_token']}"
+        return self._answer("CreateSession", sender, options, {"session_handle": self.session})
+
+    @dbus.service.method(SHORTCUTS, in_signature="oa(sa{sv})sa{sv}", out_signature="o", sender_keyword="sender")
+    def BindShortcuts(self, session, shortcuts, parent, options, sender):
+        assert session == self.session
+        self.calls.append(["BindShortcuts", *([name, *map(dict(properties).get, ("description", "preferred_trigger"))]
+                                              for name, properties in shortcuts)])
+        bound = shortcuts[:1] if self.kind == "with one shortcut to give" else shortcuts
+        return self._answer("BindShortcuts", sender, options, {"shortcuts": bound})
+
+    def press(self, shortcut, session=None):
+        options = {"activation_token": "token"}
+        self._send(PATH, SHORTCUTS, "Activated", "osta{sv}", session or self.session, shortcut, 0, options)
+
+    def send_rubbish(self):
+        """What looks like presses, but for its types."""
+        for signature, values in (("", ()), ("sst", (self.session, "toggleWindow", 0)), ("o", (self.session,))):
+            self._send(PATH, SHORTCUTS, "Activated", signature, *values)
+
+    def close(self):
+        self._send(self.session, SESSION, "Closed", "a{sv}", {})
+
+
+def main():
+    dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+    bus = dbus.SessionBus()
+    portal = Portal(bus, sys.argv[1])
+    name = dbus.service.BusName(NAME, bus, allow_replacement=True, replace_existing=True)  # the object first: callers come with the name
+    loop = GLib.MainLoop()
+
+    def obey(source, condition):
+        line = sys.stdin.readline()
+        if not line:
+            loop.quit()
+            return False
+        command, *arguments = json.loads(line)
+        member = getattr(portal, command)
+        print(json.dumps(member(*arguments) if callable(member) else member), flush=True)
+        return True
+    GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN | GLib.IO_HUP, obey)
+    print("ready", flush=True)
+    loop.run()
+    del name
+
+
+if __name__ == "__main__":
+    main()

@@ -97,7 +97,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   void activate(QWidget& window) override {
     window.raise();
     if (activeWindow() == XCB_NONE) window.activateWindow();  // also where no window manager would answer
-    if (focusesNewWindowsOnly_ && active_ != idOf(window) && !isBeingShown(idOf(window))) mapAnew(idOf(window));
+    if (focusesNewWindowsOnly_ && active_ != idOf(window) && isManaged(idOf(window))) mapAnew(idOf(window));
     requestActive(idOf(window), XCB_NONE);
     if (active_ != idOf(window)) expect({idOf(window), true});
   }
@@ -179,13 +179,15 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
 
   /// A window manager takes this property back when it has let go of a hidden window, or says so in it.
   void noteManagement(xcb_window_t window) {
-    if (!expectation_ || expectation_->active || window != expectation_->window) return;
+    if (expectation_ && !expectation_->active && window == expectation_->window && !isManaged(window)) settle();
+  }
+
+  bool isManaged(xcb_window_t window) {
     const auto request = xcb_get_property(connection_, 0, window, stateAtom_, XCB_ATOM_ANY, 0, 1);
     const Reply<xcb_get_property_reply_t> state(xcb_get_property_reply(connection_, request, nullptr));
     const bool stated = state && xcb_get_property_value_length(state.get()) >= int(sizeof(std::uint32_t));
-    if (stated && *static_cast<std::uint32_t*>(xcb_get_property_value(state.get())) != XCB_ICCCM_WM_STATE_WITHDRAWN)
-      return;
-    settle();
+    return stated &&
+           *static_cast<std::uint32_t*>(xcb_get_property_value(state.get())) != XCB_ICCCM_WM_STATE_WITHDRAWN;
   }
 
   /// A window manager names a window of its own, which names itself: what it leaves behind does not.
@@ -206,8 +208,6 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     xcb_ewmh_get_utf8_strings_reply_wipe(&name);
     return text;
   }
-
-  bool isBeingShown(xcb_window_t id) const { return asked_.contains(id); }
 
   /// Behind the toolkit's back, for nothing changes but that the window is a new one for the window manager.
   void mapAnew(xcb_window_t id) {

@@ -45,7 +45,7 @@ KINDS = {
     "xfwm4": Kind("xfwm4 --compositor=off"),
     "mutter": Kind("mutter --x11 --sm-disable", MUTTER, STRICT_MUTTER),
     "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"}, STRICT_KWIN),
-    "i3": Kind("i3 -c {home}/i3", files={"i3": "font pango:monospace 8\n"}, message="i3-msg",
+    "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg",
                cannot=ANY_SIZE),
     "mutter-wayland": Kind(f"mutter --wayland --headless --virtual-monitor {SIZE} --sm-disable {{home}}/announce",
                            MUTTER, STRICT_MUTTER, wayland=True, cannot=NO_POINTER),
@@ -298,6 +298,13 @@ class Desktop:
         else:
             self.run("wmctrl", "-i", "-a", hex(window))
         self.wait_active(window)
+
+    def close(self, window):
+        """As its user does with the window manager."""
+        if message := KINDS[self.name].message:
+            self.run(message, f"[id={window}]", "kill")
+        else:
+            self.run("wmctrl", "-i", "-c", hex(window))
 
     def is_viewable(self, window):
         return "Map State: IsViewable" in self.run("xwininfo", "-id", window)

@@ -11,6 +11,7 @@ from pathlib import Path
 
 import test_portal
 import test_shell
+import test_wayland
 from desktop import KINDS, SCREEN, wait_until
 from note import SessionTest, options
 
@@ -266,10 +267,13 @@ def main():
     parser.add_argument("--list", action="store_true", help="print the names of the tests and end")
     parser.add_argument("names", nargs="*", help="class or Class.test; all by default")
     parser.parse_args(namespace=options)
-    cases = [TestDaily, test_shell.TestHotKeys, test_shell.TestWindows]
+    cases = [TestDaily, test_shell.TestWindows]
+    if KINDS[options.desktop].wayland:
+        cases += [test_wayland.TestNative, test_wayland.TestLostCompositor]
+    else:
+        cases += [test_shell.TestHotKeys]
     if options.desktop == "openbox":
-        cases += [TestAnyDesktop, TestLostDisplay, test_shell.TestTray, test_shell.TestServices,
-                  test_portal.TestPortal]
+        cases += [TestAnyDesktop, TestLostDisplay, test_portal.TestPortal, test_shell.TestTray, test_shell.TestServices]
     loader = unittest.defaultTestLoader
     if options.list:
         print(*(f"{case.__name__}.{name}" for case in cases for name in loader.getTestCaseNames(case)), sep="\n")

@@ -252,6 +252,53 @@ class TestAnyDesktop(SessionTest):
         self.assertEqual(self.note.file.with_name("note.txt.unreadable").read_bytes(), b"caf\xe9")
 
 
+class TestScreens(SessionTest):
+    """The note stays whole and can be reached, shown or hidden, when screens go and shrink."""
+
+    def tearDown(self):
+        super().tearDown()
+        self.xrandr("--output", "screen", "--mode", "{}x{}".format(*SCREEN))
+
+    def xrandr(self, *arguments):
+        self.desktop.run("xrandr", *arguments)
+
+    def shrink(self, width, height):
+        name = f"{width}x{height}"
+        self.xrandr("--newmode", name, 40, width, width + 40, width + 168, width + 256,
+                    height, height + 1, height + 5, height + 28)
+        self.xrandr("--addmode", "screen", name)
+        self.xrandr("--output", "screen", "--mode", name)
+        wait_until(lambda: self.desktop.run("xdotool", "getdisplaygeometry").split() == [str(width), str(height)],
+                   f"a screen of {name}")
+
+    def wait_whole(self, screen_width, screen_height):
+        def is_whole():
+            x, y, width, height = self.note.geometry()
+            return x >= 0 and y >= 0 and x + width <= screen_width and y + height <= screen_height
+        wait_until(is_whole, "the note is whole on the screen")
+        self.note.type("x")
+        self.note.wait_for_text("x")
+
+    def test_resolution(self):
+        self.note.put_settings(**{FRAME_KEY: "850 10 420 320 0 0 1280 800"})
+        self.note.start()
+        self.shrink(800, 600)
+        self.wait_whole(800, 600)
+
+    def test_screen_that_goes(self):
+        """With the hidden note on it."""
+        for name, left, output in ("left", 0, "screen"), ("right", 640, "none"):
+            self.xrandr("--setmonitor", name, f"640/200x800/200+{left}+0", output)
+        self.note.put_settings(**{FRAME_KEY: "850 10 420 320 640 0 640 800"})
+        self.assertGreaterEqual(self.note.start().geometry()[0], 640)
+        self.note.hide()
+        for name in "right", "left":
+            self.xrandr("--delmonitor", name)
+        self.shrink(640, 800)
+        self.note.start_again()
+        self.wait_whole(640, 800)
+
+
 class TestLostDisplay(SessionTest):
     def test_everything_typed_is_saved(self):
         self.note.start().type("half a wor")
@@ -271,7 +318,7 @@ def main():
     if KINDS[options.desktop].wayland:
         cases += [test_wayland.TestNative, test_wayland.TestLostCompositor]
     else:
-        cases += [test_shell.TestHotKeys]
+        cases += [test_shell.TestHotKeys, TestScreens]
     if options.desktop == "openbox":
         cases += [TestAnyDesktop, TestLostDisplay, test_portal.TestPortal, test_shell.TestTray, test_shell.TestServices]
     loader = unittest.defaultTestLoader

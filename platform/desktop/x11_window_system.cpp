@@ -186,8 +186,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     const auto request = xcb_get_property(connection_, 0, window, stateAtom_, XCB_ATOM_ANY, 0, 1);
     const Reply<xcb_get_property_reply_t> state(xcb_get_property_reply(connection_, request, nullptr));
     const bool stated = state && xcb_get_property_value_length(state.get()) >= int(sizeof(std::uint32_t));
-    return stated &&
-           *static_cast<std::uint32_t*>(xcb_get_property_value(state.get())) != XCB_ICCCM_WM_STATE_WITHDRAWN;
+    return stated && *static_cast<std::uint32_t*>(xcb_get_property_value(state.get())) != XCB_ICCCM_WM_STATE_WITHDRAWN;
   }
 
   /// A window manager names a window of its own, which names itself: what it leaves behind does not.

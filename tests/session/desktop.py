@@ -108,9 +108,8 @@ class Desktop:
             folder = self.home / variable.lower()
             folder.mkdir(0o700)
             self.environment[variable] = str(folder)
-        for bus in "session", "system":
-            self.environment[f"DBUS_{bus.upper()}_BUS_ADDRESS"] = self._spawn_announcing(
-                lambda fd: f"dbus-daemon --session --nofork --address=unix:dir={self.home} --print-address={fd}")[1]
+        for name in "SYSTEM", "SESSION":
+            self.bus, self.environment[f"DBUS_{name}_BUS_ADDRESS"] = self.start_bus()
         kind = KINDS[self.name]
         self.environment |= kind.environment
         if not kind.wayland:
@@ -217,6 +216,11 @@ class Desktop:
                 yield
             finally:
                 self._stack = outer
+
+    def start_bus(self):
+        """A message bus, with its address."""
+        return self._spawn_announcing(
+            lambda fd: f"dbus-daemon --session --nofork --address=unix:dir={self.home} --print-address={fd}")
 
     def _spawn_announcing(self, command):
         """A process and the line that it writes to the descriptor it is given once it is ready."""

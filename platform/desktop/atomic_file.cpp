@@ -31,15 +31,20 @@ auto uninterrupted(Call call) {
   return result;
 }
 
-/// The file that a chain of symbolic links ends at; it need not exist.
-fs::path finalTarget(fs::path path) {
-  for (int hops = 0; hops < longestLinkChain; ++hops) {
-    std::error_code error;
+/// The file that a chain of symbolic links ends at; it need not exist. No value and an error where that cannot be
+/// told: a link taken for a file would be replaced by one.
+std::optional<fs::path> finalTarget(fs::path path, std::error_code& error) {
+  for (int hops = 0; hops <= longestLinkChain; ++hops) {
     const fs::path target = fs::read_symlink(path, error);
-    if (error) break;
+    if (error == std::errc::invalid_argument || error == std::errc::no_such_file_or_directory) {
+      error.clear();
+      return path;
+    }
+    if (error) return std::nullopt;
     path = target.is_absolute() ? target : path.parent_path() / target;
   }
-  return path;
+  error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+  return std::nullopt;
 }
 
 fs::path folderOf(const fs::path& file) { return file.has_parent_path() ? file.parent_path() : fs::path("."); }
@@ -152,11 +157,13 @@ std::optional<std::string> readFile(const fs::path& path, std::error_code& error
 }
 
 std::error_code replaceFile(const fs::path& path, std::string_view contents) {
-  const fs::path target = finalTarget(path);
-  const std::string name = target.filename().string();
-  const UniqueFd folder = openFolder(folderOf(target));
+  std::error_code error;
+  const auto target = finalTarget(path, error);
+  if (!target) return error;
+  const std::string name = target->filename().string();
+  const UniqueFd folder = openFolder(folderOf(*target));
   if (!folder) return lastError();
-  AuxiliaryFile auxiliary(folder.get(), target);
+  AuxiliaryFile auxiliary(folder.get(), *target);
   if (!auxiliary || !auxiliary.write(contents)) return lastError();
   struct stat existing {};
   if (fstatat(folder.get(), name.c_str(), &existing, AT_SYMLINK_NOFOLLOW) == 0) auxiliary.takeModeAndOwner(existing);
@@ -165,10 +172,11 @@ std::error_code replaceFile(const fs::path& path, std::string_view contents) {
 }
 
 void sweepAuxiliaryFiles(const fs::path& path) {
-  const fs::path target = finalTarget(path);
-  const std::string prefix = auxiliaryPrefix(target);
   std::error_code error;
-  for (fs::directory_iterator entry(folderOf(target), error), end; !error && entry != end; entry.increment(error)) {
+  const auto target = finalTarget(path, error);
+  if (!target) return;
+  const std::string prefix = auxiliaryPrefix(*target);
+  for (fs::directory_iterator entry(folderOf(*target), error), end; !error && entry != end; entry.increment(error)) {
     std::error_code unremovable;
     if (entry->path().filename().string().starts_with(prefix)) fs::remove(entry->path(), unremovable);
   }

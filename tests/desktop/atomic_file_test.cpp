@@ -87,6 +87,18 @@ TEST_F(AtomicFile, LinksStayAndTheirTargetsGetTheText) {
   EXPECT_EQ(names(elsewhere), (std::vector<std::string>{"a", "b", "missing"}));
 }
 
+TEST_F(AtomicFile, LinksThatLeadNowhereStay) {
+  fs::create_symlink("there", folder / "here");
+  fs::create_symlink("here", folder / "there");
+  put(folder / "file", "old");
+  fs::create_symlink("file/note.txt", folder / "below");
+  EXPECT_EQ(replaceFile(folder / "here", "x"), std::errc::too_many_symbolic_link_levels);
+  EXPECT_EQ(replaceFile(folder / "below", "x"), std::errc::not_a_directory);
+  for (const char* name : {"here", "there", "below"}) EXPECT_TRUE(fs::is_symlink(folder / name)) << name;
+  EXPECT_THAT(get(folder / "file"), Optional(std::string("old")));
+  EXPECT_EQ(names(folder), (std::vector<std::string>{"below", "file", "here", "there"}));
+}
+
 TEST_F(AtomicFile, AFailedWriteLeavesTheOldTextAndNothingElse) {
   put(note, "old");
   // A full disk, as the process sees it: files may not grow past 8 KB, so a write of more is cut short.

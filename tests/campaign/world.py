@@ -11,7 +11,6 @@ import typing
 from pathlib import Path
 
 import saves
-from desktop import Desktop
 from note import Note
 
 NOTE = "note.txt"
@@ -26,6 +25,10 @@ class NotHere(Exception):
 def expect(holds, what):
     if not holds:
         raise AssertionError(what)
+
+
+def brief(text):
+    return repr(text) if text is None or len(text) < 40 else f"{len(text)} bytes that end in {text[-16:]!r}"
 
 
 def contents(path):
@@ -44,7 +47,7 @@ def check_next_start(note, shown):
     """The next start shows the text, so that its end writes the same, and clears away what is not the note's."""
     note.launch()
     end_with(note)
-    expect(contents(note.file) == shown, f"shown after the next start: {contents(note.file)!r} and not {shown!r}")
+    expect(contents(note.file) == shown, f"shown after the next start: {brief(contents(note.file))}")
     others = {path.name for path in note.file.parent.iterdir() if not path.name.startswith(KEPT)} - {NOTE}
     expect(not others, f"left in the folder: {others}")
 
@@ -76,7 +79,7 @@ class Scene(typing.NamedTuple):
     def check(self, note, allowed):
         """That the text is whole, and where it belongs; then, what the next start makes of it."""
         found = contents(note.file)
-        expect(found in allowed, f"the note holds {found!r}")
+        expect(found in allowed, f"the note holds {brief(found)}")
         self.check_kept(note, found)
         shown = found if found != self.old else self.shown
         check_next_start(note, shown)
@@ -88,8 +91,8 @@ class Scene(typing.NamedTuple):
             expect(contents(note.file.with_name(KEPT)) == self.old, "what could not be read is gone")
 
 
-SCENES = {"a note": Scene(LINES, LINES), "the first save": Scene(None, b""), "a file that is no text": Scene(b"caf\xe9", b""),
-          "a link": Scene(LINES, LINES, "../elsewhere/target.txt")}
+SCENES = {"a note": Scene(LINES, LINES), "the first save": Scene(None, b""),
+          "a file that is no text": Scene(b"caf\xe9", b""), "a link": Scene(LINES, LINES, "../elsewhere/target.txt")}
 
 
 class World:
@@ -122,32 +125,31 @@ class World:
     def calls_of_a_save(self, scene):
         """The files beforehand and the calls, with all paths as seen from the note's folder."""
         with self.scene(scene) as note:
-            before = {path: path.read_bytes() for path in (note.folder / "data").rglob("*.txt") if not path.is_symlink()}
+            files = [path for path in (note.folder / "data").rglob("*.txt") if not path.is_symlink()]
+            before = {os.path.relpath(path, note.file.parent): path.read_bytes() for path in files}
             with saves.traced(note) as calls:
                 note.hide()
-            folder = note.file.parent
-            before = {os.path.relpath(path, folder): text for path, text in before.items()}
-            return before, saves.of_the_save(calls(), folder.parent), folder
-
-    @contextlib.contextmanager
-    def small_disk(self, place):
-        """A disk of 64 KB mounted on the folder."""
-        if os.geteuid() != 0:
-            raise NotHere("only root can mount a disk")
-        place.mkdir(parents=True, exist_ok=True)
-        mount(place, "-t", "tmpfs", "-o", "size=64k,mode=700", "none")
-        try:
-            yield place
-        finally:
-            subprocess.run(["umount", "--lazy", str(place)], check=False)
-
-    def own_desktop(self):
-        return Desktop("openbox")
+            found = saves.of_the_save(calls(), note.folder / "data")
+            expect(found, "no save is seen")
+            return before, found, note.file.parent
 
 
 def mount(place, *options):
     if subprocess.run(["mount", *options, str(place)], stderr=subprocess.DEVNULL, check=False).returncode != 0:
         raise NotHere("nothing can be mounted here")
+
+
+@contextlib.contextmanager
+def small_disk(place):
+    """A disk of 64 KB mounted on the folder."""
+    if os.geteuid() != 0:
+        raise NotHere("only root can mount a disk")
+    place.mkdir(parents=True, exist_ok=True)
+    mount(place, "-t", "tmpfs", "-o", "size=64k,mode=700", "none")
+    try:
+        yield
+    finally:
+        subprocess.run(["umount", "--lazy", str(place)], check=False)
 
 
 def make_null_device(path):

@@ -269,14 +269,13 @@ def killed_while_typing(world):
     with world.note() as note:
         note.start()
         safe = typed = ""
-        for _ in range(chance.randint(0, 2)):
-            typed += burst(chance)
-            note.type(typed[len(safe):])
+        if chance.random() < 1 / 4:
+            safe = typed = burst(chance)
+            note.type(typed)
             time.sleep(PAUSE + MARGIN)
-            safe = typed
         last = burst(chance)
         typist = note.desktop.spawn("xdotool", "type", "--delay", str(chance.randint(1, 60)), last)
-        time.sleep(chance.uniform(0, 2 * PAUSE))
+        time.sleep(chance.uniform(0, 1.3 * PAUSE))
         end_with(note, signal.SIGKILL)
         typist.wait(timeout=20)
         text = (contents(note.file) or b"").decode()
@@ -388,8 +387,10 @@ FAULTS = (
           troubles(read_only, on_small_disk=True, ends=(END, KILL)), 1, 2, SINCE_THE_SAVE),
     Fault("Folder renamed, removed or replaced by a file, then put back",
           troubles(renamed, removed, replaced_by_a_file), 1, 3),
-    Fault("Folder renamed, removed or replaced by a file until the program ends or is killed",
-          troubles(renamed, removed, replaced_by_a_file, ends=(END, KILL)), 1, 6, SINCE_THE_SAVE),
+    Fault("Folder renamed or replaced by a file until the program ends or is killed",
+          troubles(renamed, replaced_by_a_file, ends=(END, KILL)), 1, 4, SINCE_THE_SAVE),
+    Fault("Folder removed until the program ends or is killed", troubles(removed, ends=(END, KILL)), 1, 2,
+          "the note, with its folder"),
     Fault("A folder, a pipe or a device in place of the note", no_files, 3, 3),
     Fault("The note is a link: dangling, to a file, to a link, to another disk", links, 2, 4),
     Fault("Another program changes the note meanwhile: the window wins", each(changed_by_another, False, True), 1, 2),

@@ -28,6 +28,17 @@ std::shared_ptr<NSMenuItem> offeredCommand(const Wanted& wanted) {
 
 }  // namespace
 
+std::shared_ptr<NSMenuItem> offeredAction(const QString& name, const QVariantList& parameter, QString& refusal) {
+  auto command = offeredCommand([&](const NSMenuItem& item) { return toQString(item.action().name) == name; });
+  if (!command) {
+    refusal = QStringLiteral("There is no action \"%1\".").arg(name);
+  } else if (!parameter.isEmpty()) {
+    refusal = QStringLiteral("The action %1 takes no parameter.").arg(name);
+    command.reset();
+  }
+  return command;
+}
+
 void offerToOtherPrograms(const std::shared_ptr<NSMenu>& menu) { offeredMenu = menu; }
 
 std::shared_ptr<NSMenuItem> offeredCommandWithKey(std::string_view keyEquivalent, unsigned modifierMask) {
@@ -62,11 +73,10 @@ void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& /*
 
 void ApplicationService::ActivateAction(const QString& name, const QVariantList& parameter,
                                         const QVariantMap& /*platformData*/) {
-  const auto command = offeredCommand([&](const NSMenuItem& item) { return toQString(item.action().name) == name; });
+  QString refusal;
+  const auto command = offeredAction(name, parameter, refusal);
   if (!command) {
-    sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no action \"%1\".").arg(name));
-  } else if (!parameter.isEmpty()) {
-    sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("The action %1 takes no parameter.").arg(name));
+    sendErrorReply(QDBusError::InvalidArgs, refusal);
   } else {
     requests().add([command] { command->performAction(); });
   }

@@ -25,6 +25,10 @@ void offerToOtherPrograms(const std::shared_ptr<NSMenu>& menu);
 /// The offered command with that key, with exactly these modifiers; null if there is none.
 std::shared_ptr<NSMenuItem> offeredCommandWithKey(std::string_view keyEquivalent, unsigned modifierMask);
 
+/// The offered command whose selector is `name`. Null, for the reason put into `refusal`, if none is offered, or if a
+/// parameter came along: none of them takes one.
+std::shared_ptr<NSMenuItem> offeredAction(const QString& name, const QVariantList& parameter, QString& refusal);
+
 /// The program on the session bus, from construction on. Without a bus it is silent.
 class ApplicationService : public QObject, protected QDBusContext {
   Q_OBJECT
@@ -39,7 +43,7 @@ class ApplicationService : public QObject, protected QDBusContext {
   Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
   /// Is an error: there is one note, and no files are opened.
   Q_INVOKABLE Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
-  /// Performs the command of the offered menu whose selector is `name`. None of them takes a parameter.
+  /// Performs the offered action, or is an error that tells why there is none.
   Q_INVOKABLE Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& parameter,
                                                const QVariantMap& platformData);
 

@@ -52,6 +52,7 @@ std::string withSinglePercents(std::string text) {
 DesktopEntry::DesktopEntry() : file_(g_key_file_new()) {}
 
 std::optional<DesktopEntry> DesktopEntry::parse(std::string_view bytes) {
+  if (bytes.find('\0') != std::string_view::npos) return std::nullopt;  // the library would cut off what follows
   DesktopEntry entry;
   constexpr auto all = static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
   if (!g_key_file_load_from_data(entry.file_.get(), bytes.data(), bytes.size(), all, nullptr)) return std::nullopt;

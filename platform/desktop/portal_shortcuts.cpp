@@ -50,26 +50,28 @@ void PortalShortcuts::tellName() {
 void PortalShortcuts::createSession() {
   const QVariantMap options{{QStringLiteral("session_handle_token"), QStringLiteral("quillberry")}};
   creation_.emplace(portal_, portal_.call(globalShortcuts, QStringLiteral("CreateSession")), options,
-                    [this](const QVariantMap& results) {
-                      // A string, whatever else handles are.
-                      bind(results.value(QStringLiteral("session_handle")).toString());
-                    });
+                    [this](const QVariantMap& results) { onCreated(results); });
 }
 
-void PortalShortcuts::bind(const QString& session) {
-  const QDBusObjectPath path(session);
-  if (path.path().isEmpty()) return;
-  session_ = session;
-  portal_.bus.connect(portal_.owner, session, QStringLiteral("org.freedesktop.portal.Session"),
+void PortalShortcuts::onCreated(const QVariantMap& results) {
+  // A string, whatever else handles are; what is no path comes out empty.
+  session_ = QDBusObjectPath(results.value(QStringLiteral("session_handle")).toString()).path();
+  if (!session_.isEmpty()) bind();
+}
+
+void PortalShortcuts::bind() {
+  portal_.bus.connect(portal_.owner, session_, QStringLiteral("org.freedesktop.portal.Session"),
                       QStringLiteral("Closed"), this, SLOT(onClosed()));
   portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
                       SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("BindShortcuts"));
   const QString noParentWindow = QStringLiteral("");
-  call << QVariant::fromValue(path) << QVariant::fromValue(shortcuts_) << noParentWindow;
+  call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts_) << noParentWindow;
   // The user may have taken only some of them; the others are never pressed.
-  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& /*results*/) { bound_ = true; });
+  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& /*results*/) { onBound(); });
 }
+
+void PortalShortcuts::onBound() { bound_ = true; }
 
 void PortalShortcuts::onActivated(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
                                   const QVariantMap& options) {

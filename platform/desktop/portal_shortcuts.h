@@ -32,13 +32,15 @@ class PortalShortcuts : public QObject {
   const Portal& portal() const { return portal_; }
 
  private:
+  Q_SLOT void onCreated(const QVariantMap& results);
+  Q_SLOT void onBound();
   Q_SLOT void onActivated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
                           const QVariantMap& options);
   Q_SLOT void onClosed();
 
   void tellName();
   void createSession();
-  void bind(const QString& session);
+  void bind();
 
   Portal portal_;
   QList<PortalShortcut> shortcuts_;

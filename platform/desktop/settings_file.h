@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QJsonObject>
+#include <filesystem>
+
+namespace platform::desktop {
+
+/// One JSON object in a file, and what was stored in it since. A file that holds none counts as empty, and gets a
+/// second name before it is first replaced.
+class SettingsFile {
+ public:
+  explicit SettingsFile(std::filesystem::path file);
+
+  const QJsonObject& values() const { return values_; }
+  /// Undefined if there is none.
+  QJsonValue value(const QString& key) const { return values_.value(key); }
+  /// Writes the whole file at once, if that is a change. What cannot be written holds all the same.
+  void store(const QString& key, const QJsonValue& value);
+
+ private:
+  std::filesystem::path file_;
+  QJsonObject values_;
+  bool unreadable_ = false;
+};
+
+}  // namespace platform::desktop

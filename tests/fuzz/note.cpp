@@ -1,0 +1,72 @@
+#include <QApplication>
+#include <QStringDecoder>
+#include <QTextDocument>
+
+#include "platform/desktop/exact_text.h"
+#include "platform/string.h"
+#include "platform/text_view.h"
+#include "platform/utf8.h"
+#include "tests/desktop/scratch.h"
+#include "tests/fuzz/fuzz.h"
+
+namespace {
+
+using namespace platform;
+using fuzz::require;
+
+bool isUtf8ForTheToolkit(const std::string& bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+  const QString decoded = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+  return !decoder.hasError();
+}
+
+/// A piece of the text taken out and put in again, undone and redone, gives the text every time.
+void checkEdits(const QString& text, std::uint8_t where) {
+  qsizetype at = text.isEmpty() ? 0 : where % text.size();
+  const auto isInside = [&](QChar before, QChar after) {
+    return (before.isHighSurrogate() && after.isLowSurrogate()) || (before == u'\r' && after == u'\n');
+  };
+  while (at > 0 && at < text.size() && isInside(text[at - 1], text[at])) ++at;
+
+  QTextDocument document;
+  desktop::setExactText(document, text.left(at));
+  QTextCursor cursor(&document);
+  cursor.setPosition(desktop::positionForExactIndex(document, at));
+  desktop::insertExactText(cursor, text.mid(at));
+  require(desktop::exactText(document) == text, "a paste at the end is what was pasted");
+  document.undo();
+  require(desktop::exactText(document) == text.left(at), "undo gives the text before the paste");
+  document.redo();
+  require(desktop::exactText(document) == text, "redo gives the text after the paste");
+}
+
+}  // namespace
+
+/// What the fonts' library keeps until the process ends.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const scratch::Folder scratch;
+  static int argc = 1;
+  static char name[] = "fuzz";
+  static char* argv[] = {name, nullptr};
+  static const QApplication app(argc, argv);
+  static NSTextView view({});
+
+  const std::string bytes = fuzz::bytesOf(data, size);
+  const URL file = scratch.path() / "note.txt";
+  scratch::put(file, bytes);
+  std::error_code error;
+  const auto text = NSString::stringWithContentsOfURL(file, error);
+  require(text.has_value() == isUtf8ForTheToolkit(bytes), "a note is read if it is valid UTF-8, and only then");
+  if (!text) {
+    require(error == std::errc::illegal_byte_sequence, "a note that is refused is refused for its bytes");
+    return 0;
+  }
+  view.setString(*text);
+  require(view.string() == bytes, "what is shown is saved as the bytes that were read");
+  view.setSelectedRange({utf16Length(*text), 0});
+  checkEdits(QString::fromStdString(bytes), size == 0 ? 0 : data[size / 2]);
+  QCoreApplication::processEvents();
+  return 0;
+}

@@ -141,9 +141,12 @@ std::optional<std::string> readFile(const fs::path& path, std::error_code& error
   if (S_ISDIR(status.st_mode)) return failed(std::make_error_code(std::errc::is_a_directory));
   if (!S_ISREG(status.st_mode)) return failed(std::make_error_code(std::errc::not_supported));
 
+  // By its size before any memory is taken; by what is read as well, since it may grow meanwhile.
+  const auto tooLarge = std::make_error_code(std::errc::file_too_large);
+  if (static_cast<std::uintmax_t>(status.st_size) > largestFile) return failed(tooLarge);
   std::string contents;
   std::size_t length = 0;
-  for (;;) {
+  while (length <= largestFile) {
     // One byte more than expected, so that the end shows in the first round.
     contents.resize(std::max(length + 4096, static_cast<std::size_t>(status.st_size) + 1));
     const auto got = uninterrupted([&] { return read(fd.get(), contents.data() + length, contents.size() - length); });
@@ -151,6 +154,7 @@ std::optional<std::string> readFile(const fs::path& path, std::error_code& error
     if (got == 0) break;
     length += static_cast<std::size_t>(got);
   }
+  if (length > largestFile) return failed(tooLarge);
   contents.resize(length);
   error.clear();
   return contents;

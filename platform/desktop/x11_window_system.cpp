@@ -2,7 +2,6 @@
 
 #include <xcb/xcb_ewmh.h>
 #include <xcb/xcb_icccm.h>
-#include <xcb/xcb_keysyms.h>
 
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
@@ -18,6 +17,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/desktop/escape_key.h"
 #include "platform/desktop/selection_watch.h"
 #include "platform/desktop/x11.h"
 
@@ -25,7 +25,6 @@ namespace platform::desktop {
 namespace {
 
 constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
-constexpr xcb_keysym_t escapeKeysym = 0xFF1B;
 constexpr std::string_view focusingNewWindowsOnly = "wlroots wm";
 constexpr auto pager = XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER;  // a wish of the user's, which focus stealing rules respect
 
@@ -40,7 +39,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   explicit X11WindowSystem(xcb_connection_t* connection)
       : connection_(connection),
         compositorWatch_(connection, "_NET_WM_CM_S" + std::to_string(x11::screenNumber()), repaintAll),
-        keySymbols_(xcb_key_symbols_alloc(connection)),
+        escapeKey_(connection),
         stateAtom_(x11::atom(connection, "WM_STATE")),
         screen_(x11::screenNumber()),
         root_(x11::rootWindow(connection)) {
@@ -56,7 +55,6 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   X11WindowSystem& operator=(const X11WindowSystem&) = delete;
   ~X11WindowSystem() override {
     if (qApp != nullptr) qApp->removeNativeEventFilter(this);
-    xcb_key_symbols_free(keySymbols_);
     xcb_ewmh_connection_wipe(&ewmh_);
   }
 
@@ -124,23 +122,13 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   }
 
   bool nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) override {
-    auto* const event = static_cast<xcb_generic_event_t*>(message);
-    switch (x11::typeOf(*event)) {
-      case XCB_PROPERTY_NOTIFY: {
-        const auto& change = *reinterpret_cast<xcb_property_notify_event_t*>(event);
-        if (change.window == root_ && change.atom == ewmh_._NET_ACTIVE_WINDOW) noteActiveWindow();
-        if (change.window == root_ && change.atom == ewmh_._NET_SUPPORTING_WM_CHECK) noteWindowManager();
-        if (change.atom == stateAtom_) noteManagement(change.window);
-        return false;
-      }
-      case XCB_MAPPING_NOTIFY:
-        xcb_refresh_keyboard_mapping(keySymbols_, reinterpret_cast<xcb_mapping_notify_event_t*>(event));
-        return false;
-      case XCB_KEY_PRESS:
-        return takeEscape(*reinterpret_cast<xcb_key_press_event_t*>(event));
-      default:
-        return false;
-    }
+    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
+    if (x11::typeOf(*event) != XCB_PROPERTY_NOTIFY) return false;
+    const auto& change = *reinterpret_cast<const xcb_property_notify_event_t*>(event);
+    if (change.window == root_ && change.atom == ewmh_._NET_ACTIVE_WINDOW) noteActiveWindow();
+    if (change.window == root_ && change.atom == ewmh_._NET_SUPPORTING_WM_CHECK) noteWindowManager();
+    if (change.atom == stateAtom_) noteManagement(change.window);
+    return false;
   }
 
  private:
@@ -274,31 +262,14 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     return workspace == everyWorkspace || workspace == currentWorkspace();
   }
 
-  /// Hands Escape to the focus before the toolkit shows it to an input method.
-  bool takeEscape(const xcb_key_press_event_t& press) {
-    if (xcb_key_symbols_get_keysym(keySymbols_, press.detail, 0) != escapeKeysym) return false;
-    QWidget* const window = QWidget::find(press.event);
-    if (window == nullptr || !window->isWindow() || QApplication::activePopupWidget() != nullptr) return false;
-    // Later, for the toolkit still holds the keys that were pressed before.
-    QMetaObject::invokeMethod(
-        window, [window] { sendEscape(*window); }, Qt::QueuedConnection);
-    return true;
-  }
-
-  static void sendEscape(QWidget& window) {
-    QWidget* const focus = window.focusWidget() != nullptr ? window.focusWidget() : &window;
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    QCoreApplication::sendEvent(focus, &key);
-  }
-
   static void repaintAll() {
     for (QWidget* const window : QApplication::topLevelWidgets()) window->update();
   }
 
   xcb_connection_t* connection_;
   SelectionWatch compositorWatch_;
+  EscapeKey escapeKey_;
   xcb_ewmh_connection_t ewmh_{};
-  xcb_key_symbols_t* keySymbols_;
   xcb_atom_t stateAtom_;
   int screen_;
   xcb_window_t root_;

@@ -10,6 +10,7 @@ import unittest
 from pathlib import Path
 
 import test_portal
+import test_services
 import test_shell
 import test_wayland
 from desktop import KINDS, SCREEN, wait_until
@@ -23,10 +24,13 @@ FRAME_KEY = "NSWindow Frame QuillberryWindow"
 
 class TestDaily(SessionTest):
     def test_first_start(self):
-        companions = self.desktop.companion("one"), self.desktop.companion("two")
         self.note.start()
         self.note.wait_geometry(430, 240, 420, 320)
         self.assertEqual(self.desktop.prop("_NET_WM_NAME", self.note.window), '"Quillberry 📌"')
+
+    def test_above_the_others(self):
+        companions = self.desktop.companion("one"), self.desktop.companion("two")
+        self.note.start()
         self.assert_pinned()
         self.assert_stays_above(*companions)
 
@@ -307,37 +311,51 @@ class TestLostDisplay(SessionTest):
         self.assertEqual(self.note.text(), "half a wor")
 
 
+CLASSES = {case.__name__: case for case in (
+    TestDaily, TestAnyDesktop, TestScreens, TestLostDisplay, test_shell.TestWindows, test_shell.TestHotKeys,
+    test_shell.TestTray, test_services.TestServices, test_services.TestLogOut, test_services.TestInputMethod,
+    test_portal.TestPortal, test_wayland.TestNative, test_wayland.TestLostCompositor)}
+EVERYWHERE = ("TestDaily", "TestWindows", "TestInputMethod", "TestTray.test_notifier_host",
+              "TestServices.test_signals_of_a_return")
+ON_X11 = "TestHotKeys", "TestScreens", "TestLogOut"
+ON_WAYLAND = "TestNative", "TestLostCompositor", "TestPortal.test_keys"
+ON_THE_QUICKEST = "TestAnyDesktop", "TestLostDisplay", "TestPortal", "TestTray", "TestServices"
+
+
+def expand(names):
+    """Each of them a Class or a Class.test: all as Class.test, each once."""
+    cases = {}
+    for name in names:
+        case, _, method = name.partition(".")
+        for test in [method] if method else unittest.defaultTestLoader.getTestCaseNames(CLASSES[case]):
+            cases[f"{case}.{test}"] = CLASSES[case](test)
+    return cases
+
+
+def cases_on(desktop):
+    return expand(EVERYWHERE + (ON_WAYLAND if KINDS[desktop].wayland else ON_X11) +
+                  (ON_THE_QUICKEST if desktop == "openbox" else ()))
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--binary", type=lambda path: str(Path(path).resolve()))
     parser.add_argument("--desktop", choices=KINDS, default="openbox")
-    parser.add_argument("--list", action="store_true", help="print the names of the tests and end")
-    parser.add_argument("names", nargs="*", help="class or Class.test; all by default")
+    parser.add_argument("--list", action="store_true", help="print the names of the desktop's tests and end")
+    parser.add_argument("names", nargs="*", help="Class or Class.test; by default, the desktop's")
     parser.parse_args(namespace=options)
-    cases = [TestDaily, test_shell.TestWindows]
-    if KINDS[options.desktop].wayland:
-        cases += [test_wayland.TestNative, test_wayland.TestLostCompositor]
-    else:
-        cases += [test_shell.TestHotKeys, TestScreens]
-    if options.desktop == "openbox":
-        cases += [TestAnyDesktop, TestLostDisplay, test_portal.TestPortal, test_shell.TestTray, test_shell.TestServices]
-    loader = unittest.defaultTestLoader
+    cases = expand(options.names) if options.names else cases_on(options.desktop)
     if options.list:
-        print(*(f"{case.__name__}.{name}" for case in cases for name in loader.getTestCaseNames(case)), sep="\n")
+        print(*cases, sep="\n")
         return 0
     if not options.binary:
         parser.error("--binary is missing")
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # so that the desktop ends too
-    by_name = {case.__name__: case for case in cases}
-    suite = unittest.TestSuite()
-    for name in options.names or by_name:
-        case, _, method = name.partition(".")
-        suite.addTests([by_name[case](method)] if method else loader.loadTestsFromTestCase(by_name[case]))
-    result = unittest.TextTestRunner(verbosity=2).run(suite)
+    result = unittest.TextTestRunner(verbosity=2).run(unittest.TestSuite(cases.values()))
     if not result.wasSuccessful():
         return 1
-    for test, reason in result.skipped:
-        print(f"skipped: {test}: {reason}")
+    for _, reason in result.skipped:
+        print(f"skipped: {reason}")
     return 77 if result.skipped else 0
 
 

@@ -1,8 +1,7 @@
-"""The program's place on the desktop: tray, hot keys, actions, wake, login."""
+"""The program's place on the desktop: its windows, hot keys and tray."""
 
 import contextlib
 import json
-import os
 import re
 import signal
 import subprocess
@@ -11,10 +10,8 @@ import unittest
 from pathlib import Path
 
 from desktop import wait_until
-from note import APPLICATION, NAME, PATH, SessionTest
+from note import SessionTest
 
-LOGIN = "org.freedesktop.login1"
-LOGIN_PATH = "/org/freedesktop/login1"
 DEBIAN_PYTHON = "/usr/bin/python3"  # has the modules of the packages
 SHOW, PIN = "ctrl+alt+n", "ctrl+alt+p"
 INFO_BUTTON = (403, 14)  # inside the window
@@ -209,18 +206,40 @@ class TestWindows(ShellTest):
         self.wait_forward()
 
     def test_unpinned_note_comes_to_the_user(self):
-        """Also from another workspace."""
+        """From below another window, and from another workspace."""
         self.desktop.needs("pin")
         self.addCleanup(self.desktop.switch_to, 0)
         self.start_beside_companion()
         self.note.perform("togglePin")
         self.wait_setting("pinned", False)
+        if not self.desktop.tiles:
+            self.desktop.activate(self.companion)
+            wait_until(lambda: self.stack_if_above(self.note.window, self.companion), "the companion covers it")
+            self.toggle()
+            self.wait_forward()
+            wait_until(lambda: self.stack_if_above(self.companion, self.note.window), "it covers the companion")
         for workspace in 1, 0:
             self.desktop.switch_to(workspace)
             self.toggle()
             self.wait_forward()
             self.assertEqual(self.desktop.workspace(), workspace)
             self.assertEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(workspace))
+
+    def test_previous_window_that_is_gone(self):
+        """Or on another workspace: another one gets the keyboard, and nobody is moved."""
+        self.addCleanup(self.desktop.switch_to, 0)
+        other = self.desktop.companion("other")
+        self.start_beside_companion()
+        self.desktop.close(self.companion)
+        wait_until(lambda: self.companion not in self.desktop.windows(), "the companion is gone")
+        self.note.start_again()
+        self.note.hide()
+        self.desktop.wait_active(other, "the one before it is active")
+        self.note.start_again()
+        self.desktop.switch_to(1)
+        self.note.start_again()
+        self.note.hide()
+        self.assertEqual(self.desktop.workspace(), 1)
 
 
 class TestHotKeys(ShellTest):
@@ -337,18 +356,23 @@ class TestTray(ShellTest):
 
     def open_in_title_bar(self):
         """The menu, if the item's button is in the title bar; there a click on nothing does nothing."""
+        if not self.desktop.can("drag"):
+            return self.open_with_keys()
         self.click(*ITEM_BUTTON)
         with contextlib.suppress(AssertionError):
             return wait_until(self.popup, "a menu", 1)
         return False
+
+    def open_with_keys(self):
+        self.press("F6", "F6", "space")  # past the close button
+        return wait_until(self.popup, "the menu")
 
     def choose_in_title_bar(self, entry):
         """With the pointer, then without it."""
         wait_until(self.open_in_title_bar, "the item's button is in the title bar")
         self.press("Escape")
         self.wait_popup_closed()
-        self.press("F6", "F6", "space")  # past the close button
-        wait_until(self.popup, "the menu")
+        wait_until(self.open_with_keys, "the item's button is in the title bar")
         self.press(*["Down"] * (1 + [label for label, *_ in MENU].index(entry)), "Return")
         self.wait_popup_closed()
 
@@ -412,159 +436,3 @@ class TestTray(ShellTest):
             return None
         x, y, width, height = self.desktop.geometry(icon[1])
         return x + width // 2, y + height // 2
-
-
-class TestServices(ShellTest):
-    def test_actions(self):
-        self.start_beside_companion()
-        self.note.perform("toggleWindow")
-        self.wait_put_away()
-        self.note.perform("toggleWindow")
-        self.wait_forward()
-        self.note.perform("togglePin")
-        self.wait_setting("pinned", False)
-        for action, parameter in (("showWindow", "[]"), ("", "[]"), ("toggleWindow", "[<true>]")):
-            with self.subTest(action, parameter=parameter), self.assertRaisesRegex(AssertionError, "InvalidArgs"):
-                self.note.perform(action, parameter)
-        with self.assertRaisesRegex(AssertionError, "NotSupported"):
-            self.desktop.call("session", NAME, PATH, f"{APPLICATION}.Open", "['file:///etc/passwd']", "{}")
-        self.assertTrue(self.desktop.is_active(self.note.window))
-        self.note.type("kept")
-        self.note.perform("terminate")
-        self.assertEqual(self.note.process.wait(10), 0)
-        self.assertEqual(self.note.text(), "kept")
-
-    def test_assistive_technology(self):
-        try:
-            self.desktop.call("session", "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties.Set",
-                              "org.a11y.Status", "IsEnabled", "<true>")
-        except AssertionError as error:
-            raise unittest.SkipTest(f"at-spi2-core: {error}") from error
-        self.note.environment.pop("NO_AT_BRIDGE")
-        self.note.put_settings(didShowWelcome=False)
-        self.note.launch()
-        self.desktop.wait_active(wait_until(self.other_window, "the welcome"))
-        note = ["frame Quillberry 📌", "text Note (editable, focusable, multi-line)", "push button Close (focusable)",
-                "push button Quillberry (focusable)", "push button Shortcuts (focusable)"]
-        shortcuts = ["label ⌥⌘N = Ctrl+Alt+N", "label ⌥⌘P = Ctrl+Alt+P", "label esc = Esc"]
-        wait_until(lambda: self.heard()[0] == note, "the note's tree")
-        welcome = self.heard()[1]
-        self.assertEqual([welcome[0], welcome[-1]],
-                         ["dialog Quillberry (active)", "push button Got it (default, focusable, focused)"])
-        self.assertEqual([text for text in welcome if " = " in text], shortcuts)
-        self.press("Return")
-        note[:2] = "frame Quillberry 📌 (active)", "text Note (editable, focusable, focused, multi-line)"
-        wait_until(lambda: self.heard() == [note], "the note has the focus again")
-        self.click(*INFO_BUTTON)
-        wait_until(lambda: "dialog Shortcuts (active, focusable, focused)" in self.heard()[0], "the shortcuts")
-        self.assertEqual([text for text in self.heard()[0] if " = " in text], shortcuts)
-        self.press("Escape")
-        wait_until(lambda: self.heard() == [note], "the note has the focus again")
-
-    def heard(self):
-        """Of each of the program's windows, what a screen reader tells: roles, names, keys in words, and states."""
-        done = subprocess.run([DEBIAN_PYTHON, Path(__file__).with_name("accessible_tree.py"), str(self.note.process.pid)],
-                              env=self.desktop.environment, capture_output=True, text=True, timeout=20)
-        program = json.loads(done.stdout or "null") or {"children": []}
-        return [list(self.told(window)) for window in program["children"]]
-
-    def told(self, item):
-        if item["name"]:
-            keys = f" = {item['description']}" if item["role"] == "label" and item["description"] else ""
-            states = ", ".join(sorted(set(item["states"]) - {"enabled", "showing"}))
-            yield f"{item['role']} {item['name']}{keys}" + (f" ({states})" if states else "")
-        for child in item["children"]:
-            yield from self.told(child)
-
-    def start_hidden(self):
-        self.note.start()
-        self.note.hide()
-
-    def test_signals_of_a_return(self):
-        """Each by itself brings the note forward, from services that start after it."""
-        for name, come_back in (("resume", self.resume), ("unlock", self.unlock), ("display", self.light_display),
-                                ("saver", self.end_screen_saver), ("X saver", self.end_x_screen_saver)):
-            with self.subTest(name):
-                self.start_hidden()
-                come_back()
-                self.wait_forward()
-                self.note.signal(signal.SIGTERM)
-
-    def login_manager(self):
-        """A login manager with one session of this user's."""
-        service = self.start_helper("dbusmock", DEBIAN_PYTHON, "-m", "dbusmock", "--system", "--template", "logind")
-        wait_until(lambda: self.is_there("org.freedesktop.login1") or service.poll() is not None, "a login manager")
-        if service.poll() is not None:
-            raise unittest.SkipTest("python3-dbusmock is not installed")
-        return service
-
-    def is_there(self, name):
-        return "true" in self.desktop.call("system", "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                           "org.freedesktop.DBus.NameHasOwner", name)
-
-    def mock(self, path, method, *arguments):
-        self.desktop.call("system", LOGIN, path, f"org.freedesktop.DBus.Mock.{method}", *arguments)
-
-    def resume(self):
-        service = self.login_manager()
-        self.mock(LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
-        self.wait_forward()
-        self.desktop.end(service)
-
-    def unlock(self):
-        service = self.login_manager()
-        self.mock(LOGIN_PATH, "AddSession", "1", "seat0", str(os.getuid()), "me", "true")
-        for locked in "true", "false":
-            self.mock(f"{LOGIN_PATH}/session/1", "UpdateProperties", f"{LOGIN}.Session",
-                      f"{{'LockedHint': <{locked}>}}")
-        self.wait_forward()
-        self.desktop.end(service)
-
-    def light_display(self):
-        for mode in 3, 0:
-            self.desktop.signal("session", "/org/gnome/Mutter/DisplayConfig",
-                                "org.freedesktop.DBus.Properties.PropertiesChanged", "org.gnome.Mutter.DisplayConfig",
-                                f"{{'PowerSaveMode': <{mode}>}}", "@as []")
-
-    def end_screen_saver(self):
-        for active in "true", "false":
-            self.desktop.signal("session", "/org/xfce/ScreenSaver", "org.xfce.ScreenSaver.ActiveChanged", active)
-
-    def end_x_screen_saver(self):
-        for state in "on", "activate", "reset":
-            self.desktop.run("xset", "s", state)
-
-    def test_resume_behind_a_locker(self):
-        self.start_hidden()
-        locker = self.start_helper("i3lock", "i3lock", "--nofork", "--color=202020")
-        wait_until(self.keys_do_not_reach_the_note, "the locker has the keyboard")
-        service = self.login_manager()
-        self.mock(LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
-        time.sleep(1.5)  # more than the time after which a resume shows the note
-        self.assertFalse(self.desktop.is_viewable(self.note.window))
-        self.desktop.end(locker)
-        self.wait_forward()
-        self.desktop.end(service)
-
-    def keys_do_not_reach_the_note(self):
-        before = self.setting("pinned")
-        self.press(PIN)
-        time.sleep(1)  # ample for a hot key that is free
-        return self.setting("pinned") == before
-
-    def test_start_at_login(self):
-        self.start_beside_companion()
-        entry = self.note.folder / f"config/autostart/{NAME}.desktop"
-        self.note.hide()
-        subprocess.run(["gio", "launch", entry], env=self.note.environment, timeout=20, check=True)
-        self.wait_forward()  # what the entry starts is this program
-        self.note.perform("toggleLaunchAtLogin")
-        wait_until(lambda: "Hidden=true" in entry.read_text(), "the entry is off")
-        self.note.perform("toggleLaunchAtLogin")
-        wait_until(lambda: "Hidden=false" in entry.read_text(), "the entry is on")
-        self.note.signal(signal.SIGTERM)
-        entry.unlink()
-        self.note.start()
-        self.note.perform("togglePin")
-        self.wait_setting("pinned", False)
-        self.assertFalse(entry.exists(), "it is offered once")

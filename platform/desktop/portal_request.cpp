@@ -29,8 +29,8 @@ QDBusMessage Portal::call(const QString& interface, const QString& method) const
   return QDBusMessage::createMethodCall(owner, portalPath, interface, method);
 }
 
-PortalRequest::PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted)
-    : portal_(std::move(portal)), granted_(std::move(granted)) {
+PortalRequest::PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted, Refused refused)
+    : portal_(std::move(portal)), granted_(std::move(granted)), refused_(std::move(refused)) {
   const QString token = newToken();
   const QString expectedPath = requestPath(portal_.bus.baseService(), token);
   listen(expectedPath);  // before the call: the answer may come before its reply
@@ -39,6 +39,7 @@ PortalRequest::PortalRequest(Portal portal, QDBusMessage call, QVariantMap optio
   auto* const watcher = new QDBusPendingCallWatcher(portal_.bus.asyncCall(call), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, expectedPath] {
     const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
+    if (reply.isError()) refuse();
     // An old portal takes no token and says only now where it answers.
     if (reply.isValid() && reply.value().path() != expectedPath) listen(reply.value().path());
     watcher->deleteLater();
@@ -52,8 +53,17 @@ void PortalRequest::listen(const QString& path) {
 
 void PortalRequest::onResponse(uint code, const QVariantMap& results) {
   constexpr uint success = 0;
-  const auto granted = std::exchange(granted_, nullptr);
-  if (code == success && granted) granted(results);
+  if (code != success) {
+    refuse();
+    return;
+  }
+  refused_ = nullptr;
+  if (const auto granted = std::exchange(granted_, nullptr)) granted(results);
+}
+
+void PortalRequest::refuse() {
+  granted_ = nullptr;
+  if (const auto refused = std::exchange(refused_, nullptr)) refused();
 }
 
 }  // namespace platform::desktop

@@ -24,17 +24,21 @@ class PortalRequest : public QObject {
 
  public:
   using Granted = std::function<void(const QVariantMap& results)>;
+  using Refused = std::function<void()>;
 
-  /// Sends `call`, to which the request's own `options` are added as the last argument. `granted` is called once, when
-  /// the portal has done what was asked; a refusal, an error and an answer that cannot be read are silence.
-  PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted);
+  /// Sends `call`, to which the request's own `options` are added as the last argument. One of the two is called, once:
+  /// `granted` when the portal has done what was asked, `refused` when it will not or the call is an error. An answer
+  /// that cannot be read is silence.
+  PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted, Refused refused = {});
 
  private:
   Q_SLOT void onResponse(uint code, const QVariantMap& results);
   void listen(const QString& path);
+  void refuse();
 
   Portal portal_;
   Granted granted_;
+  Refused refused_;
 };
 
 }  // namespace platform::desktop

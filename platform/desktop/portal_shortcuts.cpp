@@ -3,6 +3,7 @@
 #include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
+#include <algorithm>
 #include <utility>
 
 #include "platform/desktop/application_service.h"
@@ -48,7 +49,9 @@ void PortalShortcuts::tellName() {
 }
 
 void PortalShortcuts::createSession() {
-  const QVariantMap options{{QStringLiteral("session_handle_token"), QStringLiteral("quillberry")}};
+  // Plasma 5.27 gives keys only to the shortcuts that it is told here; others do not look.
+  const QVariantMap options{{QStringLiteral("session_handle_token"), QStringLiteral("quillberry")},
+                            {QStringLiteral("shortcuts"), QVariant::fromValue(shortcuts_)}};
   creation_.emplace(portal_, portal_.call(globalShortcuts, QStringLiteral("CreateSession")), options,
                     [this](const QVariantMap& results) { onCreated(results); });
 }
@@ -56,14 +59,30 @@ void PortalShortcuts::createSession() {
 void PortalShortcuts::onCreated(const QVariantMap& results) {
   // A string, whatever else handles are; what is no path comes out empty.
   session_ = QDBusObjectPath(results.value(QStringLiteral("session_handle")).toString()).path();
-  if (!session_.isEmpty()) bind();
+  if (!session_.isEmpty()) bindUnlessBound();
 }
 
-void PortalShortcuts::bind() {
+/// Plasma 5.27 has bound them with the session, and would open its settings each time that it is asked to bind.
+void PortalShortcuts::bindUnlessBound() {
   portal_.bus.connect(portal_.owner, session_, QStringLiteral("org.freedesktop.portal.Session"),
                       QStringLiteral("Closed"), this, SLOT(onClosed()));
   portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
                       SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+  QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("ListShortcuts"));
+  call << QVariant::fromValue(QDBusObjectPath(session_));
+  listing_.emplace(
+      portal_, call, QVariantMap(), [this](const QVariantMap& results) { isEachIn(results) ? onBound() : bind(); },
+      [this] { bind(); });
+}
+
+bool PortalShortcuts::isEachIn(const QVariantMap& results) const {
+  const auto bound = qdbus_cast<QList<PortalShortcut>>(results.value(QStringLiteral("shortcuts")));
+  return std::all_of(shortcuts_.begin(), shortcuts_.end(), [&](const PortalShortcut& wanted) {
+    return std::any_of(bound.begin(), bound.end(), [&](const PortalShortcut& each) { return each.id == wanted.id; });
+  });
+}
+
+void PortalShortcuts::bind() {
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("BindShortcuts"));
   const QString noParentWindow = QStringLiteral("");
   call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts_) << noParentWindow;

@@ -40,6 +40,8 @@ class PortalShortcuts : public QObject {
 
   void tellName();
   void createSession();
+  void bindUnlessBound();
+  bool isEachIn(const QVariantMap& results) const;
   void bind();
 
   Portal portal_;
@@ -48,6 +50,7 @@ class PortalShortcuts : public QObject {
   QString session_;  ///< empty before it is created and after it is closed
   bool bound_ = false;
   std::optional<PortalRequest> creation_;
+  std::optional<PortalRequest> listing_;
   std::optional<PortalRequest> binding_;
 };
 

@@ -117,7 +117,7 @@ class Desktop:
                 lambda fd: f"Xvfb -displayfd {fd} -screen 0 {self.screen[0]}x{self.screen[1]}x24 -nolisten tcp -noreset")
             self.environment["DISPLAY"] = f":{number}"
         command = self._prepare(kind)
-        for _ in range(3):  # KWin at times aborts at its start
+        for _ in range(5):  # KWin at times aborts at its start
             if self._runs(kind, command):
                 return
         raise unittest.SkipTest(f"{command[0]} ended with {self.manager.returncode} at its start")

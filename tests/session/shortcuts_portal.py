@@ -18,11 +18,13 @@ SHORTCUTS = "org.freedesktop.portal.GlobalShortcuts"
 SESSION, REQUEST = "org.freedesktop.portal.Session", "org.freedesktop.portal.Request"
 GRANTED, REFUSED = 0, 1
 
-# kind: what it answers to CreateSession and to BindShortcuts, signature and values, where that is not what is right.
+# kind: what it answers to some methods, signature and values, where that is not what is right.
 KINDS = {
     "good": {},
     "old": {},  # says only in its reply where it will answer
+    "binding with the session": {},
     "with one shortcut to give": {},
+    "refuses to list": {"ListShortcuts": ("ua{sv}", REFUSED, {})},
     "refuses session": {"CreateSession": ("ua{sv}", REFUSED, {})},
     "refuses shortcuts": {"BindShortcuts": ("ua{sv}", REFUSED, {})},
     "no handle": {"CreateSession": ("ua{sv}", GRANTED, {})},
@@ -33,11 +35,15 @@ KINDS = {
 }
 
 
+def described(shortcuts):
+    return [[name, properties["description"], properties["preferred_trigger"]] for name, properties in shortcuts]
+
+
 class Portal(dbus.service.Object):
     def __init__(self, bus, kind):
         super().__init__(bus, PATH)
         self.bus, self.kind = bus, kind
-        self.calls, self.answers, self.session = [], 0, None
+        self.calls, self.answers, self.session, self.shortcuts = [], 0, None, None
 
     def _send(self, path, interface, name, signature, *values):
         message = dbus.lowlevel.SignalMessage(path, interface, name)
@@ -67,15 +73,21 @@ class Portal(dbus.service.Object):
 
     @dbus.service.method(SHORTCUTS, in_signature="a{sv}", out_signature="o", sender_keyword="sender")
     def CreateSession(self, options, sender):
-        self.calls.append(["CreateSession"])
+        self.calls.append(["CreateSession", *described(options["shortcuts"])])
+        self.shortcuts = options["shortcuts"]
         self.session = f"{PATH}/session/{sender[1:].replace('.', '_')}/{options['session_handle_token']}"
         return self._answer("CreateSession", sender, options, {"session_handle": self.session})
+
+    @dbus.service.method(SHORTCUTS, in_signature="oa{sv}", out_signature="o", sender_keyword="sender")
+    def ListShortcuts(self, session, options, sender):
+        self.calls.append(["ListShortcuts"])
+        bound = self.shortcuts if self.kind == "binding with the session" else dbus.Array([], signature="(sa{sv})")
+        return self._answer("ListShortcuts", sender, options, {"shortcuts": bound})
 
     @dbus.service.method(SHORTCUTS, in_signature="oa(sa{sv})sa{sv}", out_signature="o", sender_keyword="sender")
     def BindShortcuts(self, session, shortcuts, parent, options, sender):
         assert session == self.session
-        self.calls.append(["BindShortcuts", *([name, *map(dict(properties).get, ("description", "preferred_trigger"))]
-                                              for name, properties in shortcuts)])
+        self.calls.append(["BindShortcuts", *described(shortcuts)])
         bound = shortcuts[:1] if self.kind == "with one shortcut to give" else shortcuts
         return self._answer("BindShortcuts", sender, options, {"shortcuts": bound})
 

@@ -1,11 +1,18 @@
 """Hot keys of a Wayland session: the desktop's portal gives them."""
 
+import contextlib
+import signal
+import unittest
+from pathlib import Path
+
 from desktop import wait_until
 from note import NAME
 from test_shell import PIN, SHOW, ShellTest
 
-REGISTER, CREATE = ["Register", NAME], ["CreateSession"]
-BIND = ["BindShortcuts", ["toggleWindow", "Show / Hide Note", "CTRL+ALT+n"], ["togglePin", "Keep on Top", "CTRL+ALT+p"]]
+SHORTCUTS = ["toggleWindow", "Show / Hide Note", "CTRL+ALT+n"], ["togglePin", "Keep on Top", "CTRL+ALT+p"]
+REGISTER, CREATE, BIND = ["Register", NAME], ["CreateSession", *SHORTCUTS], ["BindShortcuts", *SHORTCUTS]
+LIST = ["ListShortcuts"]
+ALL = [REGISTER, CREATE, LIST, BIND]
 FOREIGN_SESSION = "/org/freedesktop/portal/desktop/session/1_1/quillberry"
 
 
@@ -14,11 +21,11 @@ class TestPortal(ShellTest):
         super().setUp()
         self.note.environment["XDG_SESSION_TYPE"] = "wayland"  # the note runs through the X server of the session
 
-    def start_portal(self, kind, calls=(REGISTER, CREATE, BIND)):
+    def start_portal(self, kind, calls=ALL):
         """A portal that has answered all that it was asked for."""
         portal = self.start_service("shortcuts_portal.py", kind)
         wait_until(lambda: self.tell(portal, "answers") == len(calls) - 1, f"a {kind} portal has answered")
-        self.assertEqual(self.tell(portal, "calls"), list(calls))
+        self.assertEqual(self.tell(portal, "calls"), calls)
         return portal
 
     def assert_gives_keys(self, portal, *more):
@@ -47,9 +54,11 @@ class TestPortal(ShellTest):
         self.start_beside_companion()
         self.press(SHOW, PIN)
         self.assert_nothing_was_asked()
-        for kind, *pins in ("good", "togglePin"), ("old", "togglePin"), ("with one shortcut to give",):
+        for kind, pins, calls in (("good", ["togglePin"], ALL), ("old", ["togglePin"], ALL),
+                                  ("with one shortcut to give", [], ALL), ("refuses to list", ["togglePin"], ALL),
+                                  ("binding with the session", ["togglePin"], [REGISTER, CREATE, LIST])):
             with self.subTest(kind):
-                portal = self.start_portal(kind)
+                portal = self.start_portal(kind, calls)
                 self.assert_gives_keys(portal, *pins)
                 self.desktop.end(portal)
 
@@ -57,7 +66,7 @@ class TestPortal(ShellTest):
         """Only presses of the program's own session count, and none after it was closed; a new portal opens another."""
         first = self.start_service("shortcuts_portal.py", "good")
         self.start_beside_companion()
-        wait_until(lambda: self.tell(first, "answers") == 2, "the portal that was there first has answered")
+        wait_until(lambda: self.tell(first, "answers") == len(ALL) - 1, "the portal that was there first has answered")
         self.tell(first, "press", "toggleWindow", FOREIGN_SESSION)
         self.tell(first, "send_rubbish")
         self.tell(first, "press", "togglePin")
@@ -99,3 +108,42 @@ class TestPortal(ShellTest):
     def reload_bus(self):
         self.desktop.call("session", "org.freedesktop.DBus", "/org/freedesktop/DBus",
                           "org.freedesktop.DBus.ReloadConfig")
+
+
+class TestInstalledPortal(ShellTest):
+    """The desktop's own, with a desktop that keeps the keys."""
+
+    def setUp(self):
+        super().setUp()
+        for package, file in (("xdg-desktop-portal", "/usr/libexec/xdg-desktop-portal"),
+                              ("xdg-desktop-portal-kde", "/usr/share/xdg-desktop-portal/portals/kde.portal")):
+            if not Path(file).exists():
+                raise unittest.SkipTest(f"not installed: {package}")
+        environment = {name: self.desktop.environment[name] for name in ("DISPLAY", "WAYLAND_DISPLAY")}
+        environment |= {"XDG_CURRENT_DESKTOP": "KDE", "QT_QPA_PLATFORM": "wayland"}
+        self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.UpdateActivationEnvironment",
+                  "{" + ", ".join(f"'{name}': '{value}'" for name, value in environment.items()) + "}")
+
+    def call(self, *question):
+        return self.desktop.call("session", *question)
+
+    def call_keys(self, method, *arguments):
+        return self.call("org.kde.kglobalaccel", "/component/quillberry", f"org.kde.kglobalaccel.Component.{method}",
+                         *arguments)
+
+    def has_keys(self):
+        with contextlib.suppress(AssertionError):
+            return self.call_keys("allShortcutInfos")
+        return None
+
+    def test_keys(self):
+        """They are the preferred ones, bring the note forward and put it away, and are the same at the next start."""
+        for _ in range(2):
+            self.start_beside_companion()
+            keys = wait_until(self.has_keys, "the desktop has the keys")
+            for shortcut, key in ("toggleWindow", 0x0C00004E), ("togglePin", 0x0C000050):  # Ctrl+Alt+N, Ctrl+Alt+P
+                self.assertRegex(keys, rf"'{shortcut}', [^)]*\[{key}\]")
+            for settled in self.wait_put_away, self.wait_forward:
+                self.call_keys("invokeShortcut", "toggleWindow")
+                settled()
+            self.note.signal(signal.SIGTERM)

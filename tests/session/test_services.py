@@ -249,7 +249,9 @@ class TestInputMethod(ShellTest):
         def ask(*question):
             return subprocess.run(["ibus", *question], env=self.note.environment, capture_output=True, text=True,
                                   timeout=20).stdout
-        if engine not in ask("list-engine", "--name-only"):
-            raise unittest.SkipTest(f"not installed: the engine {engine}")
+        try:
+            wait_until(lambda: engine in ask("list-engine", "--name-only"), f"the engine {engine} is installed")
+        except AssertionError as error:
+            raise unittest.SkipTest(str(error)) from error
         self.note.start()
         wait_until(lambda: engine in ask("engine", engine) + ask("engine"), "the engine is on")

@@ -314,12 +314,13 @@ class TestLostDisplay(SessionTest):
 CLASSES = {case.__name__: case for case in (
     TestDaily, TestAnyDesktop, TestScreens, TestLostDisplay, test_shell.TestWindows, test_shell.TestHotKeys,
     test_shell.TestTray, test_services.TestServices, test_services.TestLogOut, test_services.TestInputMethod,
-    test_portal.TestPortal, test_wayland.TestNative, test_wayland.TestLostCompositor)}
+    test_portal.TestPortal, test_portal.TestInstalledPortal, test_wayland.TestNative, test_wayland.TestLostCompositor)}
 EVERYWHERE = ("TestDaily", "TestWindows", "TestInputMethod", "TestTray.test_notifier_host",
               "TestServices.test_signals_of_a_return")
 ON_X11 = "TestHotKeys", "TestScreens", "TestLogOut"
 ON_WAYLAND = "TestNative", "TestLostCompositor", "TestPortal.test_keys"
-ON_THE_QUICKEST = "TestAnyDesktop", "TestLostDisplay", "TestPortal", "TestTray", "TestServices"
+ON_ONE = {"openbox": ("TestAnyDesktop", "TestLostDisplay", "TestPortal", "TestTray", "TestServices"),
+          "kwin-wayland": ("TestInstalledPortal",)}
 
 
 def expand(names):
@@ -334,7 +335,7 @@ def expand(names):
 
 def cases_on(desktop):
     return expand(EVERYWHERE + (ON_WAYLAND if KINDS[desktop].wayland else ON_X11) +
-                  (ON_THE_QUICKEST if desktop == "openbox" else ()))
+                  ON_ONE.get(desktop, ()))
 
 
 def main():

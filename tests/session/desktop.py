@@ -240,12 +240,14 @@ class Desktop:
             raise unittest.SkipTest(f"{command[0]}: {error}") from error
 
     def _end_helpers(self):
-        """Ends what the bus or another process started in its turn: all of it has this home."""
+        """Ends what the bus or another process started in its turn: all of it has this home. Some of it mounts here."""
         mark = f"HOME={self.home}\0".encode()
         for entry in Path("/proc").glob("[0-9]*"):
             with contextlib.suppress(OSError):
                 if mark in (entry / "environ").read_bytes():
                     os.kill(int(entry.name), signal.SIGKILL)
+        for mount in re.findall(rf"^\S+ ({self.home}/\S+) ", Path("/proc/mounts").read_text(), re.MULTILINE):
+            self.run("fusermount3", "-u", "-z", mount)
 
     def spawn(self, *command, environment=None, **options):
         """Starts a process in a group of its own, which is killed with the desktop."""

@@ -17,7 +17,26 @@
 namespace platform::desktop {
 namespace {
 
-constexpr int tabWidth = 8;  // characters
+constexpr int tabWidth = 8;          // characters
+constexpr int longestWord = 20'000;  // characters
+
+bool hasEndlessWord(const QTextBlock& block) {
+  if (block.length() <= longestWord) return false;
+  int word = 0;
+  for (const QChar c : block.text()) {
+    word = c.isSpace() ? 0 : word + 1;
+    if (word > longestWord) return true;
+  }
+  return false;
+}
+
+/// In the blocks from one position to the other.
+bool hasEndlessWord(const QTextDocument& document, int start, int end) {
+  for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() <= end; block = block.next()) {
+    if (hasEndlessWord(block)) return true;
+  }
+  return false;
+}
 
 /// Leaves more room below the last line than the document's one margin for all four sides.
 class NoteLayout : public QPlainTextDocumentLayout {
@@ -50,6 +69,18 @@ NoteEditor::NoteEditor() {
   roomAboveScroller_.setFixedHeight(titleBarHeight);
   addScrollBarWidget(&roomAboveScroller_, Qt::AlignTop);
   connect(this, &QPlainTextEdit::textChanged, [this] { tellOfEdit(); });
+  connect(document(), &QTextDocument::contentsChange, this, &NoteEditor::chooseWrapping);
+}
+
+/// The toolkit looks for the end of a word at each of its lines, so that one of a megabyte takes minutes. While there
+/// is one that is too long, lines break anywhere. Called before the lines are made.
+void NoteEditor::chooseWrapping(int position, int removed, int added) {
+  const bool anywhere = wordWrapMode() == QTextOption::WrapAnywhere;
+  const bool endless = hasEndlessWord(*document(), position, position + added) ||
+                       (anywhere && (removed == 0 || hasEndlessWord(*document(), 0, document()->characterCount())));
+  if (endless != anywhere) {
+    setWordWrapMode(endless ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+  }
 }
 
 void NoteEditor::editKey(QKeyEvent& key) {

@@ -38,6 +38,7 @@ class NoteEditor : public QPlainTextEdit {
  private:
   void insertExactly(const QString& text);
   void tellOfEdit();
+  void chooseWrapping(int position, int removed, int added);
 
   QWidget roomAboveScroller_;
   QString composition_;

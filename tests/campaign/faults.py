@@ -6,6 +6,7 @@ import shutil
 import signal
 import stat
 import string
+import subprocess
 import time
 import typing
 
@@ -20,6 +21,9 @@ MARGIN = 1.0  # seconds, for the save itself on a busy machine
 SINCE_THE_PAUSE = "at most what was typed since the last pause of 0.8 s"
 SINCE_THE_SAVE = "at most what was typed since the last save that the disk took"
 STARTS = 12
+PASTES = {"10 MB": "Milk, eggs ä€📌\n" * 600_000, "a megabyte in one line": "milk " * 200_000,
+          "a megabyte in one word": "x" * 1_000_000, "control characters": "".join(map(chr, range(1, 32))) * 1000,
+          "bidirectional overrides": "\u202eabc\u202c \u2066def\u2069 שלום\u200f\n" * 20_000}
 
 
 # Power cuts
@@ -261,6 +265,35 @@ def changed_by_another(world, at_once):
         check_next_start(note, LINES + b"x")
 
 
+# Typing and pasting without measure
+
+def pasted(world, kind):
+    text = PASTES[kind].encode()
+    if not shutil.which("xclip"):
+        raise NotHere("xclip is not installed")
+    with world.note() as note:
+        note.start()
+        subprocess.run(["xclip", "-selection", "clipboard"], input=text, env=note.desktop.environment, check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        note.desktop.xdotool("key", "ctrl+v")
+        wait_until(lambda: contents(note.file) == text, "what was pasted is saved", 60)
+        end_with(note)
+        check_next_start(note, text)
+
+
+def held_key(world):
+    with world.note() as note:
+        note.start()
+        note.desktop.xdotool("keydown", "x")
+        time.sleep(60)
+        note.desktop.xdotool("keyup", "x")
+        note.wait_for_keys()
+        note.hide()
+        expect(len(note.text()) > 1000 and set(note.text()) == {"x"}, f"the note holds {brief(note.text())}")
+        end_with(note)
+        check_next_start(note, note.file.read_bytes())
+
+
 # Endings
 
 def killed_while_typing(world):
@@ -394,6 +427,8 @@ FAULTS = (
     Fault("A folder, a pipe or a device in place of the note", no_files, 3, 3),
     Fault("The note is a link: dangling, to a file, to a link, to another disk", links, 2, 4),
     Fault("Another program changes the note meanwhile: the window wins", each(changed_by_another, False, True), 1, 2),
+    Fault(f"Pasted: {', '.join(PASTES)}", each(pasted, *PASTES), 1, 5),
+    Fault("A key held for a minute", repeated(held_key, 1), 0, 1),
     Fault("Killed at a random moment while typing", repeated(killed_while_typing, 200), 4, 40, SINCE_THE_PAUSE),
     Fault("200 times SIGTERM at once", repeated(storm, 20), 1, 5),
     Fault("The X server, the window manager or the session bus goes",

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QTextBlock>
 #include <memory>
 
 #include "platform/desktop/note_editor.h"
@@ -68,6 +69,26 @@ TEST_F(Editor, ACompositionThatWasEndedIsNotCommittedAgain) {
   compose({}, QStringLiteral("abc"));
   EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abcabc"));
   EXPECT_EQ(edits, 1);
+}
+
+TEST_F(Editor, AMegabyteWithoutASpaceIsShownAtOnce) {
+  editor.resize(420, 320);
+  editor.show();
+  editor.loadExactText(QStringLiteral("some words before\n"));
+  editor.moveCursor(QTextCursor::End);
+  const auto wrapping = editor.wordWrapMode();
+  const QString word(1'000'000, u'x');
+  editor.textCursor().insertText(word);
+  editor.insertPlainText(QStringLiteral("y"));
+  EXPECT_EQ(editor.exactTextWithComposition().size(), 18 + word.size() + 1);
+  EXPECT_GT(editor.document()->lastBlock().lineCount(), 1000);
+  EXPECT_NE(editor.wordWrapMode(), wrapping);
+  editor.undo();
+  editor.undo();
+  EXPECT_EQ(editor.wordWrapMode(), wrapping) << "words are whole again when it is gone";
+  editor.loadExactText(word);
+  editor.loadExactText(QStringLiteral("short"));
+  EXPECT_EQ(editor.wordWrapMode(), wrapping);
 }
 
 TEST_F(Editor, AnotherFontIsNoEdit) {

@@ -178,11 +178,17 @@ class TestDaily(SessionTest):
         for button in ("mousedown", "mouseup") * 2:
             self.desktop.xdotool(button, 1)
 
-    def test_ending_in_the_middle_of_a_word(self):
+    def test_frame_after_the_next_start(self):
+        self.desktop.needs("position")
         self.note.start()
         self.desktop.xdotool("windowsize", self.note.window, 500, 400)
         self.desktop.xdotool("windowmove", self.note.window, 200, 100)
         self.note.wait_geometry(200, 100, 500, 400)
+        self.note.signal(signal.SIGTERM)
+        self.note.start().wait_geometry(200, 100, 500, 400)
+
+    def test_ending_in_the_middle_of_a_word(self):
+        self.note.start()
         written = ""
         for number in signal.SIGTERM, signal.SIGINT, signal.SIGHUP:
             with self.subTest(number):
@@ -190,7 +196,7 @@ class TestDaily(SessionTest):
                 self.note.type(number.name)
                 self.assertEqual(self.note.signal(number), 0)
                 self.assertEqual(self.note.text(), written)
-                self.note.start().wait_geometry(200, 100, 500, 400)
+                self.note.start()
 
 
 class TestAnyDesktop(SessionTest):

@@ -4,8 +4,10 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
+#include <QTimer>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <initializer_list>
 #include <optional>
 #include <string_view>
@@ -31,6 +33,7 @@ constexpr int modifierCount = 8;
 constexpr unsigned allModifiers = 0xFF;  // of an event's state; the rest are pointer buttons and the layout
 constexpr xcb_timestamp_t shortestRepeatDelay = 100;     // milliseconds
 constexpr xcb_timestamp_t longestRepeatInterval = 2000;  // milliseconds
+constexpr std::chrono::milliseconds releaseWatchInterval{20};
 
 /// The physical key: its evdev code, 8 higher on X11. The list has the keys that the program names.
 std::optional<xcb_keycode_t> keyAt(std::uint32_t virtualKeyCode) {
@@ -123,6 +126,8 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
     const Reply<xcb_query_extension_reply_t> extension(xcb_query_extension_reply(
         connection_, xcb_query_extension(connection_, extensionName.size(), extensionName.data()), nullptr));
     if (extension && extension->present != 0) keyboardEvent_ = extension->first_event;
+    releaseWatch_.setInterval(releaseWatchInterval);
+    QObject::connect(&releaseWatch_, &QTimer::timeout, [this] { lookForReleases(); });
     qApp->installNativeEventFilter(this);
   }
   X11GlobalKeys(const X11GlobalKeys&) = delete;
@@ -212,9 +217,23 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
       const unsigned state = event.state & allModifiers & ~modifiers_.locks;
       if (!hotKey.grabbed || event.detail != hotKey.key || state != stateFor(hotKey)) continue;
       if (!hotKey.repetition.isRepeated(event.time)) hotKey.pressed();
+      if (event.event != root_) releaseWatch_.start();
       return true;
     }
     return false;
+  }
+
+  /// Nobody tells us of a release once the popover or menu that was told of the press is gone.
+  void lookForReleases() {
+    const Reply<xcb_query_keymap_reply_t> down(
+        xcb_query_keymap_reply(connection_, xcb_query_keymap(connection_), nullptr));
+    bool anyDown = false;
+    for (HotKey& hotKey : hotKeys_) {
+      const bool isDown = down && (down->keys[hotKey.key / 8] & (1U << (hotKey.key % 8U))) != 0;
+      if (!isDown) hotKey.repetition.release(XCB_CURRENT_TIME);
+      anyDown |= isDown;
+    }
+    if (!anyDown) releaseWatch_.stop();
   }
 
   void release(const xcb_key_release_event_t& event) {
@@ -228,6 +247,7 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
   Modifiers modifiers_;
   std::optional<unsigned> keyboardEvent_;  ///< the one type of all the keyboard extension's events
   std::vector<HotKey> hotKeys_;
+  QTimer releaseWatch_;  ///< while a key is down whose release may not be told
 };
 
 }  // namespace

@@ -156,6 +156,7 @@ class TestWindows(ShellTest):
         wait_until(self.popup, "the shortcuts")
         self.toggle()
         self.note.wait_hidden()
+        time.sleep(0.3)  # more than the time after which a press counts as a held key's repetition
         self.toggle()
         self.wait_forward()
         self.assertFalse(self.popup())

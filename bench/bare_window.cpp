@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What Quillberry is measured beside: the least that the toolkit needs for a window with an editor.
 #include <QApplication>
 #include <QPlainTextEdit>

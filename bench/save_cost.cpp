@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Prints the medians, in milliseconds, of saving a 1 MB note and of the bare write, sync and rename, taken in turns.
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Starts a program and prints its process id and the milliseconds from exec to its first mapped window.
 // The program goes on running.
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "note/note_text_view.h"
 
 #include "app/app_delegate.h"

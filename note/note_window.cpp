@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/app_delegate.h"
 #include "platform/button.h"
 #include "platform/notification_center.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "onboarding/shortcut_grid.h"
 
 #include "platform/text_field.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # `cmake --build build --target package` makes a .deb.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quillberry)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Not for the sanitizers, which have their own checks, nor without optimisation, which _FORTIFY_SOURCE needs.
 include(CheckCXXCompilerFlag)
 include(CheckCXXSourceCompiles)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/frame_autosave.h"
 
 #include <algorithm>

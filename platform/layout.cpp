@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/layout.h"
 
 #include "platform/view.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/menu.h"
 
 #include "platform/application.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/hot_key.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/app_delegate.h"
 #include "platform/log.h"
 #include "platform/login_item.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What Debian asks of a package beyond what is installed elsewhere.
 set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}${CPACK_INSTALL_PREFIX}/share)
 set(documents ${share}/doc/${CPACK_PACKAGE_NAME})

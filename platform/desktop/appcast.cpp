@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/appcast.h"
 
 #include <QVersionNumber>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/base_directories.h"
 
 #include <pwd.h>

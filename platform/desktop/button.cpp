@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/button.h"
 
 #include "platform/desktop/appearance.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/desktop_entry.h"
 
 #include <utility>

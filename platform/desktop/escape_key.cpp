@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/escape_key.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/exact_text.h"
 
 #include <QTextBlock>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/feed_fetcher.h"
 
 #include <QHostAddress>

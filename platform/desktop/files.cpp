@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/atomic_file.h"
 #include "platform/desktop/base_directories.h"
 #include "platform/file_manager.h"

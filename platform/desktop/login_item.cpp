@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/login_item.h"
 
 #include "platform/desktop/autostart_entry.h"

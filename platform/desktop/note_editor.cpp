@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/note_editor.h"
 
 #include <QGuiApplication>

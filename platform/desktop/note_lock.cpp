@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/note_lock.h"
 
 #include <fcntl.h>

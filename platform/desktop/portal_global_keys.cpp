@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/portal_global_keys.h"
 
 #include <QDBusPendingCallWatcher>

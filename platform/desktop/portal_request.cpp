@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/portal_request.h"
 
 #include <QDBusObjectPath>

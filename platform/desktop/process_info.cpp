@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/process_info.h"
 
 namespace platform {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/request_queue.h"
 
 #include <QPointer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/screen_changes.h"
 
 #include <QGuiApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/scroll_view.h"
 
 #include <QPlainTextEdit>

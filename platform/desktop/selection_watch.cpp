@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/selection_watch.h"
 
 #include <xcb/xfixes.h>

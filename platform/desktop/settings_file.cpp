@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/settings_file.h"
 
 #include <QJsonDocument>

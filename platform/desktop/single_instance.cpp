@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/single_instance.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/symbol_button.h"
 
 #include <QKeyEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/termination_signals.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/theme_follower.h"
 
 #include <QApplication>

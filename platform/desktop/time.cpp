@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QTimer>
 #include <chrono>
 #include <unordered_map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/toolkit_menu.h"
 
 #include <QKeySequence>

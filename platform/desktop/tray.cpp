@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/tray.h"
 
 #include <QGuiApplication>

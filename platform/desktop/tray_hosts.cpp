@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/tray_hosts.h"
 
 #include <QDBusConnection>

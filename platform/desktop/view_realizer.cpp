@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/view_realizer.h"
 
 #include <QBoxLayout>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/wake_signals.h"
 
 #include <unistd.h>

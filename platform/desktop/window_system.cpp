@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/window_system.h"
 
 #include "platform/desktop/x11.h"

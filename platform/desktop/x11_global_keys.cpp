@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/x11_global_keys.h"
 
 #include <xcb/xcb_keysyms.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/x11_screen_watch.h"
 
 #include <xcb/screensaver.h>

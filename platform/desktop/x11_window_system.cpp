@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop/x11_window_system.h"
 
 #include <xcb/xcb_ewmh.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/headless/world.h"
 #include "platform/hot_key.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/status_bar.h"
 
 #include "platform/headless/world.h"

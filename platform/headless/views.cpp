@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/button.h"
 #include "platform/headless/world.h"
 #include "platform/scroll_view.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The faults: one table. Each gives its cases, which raise AssertionError when something is lost."""
 
 import contextlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The system calls of one save: found by tracing it, made to fail or to be the last, and replayed on a disk that
 forgets what was not synced."""
 

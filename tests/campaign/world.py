@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What every fault needs: one desktop for all, a note of its own for each, and what must hold afterwards."""
 
 import contextlib

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """What is built and installed, as linkers, desktops and software centres find it."""
 
 import argparse

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every platform has to do alike: this suite runs on each of them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

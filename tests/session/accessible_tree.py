@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """What a screen reader is told of a program, whose process id is the argument: prints its tree of accessible objects
 as JSON, null if it is not on the accessibility bus."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Real desktops, each with a display and a session bus of its own: a window manager on a virtual X server, or a
 Wayland compositor without a screen, driven through its XWayland."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program under test as its user has it, and the frame of every session test."""
 
 import argparse

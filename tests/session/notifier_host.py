@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """A host of notifier items, as a panel has one: reads the item's exported menu and presses its entries.
 
 Takes one command a line, and answers each with one line of JSON."""

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """A desktop's portal of global shortcuts, of the kind that is named as the argument; see KINDS.
 
 Takes one command a line, and answers each with one line of JSON."""

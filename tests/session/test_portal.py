@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Hot keys of a Wayland session: the desktop's portal gives them."""
 
 import contextlib

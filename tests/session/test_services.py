@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the desktop offers its programs: actions, assistive technology, wake, login and log-out, input methods."""
 
 import json

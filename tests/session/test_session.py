@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Drives the program as a user does, on a real desktop. Exit code 77: skipped."""
 
 import argparse

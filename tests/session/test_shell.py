@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program's place on the desktop: its windows, hot keys and tray."""
 
 import contextlib

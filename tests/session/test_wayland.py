@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Wayland sessions: without XWayland, and when the compositor ends."""
 
 import contextlib

@@ -131,7 +131,7 @@ std::error_code syncFolder(int folder) {
 
 }  // namespace
 
-std::optional<std::string> readFile(const fs::path& path, std::error_code& error) {
+std::optional<std::string> readFile(const fs::path& path, std::size_t largest, std::error_code& error) {
   const auto failed = [&error](std::error_code code) {
     error = code;
     return std::nullopt;
@@ -144,10 +144,10 @@ std::optional<std::string> readFile(const fs::path& path, std::error_code& error
 
   // By its size before any memory is taken; by what is read as well, since it may grow meanwhile.
   const auto tooLarge = std::make_error_code(std::errc::file_too_large);
-  if (static_cast<std::uintmax_t>(status.st_size) > largestFile) return failed(tooLarge);
+  if (static_cast<std::uintmax_t>(status.st_size) > largest) return failed(tooLarge);
   std::string contents;
   std::size_t length = 0;
-  while (length <= largestFile) {
+  while (length <= largest) {
     // One byte more than expected, so that the end shows in the first round.
     contents.resize(std::max(length + 4096, static_cast<std::size_t>(status.st_size) + 1));
     const auto got = uninterrupted([&] { return read(fd.get(), contents.data() + length, contents.size() - length); });
@@ -155,7 +155,7 @@ std::optional<std::string> readFile(const fs::path& path, std::error_code& error
     if (got == 0) break;
     length += static_cast<std::size_t>(got);
   }
-  if (length > largestFile) return failed(tooLarge);
+  if (length > largest) return failed(tooLarge);
   contents.resize(length);
   error.clear();
   return contents;

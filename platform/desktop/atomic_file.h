@@ -11,12 +11,14 @@
 /// Files on disk: the one place that reads, replaces and links them.
 namespace platform::desktop {
 
-/// The largest file that is read, in bytes: far more than any note, and what memory takes as a text on the screen.
-constexpr std::size_t largestFile = std::size_t{64} << 20;
+/// Far more than settings ever are, in bytes.
+constexpr std::size_t largestSettings = std::size_t{1} << 20;
+/// What a text on the screen can hold, whose places are counted in ints, in bytes.
+constexpr std::size_t largestText = std::size_t{1} << 30;
 
-/// The whole of a regular file. Anything else that has the name is an error, and never waited for; so is a file that
-/// is larger than `largestFile`.
-std::optional<std::string> readFile(const std::filesystem::path&, std::error_code& error);
+/// The whole of a regular file of at most `largest` bytes. Anything else that has the name is an error, and never
+/// waited for.
+std::optional<std::string> readFile(const std::filesystem::path&, std::size_t largest, std::error_code& error);
 
 /// Replaces the contents of the file that `path` finally leads to, in one step and durably; see NSString::writeToURL.
 std::error_code replaceFile(const std::filesystem::path& path, std::string_view contents);

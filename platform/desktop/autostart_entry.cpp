@@ -60,7 +60,7 @@ std::vector<fs::path> systemWideFiles() {
 
 std::optional<DesktopEntry> read(const fs::path& file) {
   std::error_code error;
-  const auto bytes = readFile(file, error);
+  const auto bytes = readFile(file, largestSettings, error);
   return bytes ? DesktopEntry::parse(*bytes) : std::nullopt;
 }
 

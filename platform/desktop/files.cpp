@@ -28,7 +28,7 @@ std::error_code NSFileManager::linkItemAtURL(const URL& source, const URL& desti
 
 std::optional<std::string> NSString::stringWithContentsOfURL(const URL& url, std::error_code& error) {
   desktop::sweepAuxiliaryFiles(url);
-  auto text = desktop::readFile(url, error);
+  auto text = desktop::readFile(url, desktop::largestText, error);
   if (text && !isValidUtf8(*text)) {
     error = std::make_error_code(std::errc::illegal_byte_sequence);
     text.reset();

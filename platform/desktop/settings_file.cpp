@@ -12,7 +12,7 @@ namespace platform::desktop {
 SettingsFile::SettingsFile(std::filesystem::path file) : file_(std::move(file)) {
   sweepAuxiliaryFiles(file_);
   std::error_code error;
-  const auto contents = readFile(file_, error);
+  const auto contents = readFile(file_, largestSettings, error);
   const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(contents.value_or("")));
   values_ = document.object();
   unreadable_ = contents ? !document.isObject() : error != std::errc::no_such_file_or_directory;

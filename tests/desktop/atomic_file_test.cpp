@@ -132,23 +132,22 @@ TEST_F(AtomicFile, SweepsItsOwnLeftoversOnly) {
 }
 
 TEST_F(AtomicFile, ReadsRegularFilesOnlyAndWaitsForNothing) {
+  constexpr std::size_t limit = 3 << 20;
   std::error_code error;
-  EXPECT_FALSE(readFile(folder, error));
+  EXPECT_FALSE(readFile(folder, limit, error));
   EXPECT_EQ(error, std::errc::is_a_directory);
   ASSERT_EQ(mkfifo(note.c_str(), 0600), 0);
-  EXPECT_FALSE(readFile(note, error));
+  EXPECT_FALSE(readFile(note, limit, error));
   EXPECT_NE(error, std::errc::no_such_file_or_directory);
-  EXPECT_FALSE(readFile("/dev/zero", error));
+  EXPECT_FALSE(readFile("/dev/zero", limit, error));
   fs::create_symlink(folder / "missing", folder / "dangling");
-  EXPECT_FALSE(readFile(folder / "dangling", error));
+  EXPECT_FALSE(readFile(folder / "dangling", limit, error));
   EXPECT_EQ(error, std::errc::no_such_file_or_directory);
-  const std::string large(3 << 20, 'y');
+  const std::string large(limit, 'y');
   put(folder / "large", large);
-  EXPECT_THAT(readFile(folder / "large", error), Optional(large));
-  fs::resize_file(folder / "large", largestFile);
-  EXPECT_TRUE(readFile(folder / "large", error));
-  fs::resize_file(folder / "large", largestFile + 1);
-  EXPECT_FALSE(readFile(folder / "large", error));
+  EXPECT_THAT(readFile(folder / "large", limit, error), Optional(large));
+  fs::resize_file(folder / "large", limit + 1);
+  EXPECT_FALSE(readFile(folder / "large", limit, error));
   EXPECT_EQ(error, std::errc::file_too_large);
 }
 

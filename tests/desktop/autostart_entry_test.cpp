@@ -110,7 +110,7 @@ TEST_F(Autostart, TheUsersFileMasksTheSystemWideOne) {
 
 TEST_F(Autostart, AnEditedEntryKeepsWhatDoesNotStandInTheWay) {
   const std::string kept = "Type=Application\nName=Note\nName[de]=Zettel\n# later\nExec=sh -c \"sleep 5; true\" %u\n";
-  put(own, "# mine\n[Desktop Entry]\n" + kept +
+  put(own, "# mine\n\n[Desktop Entry]\n" + kept +
                "TryExec=/gone\nHidden=true\nNotShowIn=KDE;GNOME;\nOnlyShowIn=XFCE;\nX-Mine=9\n\n[Extra]\na=b\n");
   const std::string expected = "# mine\n\n[Desktop Entry]\n" + kept + "TryExec=" + program.string() +
                                "\nHidden=false\nNotShowIn=KDE;\nOnlyShowIn=XFCE;ubuntu;\nX-Mine=9\n\n[Extra]\na=b\n";

@@ -13,8 +13,8 @@ import typing
 
 import saves
 from desktop import Desktop, wait_until
-from world import (KEPT, LINES, SCENES, brief, check_next_start, contents, end_with, expect, make_null_device, mount,
-                   small_disk)
+from world import (KEPT, LINES, SCENES, NotHere, brief, check_next_start, contents, end_with, expect, make_null_device,
+                   mount, small_disk)
 
 ERRORS = "ENOSPC", "EDQUOT", "EIO", "EROFS", "EACCES", "EMFILE", "EINTR"
 PAUSE = 0.8  # seconds; after it a text is saved
@@ -35,8 +35,8 @@ def each_call(world):
 
 @contextlib.contextmanager
 def hit(world, scene, at, call, fault):
-    """A note whose save ran into the fault at the call that was meant; other threads may call in between, or less often
-    than they did before."""
+    """A note whose save ran into the fault at the call that was meant; what comes before it may have called more or less
+    often this time."""
     for more in 0, 0, 1, -1, 2, 0, 1, -1, 3, -2:
         with world.scene(scene) as note:
             with saves.traced(note, "-e", f"inject={call.name}:{fault}:when={max(call.nth + more, 1)}") as calls:
@@ -57,7 +57,7 @@ def hit(world, scene, at, call, fault):
                     raise late
                 yield note
                 return
-    raise NotHere(f"{call.name} is never hit")
+    raise AssertionError(f"{call.name} is never hit")
 
 
 def killed_at(world, scene, at, call):

@@ -31,14 +31,15 @@ class Call(typing.NamedTuple):
 
 
 def parse(log):
-    """The calls of a trace, in the order in which they began; one that another thread interrupts is put together."""
+    """The calls of a trace, in the order in which they began; one that another thread interrupts is put together.
+    Where one thread is traced, it has no name."""
     calls, begun, counts = [], {}, {}
     for line in log.splitlines():
         if resumed := re.match(r"(\d+) +<\.\.\. \w+ resumed>(.*)", line):
             at = begun.pop(resumed[1], None)
             if at is not None:
                 calls[at] = calls[at]._replace(text=calls[at].text + resumed[2])
-        elif found := re.match(r"(\d+) +(\w+)\((.*)", line):
+        elif found := re.match(r"(?:(\d+) +)?(\w+)\((.*)", line):
             thread, name, text = found.groups()
             counts[thread, name] = nth = counts.get((thread, name), 0) + 1
             if text.endswith(" <unfinished ...>"):
@@ -49,7 +50,8 @@ def parse(log):
 
 
 def begun_saving(calls, folder):
-    """From the first call that names something in the folder on, all of the same thread."""
+    """From the first call that names something in the folder on, all of the same thread but what wakes another one."""
+    calls = [call for call in calls if "<anon_inode:" not in call.text]
     marked = [call for call in calls if f"{folder}/" in call.text]
     assert len({call.thread for call in marked}) <= 1, "a save by more than one thread"
     return [call for call in calls[calls.index(marked[0]):] if call.thread == marked[0].thread] if marked else []
@@ -65,11 +67,12 @@ def of_the_save(calls, folder):
 
 @contextlib.contextmanager
 def traced(note, *injection):
-    """Traces the running program while inside; gives a function that tells its calls."""
+    """Traces the running program while inside; gives a function that tells its calls. An injection is for the thread
+    that saves alone: another one whose call fails may make it call more often."""
     log = note.folder / "trace"
     told = note.folder / "tracer"
     with told.open("w") as output:
-        tracer = note.desktop.spawn("strace", "-f", "-y", "-s", "1000000", "-o", str(log), "-p", str(note.process.pid),
+        tracer = note.desktop.spawn("strace", *([] if injection else ["-f"]), "-y", "-s", "1000000", "-o", str(log), "-p", str(note.process.pid),
                                     "-e", f"trace={TRACED}", *injection, stderr=output)
     wait_until(lambda: "attached" in told.read_text() or tracer.poll() is not None, "strace is attached")
     if tracer.poll() is not None and note.process.poll() is None:

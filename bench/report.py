@@ -88,8 +88,9 @@ def machine():
     memory = int(Path("/proc/meminfo").read_text().split()[1]) / 1024**2
     virtual = any(" hypervisor " in line + " " for line in lines if line.startswith("flags"))
     release = Path("/etc/debian_version").read_text().strip() if Path("/etc/debian_version").exists() else "?"
-    kind = "virtual " if virtual else ""
-    return f"{kind}machine, {os.cpu_count()} cores ({models[0] if models else 'unknown'}), {memory:.0f} GB, Debian {release}"
+    load = os.getloadavg()[2]
+    return (f"{'virtual ' if virtual else ''}machine ({os.cpu_count()} cores, {models[0] if models else 'unknown'}, "
+            f"{memory:.0f} GB, Debian {release})" + (f" that had other work too (load average {load:.1f})" if load > 2 else ""))
 
 
 TEXT = """# Beside its peers

@@ -2,6 +2,7 @@
 #include "platform/desktop/portal_global_keys.h"
 
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <algorithm>
 #include <optional>
@@ -83,13 +84,27 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     wakePortal(bus);
   }
 
-  /// The bus starts a portal that is installed; its answer says who it is.
+  /// The bus starts a portal that is installed.
   void wakePortal(const QDBusConnection& bus) {
     const Portal portal{bus, Portal::name()};
     const QDBusMessage ping = portal.call(QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
     auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(ping), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, bus] {
-      if (!call->isError()) useShortcutsOf({bus, call->reply().service()});
+      if (!call->isError()) findOwner(bus);
+      call->deleteLater();
+    });
+  }
+
+  /// The bus is asked: not every version of the toolkit tells whose an answer is.
+  void findOwner(const QDBusConnection& bus) {
+    const QString busName = QStringLiteral("org.freedesktop.DBus");
+    QDBusMessage question = QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"), busName,
+                                                           QStringLiteral("GetNameOwner"));
+    question << Portal::name();
+    auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, bus] {
+      const QDBusPendingReply<QString> owner = *call;
+      if (owner.isValid()) useShortcutsOf({bus, owner.value()});
       call->deleteLater();
     });
   }

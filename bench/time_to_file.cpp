@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Presses keys one after another and prints the milliseconds from the last of them to a file that has been written and
-// closed, or put in its place.
+// closed, or put in its place, and is no smaller than before: some programs first empty it.
 #include <poll.h>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -32,12 +32,14 @@ bool tellsOf(int watch, const std::string& name) {
   return false;
 }
 
-bool waitForFile(int watch, const std::string& name, Clock::time_point deadline) {
+bool waitForFile(int watch, const std::filesystem::path& file, std::uintmax_t leastSize, Clock::time_point deadline) {
   while (true) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     pollfd readable{watch, POLLIN, 0};
     if (left <= 0 || poll(&readable, 1, static_cast<int>(left)) <= 0) return false;
-    if (tellsOf(watch, name)) return true;
+    std::error_code error;
+    const std::uintmax_t size = tellsOf(watch, file.filename()) ? std::filesystem::file_size(file, error) : 0;
+    if (!error && size > 0 && size >= leastSize) return true;
   }
 }
 
@@ -55,9 +57,10 @@ int main(int argc, char** argv) {
   if (inotify_add_watch(watch, file.parent_path().c_str(), IN_CLOSE_WRITE | IN_MOVED_TO) < 0) {
     return std::perror("time_to_file"), EXIT_FAILURE;
   }
+  const std::uintmax_t before = std::filesystem::file_size(file);
   const auto start = Clock::now();
   screen.press(argv[argc - 1]);
-  if (!waitForFile(watch, file.filename(), start + std::chrono::seconds(std::atoi(argv[1])))) {
+  if (!waitForFile(watch, file, before, start + std::chrono::seconds(std::atoi(argv[1])))) {
     return std::fputs("time_to_file: not written in time\n", stderr), EXIT_FAILURE;
   }
   std::printf("%.3f\n", bench::millisecondsSince(start));

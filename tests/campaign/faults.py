@@ -35,8 +35,8 @@ def each_call(world):
 
 @contextlib.contextmanager
 def hit(world, scene, at, call, fault):
-    """A note whose save ran into the fault at the call that was meant; what comes before it may have called more or less
-    often this time."""
+    """A note whose save ran into the fault at the call that was meant; the thread may have called more or less often
+    before it this time."""
     for more in 0, 0, 1, -1, 2, 0, 1, -1, 3, -2:
         with world.scene(scene) as note:
             with saves.traced(note, "-e", f"inject={call.name}:{fault}:when={max(call.nth + more, 1)}") as calls:

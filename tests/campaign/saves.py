@@ -72,8 +72,8 @@ def traced(note, *injection):
     log = note.folder / "trace"
     told = note.folder / "tracer"
     with told.open("w") as output:
-        tracer = note.desktop.spawn("strace", *([] if injection else ["-f"]), "-y", "-s", "1000000", "-o", str(log), "-p", str(note.process.pid),
-                                    "-e", f"trace={TRACED}", *injection, stderr=output)
+        tracer = note.desktop.spawn("strace", *([] if injection else ["-f"]), "-y", "-s", "1000000", "-o", str(log),
+                                    "-p", str(note.process.pid), "-e", f"trace={TRACED}", *injection, stderr=output)
     wait_until(lambda: "attached" in told.read_text() or tracer.poll() is not None, "strace is attached")
     if tracer.poll() is not None and note.process.poll() is None:
         raise unittest.SkipTest(f"strace cannot attach: {told.read_text().strip()}")

@@ -49,7 +49,8 @@ def ratio(value, other):
 
 def table(figures):
     names = list(figures)
-    lines = ["| | " + " | ".join(names) + f" | to {BARE} | to the best peer |", "|---" + "|--:" * (len(names) + 2) + "|"]
+    lines = ["| | " + " | ".join(names) + f" | to {BARE} | to the best peer |",
+             "|---" + "|--:" * (len(names) + 2) + "|"]
     for key, (what, digits) in FIGURES.items():
         ours = figures[OURS].get(key)
         cells = [figure(figures[name].get(key), digits) for name in names]
@@ -77,7 +78,8 @@ def aims(figures):
                          + ("reached" if measured <= bound else "missed") + " |")
     hidden = ours.get("idle hidden")
     if hidden is not None:
-        lines.append(f"| wake-ups in 20 s, hidden | – | 0 | {hidden:.0f} | " + ("reached" if hidden == 0 else "missed") + " |")
+        lines.append(f"| wake-ups in 20 s, hidden | – | 0 | {hidden:.0f} | "
+                     + ("reached" if hidden == 0 else "missed") + " |")
     return "\n".join(lines)
 
 
@@ -90,7 +92,8 @@ def machine():
     release = Path("/etc/debian_version").read_text().strip() if Path("/etc/debian_version").exists() else "?"
     load = os.getloadavg()[2]
     return (f"{'virtual ' if virtual else ''}machine ({os.cpu_count()} cores, {models[0] if models else 'unknown'}, "
-            f"{memory:.0f} GB, Debian {release})" + (f" that had other work too (load average {load:.1f})" if load > 2 else ""))
+            f"{memory:.0f} GB, Debian {release})"
+            + (f" that had other work too (load average {load:.1f})" if load > 2 else ""))
 
 
 TEXT = """# Beside its peers
@@ -103,9 +106,9 @@ the same text: 24 lines where no size is told, otherwise ordinary lines of some 
 
 {table}
 
-"bare Qt" is a window with nothing but the toolkit's plain-text editor. A dash stands where a program does not do that, or
-not within a minute. What counts as text on the screen is told by pictures of the program without the text and with it.
-A save runs from the key that asks for it to the file in its place; a key press to the file is there for programs that
+"bare Qt" is a window with nothing but the toolkit's plain-text editor. A dash stands where a program does not do that,
+or not within a minute. What counts as text on the screen is told by pictures of the program without the text and with
+it. A save runs from the key that asks for it to the file in its place; a key press to the file is there for programs that
 save by themselves. Memory is the process's share (PSS).
 
 ## What is aimed at
@@ -147,8 +150,8 @@ def panel(figures, key):
 
 def chart(figures):
     height = HEAD + ROW * len(figures) + 10
-    panels = [f'<g transform="translate({10 + index % 2 * PANEL_WIDTH} {index // 2 * height})">\n{panel(figures, key)}\n</g>'
-              for index, key in enumerate(CHART)]
+    panels = [f'<g transform="translate({10 + index % 2 * PANEL_WIDTH} {index // 2 * height})">\n'
+              f"{panel(figures, key)}\n</g>" for index, key in enumerate(CHART)]
     width, total = 2 * PANEL_WIDTH, height * ((len(CHART) + 1) // 2)
     return (f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{total}" viewBox="0 0 {width} {total}">\n'
             f"<style>{STYLE}\n</style>\n" + "\n".join(panels) + "\n</svg>\n")

@@ -108,8 +108,8 @@ the same text: 24 lines where no size is told, otherwise ordinary lines of some 
 
 "bare Qt" is a window with nothing but the toolkit's plain-text editor. A dash stands where a program does not do that,
 or not within a minute. What counts as text on the screen is told by pictures of the program without the text and with
-it. A save runs from the key that asks for it to the file in its place; a key press to the file is there for programs that
-save by themselves. Memory is the process's share (PSS).
+it. A save runs from the key that asks for it to the file in its place; a key press to the file is there for programs
+that save by themselves. Memory is the process's share (PSS).
 
 ## What is aimed at
 

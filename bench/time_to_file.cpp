@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Presses keys one after another and prints the milliseconds from the last of them to a file that has been written and
-// closed, or put in its place, and is no smaller than before: some programs first empty it.
+// closed, or put in its place, and is no smaller than before: some programs first open or empty it.
 #include <poll.h>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -33,13 +33,14 @@ bool tellsOf(int watch, const std::string& name) {
 }
 
 bool waitForFile(int watch, const std::filesystem::path& file, std::uintmax_t leastSize, Clock::time_point deadline) {
+  const auto before = std::filesystem::last_write_time(file);
   while (true) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     pollfd readable{watch, POLLIN, 0};
     if (left <= 0 || poll(&readable, 1, static_cast<int>(left)) <= 0) return false;
     std::error_code error;
     const std::uintmax_t size = tellsOf(watch, file.filename()) ? std::filesystem::file_size(file, error) : 0;
-    if (!error && size > 0 && size >= leastSize) return true;
+    if (!error && size > 0 && size >= leastSize && std::filesystem::last_write_time(file) != before) return true;
   }
 }
 

@@ -194,7 +194,11 @@ std::error_code linkFile(const fs::path& source, const fs::path& destination) {
 }
 
 std::error_code makeFolder(const fs::path& path, bool withParents) {
-  if (mkdir(path.c_str(), 0700) == 0) return {};
+  if (mkdir(path.c_str(), 0700) == 0) {
+    // Else a power cut could take it away again, with all that is synced inside.
+    if (const UniqueFd parent = openFolder(folderOf(path))) syncFolder(parent.get());
+    return {};
+  }
   if (errno == ENOENT && withParents && path.has_parent_path() && path.parent_path() != path) {
     if (const auto error = makeFolder(path.parent_path(), true)) return error;
     return makeFolder(path, false);

@@ -6,14 +6,13 @@
 
 #include <cerrno>
 
-#include "platform/application_metadata.h"
 #include "platform/desktop/atomic_file.h"
 #include "platform/desktop/base_directories.h"
 
 namespace platform::desktop {
 
 NoteLock lockNote() {
-  const auto path = dataHome() / metadata::name;
+  const auto path = dataHome();
   makeFolder(path, true);
   UniqueFd folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!folder) return {NoteLock::Outcome::Unavailable, UniqueFd()};

@@ -5,8 +5,9 @@
 
 namespace platform::desktop {
 
-/// The right to the user's note: a lock on the open support folder, which the kernel gives to one process and takes
-/// back when that one ends, however it ends.
+/// The right to the user's note: a lock on the open folder of the user's data, which the kernel gives to one process
+/// and takes back when that one ends, however it ends. The support folder in it may be removed or put aside meanwhile,
+/// and a lock on that one would go with it.
 struct NoteLock {
   enum class Outcome {
     Held,  ///< by this process, for as long as `folder` is open
@@ -17,7 +18,7 @@ struct NoteLock {
   UniqueFd folder;
 };
 
-/// Tries at once, without waiting. Makes the support folder if it is missing.
+/// Tries at once, without waiting. Makes the folder if it is missing.
 NoteLock lockNote();
 
 }  // namespace platform::desktop

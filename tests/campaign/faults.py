@@ -10,6 +10,7 @@ import string
 import subprocess
 import time
 import typing
+from pathlib import Path
 
 import saves
 from desktop import Desktop, wait_until
@@ -199,6 +200,21 @@ def troubles(*those, on_small_disk=False, ends=(None,), times=1):
     return lambda _: [(f"{trouble.__name__} {end}",
                        lambda world, how=(trouble, on_small_disk, end): refused(world, *how))
                       for trouble in those for end in ends] * times
+
+
+def started_again(world, trouble):
+    """Where the folder is gone, second starts over the same session bus and over another leave the note alone."""
+    with world.note() as note:
+        note.put_text(LINES)
+        note.start()
+        with trouble(note):
+            note.start_again()
+            over_another = note.run_to_end(timeout=10, DBUS_SESSION_BUS_ADDRESS=note.desktop.start_bus()[1])
+            expect(over_another.returncode == 1, "another process has the note")
+            expect(not note.file.parent.exists(), "a second start made the folder")
+        note.type("x")
+        end_with(note)
+        check_next_start(note, LINES + b"x")
 
 
 def no_file(make, world):
@@ -397,9 +413,41 @@ def stopped(world, number):
         check_next_start(note, found)
 
 
+def clock_set(world):
+    """The pauses in typing are no matter of the wall's clock. A return shows the note but for one that seems to be
+    before the last."""
+    library = next(Path("/usr/lib").glob("*/faketime/libfaketimeMT.so.1"), None)
+    if not library:
+        raise NotHere("libfaketime is not installed")
+    with world.note(LINES) as note:
+        clock = note.folder / "clock"
+        clock.write_text("+0")
+        note.environment |= {"LD_PRELOAD": str(library), "FAKETIME_TIMESTAMP_FILE": str(clock),
+                             "FAKETIME_NO_CACHE": "1", "FAKETIME_DONT_FAKE_MONOTONIC": "1"}
+        note.start()
+        text = LINES
+        for offset, comes_back in ("+10d", True), ("-10d", False), ("+0", False), ("+4000d", True):
+            note.type("x")
+            clock.write_text(offset)
+            note.type("y")
+            text += b"xy"
+            wait_until(lambda: contents(note.file) == text, f"the note is saved at {offset}")
+            note.hide()
+            for state in "on", "activate", "reset":
+                note.desktop.run("xset", "s", state)
+            if not comes_back:
+                time.sleep(PAUSE + MARGIN)
+                expect(not note.desktop.is_viewable(note.window), f"the note is shown at {offset}")
+                note.perform("toggleWindow")
+            note.desktop.wait_active(note.window)
+        end_with(note, signal.SIGKILL)
+        check_next_start(note, text)
+
+
 def each(function, *values, times=1):
     """Cases of one function, one for each value."""
-    return lambda _: [(str(value), lambda world, value=value: function(world, value)) for value in values] * times
+    return lambda _: [(getattr(value, "__name__", str(value)),
+                       lambda world, value=value: function(world, value)) for value in values] * times
 
 
 def repeated(function, times):
@@ -432,6 +480,8 @@ FAULTS = (
           troubles(renamed, replaced_by_a_file, ends=(END, KILL)), 1, 4, SINCE_THE_SAVE),
     Fault("Folder removed until the program ends or is killed", troubles(removed, ends=(END, KILL)), 1, 2,
           "the note, with its folder"),
+    Fault("Folder renamed or removed, then second starts on the same session bus and on another",
+          each(started_again, renamed, removed), 1, 2),
     Fault("A folder, a pipe or a device in place of the note", no_files, 3, 3),
     Fault("The note is a link: dangling, to a file, to a link, to another disk", links, 2, 4),
     Fault("Another program changes the note meanwhile: the window wins", each(changed_by_another, False, True), 1, 2),
@@ -444,4 +494,5 @@ FAULTS = (
     Fault(f"{STARTS} starts at once, on one session bus and on three", each(many_starts, 1, 3, times=5), 1, 4),
     Fault("Stopped across the pause, then continued or killed", each(stopped, signal.SIGCONT, KILL, times=5), 1, 4,
           SINCE_THE_PAUSE),
+    Fault("The wall clock set back and forth while typing and between two returns", repeated(clock_set, 3), 0, 1),
 )

@@ -90,11 +90,49 @@ std::optional<LineEnd> cutLine(QStringView& text, QStringView& line) {
   return kind;
 }
 
-QString documentText(QStringView text) {
-  QString held = text.toString();
-  putStandInsIn(held);
-  return held;
+/// A text as a document holds it, and its line ends.
+struct Lines {
+  struct Run {
+    LineEnd kind;
+    int count;
+  };
+  QString text;
+  std::vector<Run> ends;
+};
+
+Lines linesOf(const QString& text) {
+  Lines lines;
+  if (std::none_of(text.begin(), text.end(), isUnusualLineEnd)) {
+    lines.text = text;
+    lines.ends.push_back({LineEnd::LineFeed, static_cast<int>(text.count(u'\n'))});
+  } else {
+    lines.text.reserve(text.size());
+    QStringView rest = text;
+    QStringView line;
+    while (const auto kind = cutLine(rest, line)) {
+      lines.text.append(line).append(u'\n');
+      if (lines.ends.empty() || lines.ends.back().kind != *kind) lines.ends.push_back({*kind, 0});
+      ++lines.ends.back().count;
+    }
+    lines.text.append(line);
+  }
+  putStandInsIn(lines.text);
+  return lines;
 }
+
+class WithoutUndo {
+ public:
+  explicit WithoutUndo(QTextDocument& document) : document_(document), was_(document.isUndoRedoEnabled()) {
+    document_.setUndoRedoEnabled(false);
+  }
+  ~WithoutUndo() { document_.setUndoRedoEnabled(was_); }
+  WithoutUndo(const WithoutUndo&) = delete;
+  WithoutUndo& operator=(const WithoutUndo&) = delete;
+
+ private:
+  QTextDocument& document_;
+  bool was_;
+};
 
 /// Marks the blocks `first` to `last`, both included, as following a line end of that kind.
 void markBlocks(QTextDocument& document, int first, int last, LineEnd kind) {
@@ -124,47 +162,30 @@ bool needsExactInsertion(QStringView text) {
 }
 
 void setExactText(QTextDocument& document, const QString& text) {
-  std::vector<LineEnd> kinds;
-  QString lines;
-  if (std::none_of(text.begin(), text.end(), isUnusualLineEnd)) {
-    lines = text;
-  } else {
-    lines.reserve(text.size());
-    QStringView rest = text;
-    QStringView line;
-    while (const auto kind = cutLine(rest, line)) {
-      lines.append(line).append(u'\n');
-      kinds.push_back(*kind);
-    }
-    lines.append(line);
-  }
-  putStandInsIn(lines);
+  const WithoutUndo withoutUndo(document);
+  document.setPlainText({});
+  prependExactText(document, text);
+}
 
-  const bool undo = document.isUndoRedoEnabled();
-  document.setUndoRedoEnabled(false);
-  document.setPlainText(lines);
-  QTextCursor all(&document);
-  all.beginEditBlock();
-  // The first block takes the kind of the first line end too, so that a line made before it is of that kind.
-  for (std::size_t first = 0, last = 0; first < kinds.size(); first = last) {
-    while (last < kinds.size() && kinds[last] == kinds[first]) ++last;
-    if (kinds[first] == LineEnd::LineFeed) continue;
-    markBlocks(document, first == 0 ? 0 : static_cast<int>(first) + 1, static_cast<int>(last), kinds[first]);
-  }
-  all.endEditBlock();
-  document.setUndoRedoEnabled(undo);
+void prependExactText(QTextDocument& document, const QString& text) {
+  const WithoutUndo withoutUndo(document);
+  insertExactText(QTextCursor(&document), text);
+  // The first block has the kind of the first line end too, so that a line made before it is of that kind.
+  const QTextBlock second = document.begin().next();
+  if (second.isValid()) markBlocks(document, 0, 0, lineEndOf(second.blockFormat()));
 }
 
 void insertExactText(QTextCursor cursor, const QString& text) {
   cursor.beginEditBlock();
   cursor.removeSelectedText();
-  QStringView rest = text;
-  QStringView line;
-  while (const auto kind = cutLine(rest, line)) {
-    cursor.insertText(documentText(line));
-    cursor.insertBlock(withLineEnd(cursor.blockFormat(), *kind));
+  const Lines lines = linesOf(text);
+  const LineEnd inherited = lineEndOf(cursor.blockFormat());
+  int block = cursor.blockNumber();
+  cursor.insertText(lines.text);
+  for (const auto& [kind, count] : lines.ends) {
+    if (kind != inherited) markBlocks(*cursor.document(), block + 1, block + count, kind);
+    block += count;
   }
-  cursor.insertText(documentText(line));
   cursor.endEditBlock();
 }
 

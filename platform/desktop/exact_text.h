@@ -24,6 +24,9 @@ bool needsExactInsertion(QStringView text);
 /// Replaces the whole document; nothing can be undone afterwards. Surrogates are paired.
 void setExactText(QTextDocument&, const QString& text);
 
+/// Puts the text, whole lines, in front of all others; nothing can be undone afterwards. Surrogates are paired.
+void prependExactText(QTextDocument&, const QString& text);
+
 /// Replaces the selection as one step of undo. Surrogates are paired.
 void insertExactText(QTextCursor cursor, const QString& text);
 

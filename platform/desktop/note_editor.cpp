@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QPlainTextDocumentLayout>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QTextOption>
@@ -20,6 +21,8 @@ namespace {
 
 constexpr int tabWidth = 8;          // characters
 constexpr int longestWord = 20'000;  // characters
+constexpr int firstPiece = 100'000;  // characters; more than the largest screen shows
+constexpr int laterPiece = 300'000;  // characters
 
 bool hasEndlessWord(const QTextBlock& block) {
   if (block.length() <= longestWord) return false;
@@ -37,6 +40,26 @@ bool hasEndlessWord(const QTextDocument& document, int start, int end) {
     if (hasEndlessWord(block)) return true;
   }
   return false;
+}
+
+/// The start of the lines at the end of the text that have so many characters together, or a few more.
+qsizetype startOfLastPiece(QStringView text, qsizetype length) {
+  return text.size() > length ? text.lastIndexOf(u'\n', -length) + 1 : 0;
+}
+
+/// What the user does to the text, or to what of it is in view.
+bool actsOnText(const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+    case QEvent::Wheel:
+    case QEvent::Drop:
+      return true;
+    default:
+      return false;
+  }
 }
 
 /// Leaves more room below the last line than the document's one margin for all four sides.
@@ -70,6 +93,7 @@ NoteEditor::NoteEditor() {
   roomAboveScroller_.setFixedHeight(titleBarHeight);
   addScrollBarWidget(&roomAboveScroller_, Qt::AlignTop);
   connect(this, &QPlainTextEdit::textChanged, [this] { tellOfEdit(); });
+  connect(&loader_, &QTimer::timeout, this, &NoteEditor::loadPiece);
   connect(document(), &QTextDocument::contentsChange, this, &NoteEditor::chooseWrapping);
 }
 
@@ -97,7 +121,7 @@ void NoteEditor::editKey(QKeyEvent& key) {
 }
 
 QString NoteEditor::exactTextWithComposition() const {
-  if (composition_.isEmpty()) return exactText(*document());
+  if (composition_.isEmpty()) return above_ + exactText(*document());
   const QTextBlock block = textCursor().block();
   const int at = block.position() + block.layout()->preeditAreaPosition();
   return exactText(*document(), 0, at) + withScalarValuesOnly(composition_) +
@@ -106,8 +130,37 @@ QString NoteEditor::exactTextWithComposition() const {
 
 void NoteEditor::loadExactText(const QString& text) {
   const QScopedValueRollback quiet(silent_, true);
-  setExactText(*document(), text);
+  const qsizetype start = startOfLastPiece(text, firstPiece);
+  above_ = text.first(start);
+  setExactText(*document(), text.sliced(start));
   toldRevision_ = document()->revision();
+}
+
+void NoteEditor::loadRest() {
+  while (!above_.isEmpty()) loadPiece();
+}
+
+void NoteEditor::loadPiece() {
+  const QScopedValueRollback quiet(silent_, true);
+  const qsizetype start = startOfLastPiece(above_, laterPiece);
+  const int blocks = blockCount();
+  prependExactText(*document(), above_.sliced(start));
+  above_.truncate(start);
+  toldRevision_ = document()->revision();
+  // What is in view stays; nothing above it is laid out, so that each block counts as one line.
+  verticalScrollBar()->setValue(verticalScrollBar()->value() + blockCount() - blocks);
+  if (!above_.isEmpty()) return;
+  above_.squeeze();
+  loader_.stop();
+}
+
+void NoteEditor::selectExactly(qsizetype location, qsizetype length) {
+  if (location < above_.size()) loadRest();
+  location -= above_.size();
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(positionForExactIndex(*document(), location));
+  if (length > 0) cursor.setPosition(positionForExactIndex(*document(), location + length), QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
 }
 
 void NoteEditor::setNoteFont(const QFont& font) {
@@ -177,7 +230,18 @@ void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
   }
 }
 
+bool NoteEditor::viewportEvent(QEvent* event) {
+  if (actsOnText(*event)) loadRest();
+  return QPlainTextEdit::viewportEvent(event);
+}
+
+void NoteEditor::paintEvent(QPaintEvent* event) {
+  QPlainTextEdit::paintEvent(event);
+  if (!above_.isEmpty() && !loader_.isActive()) loader_.start();
+}
+
 bool NoteEditor::event(QEvent* event) {
+  if (actsOnText(*event)) loadRest();
   // The toolkit's editor would keep the keys of the main menu to itself.
   if (event->type() == QEvent::ShortcutOverride) {
     event->ignore();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QTimer>
 #include <functional>
 
 namespace platform::desktop {
@@ -22,7 +23,12 @@ class NoteEditor : public QPlainTextEdit {
 
   /// The exact text, with the open composition where it stands.
   QString exactTextWithComposition() const;
+  /// Replaces the text. Of a long one the document gets the last part at once, where a note's caret stands, and the
+  /// rest piece by piece when that has been painted, or before anything is done to the text.
   void loadExactText(const QString& text);
+  void loadRest();
+  /// Counted in the exact text; see `NSTextView::setSelectedRange`.
+  void selectExactly(qsizetype location, qsizetype length);
   void setNoteFont(const QFont& font);
   /// In points. Scrolls with the text; what the title bar covers of `vertical` does not count as room for text.
   void setInset(int horizontal, int vertical);
@@ -34,16 +40,21 @@ class NoteEditor : public QPlainTextEdit {
 
  protected:
   bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
   void insertFromMimeData(const QMimeData* source) override;
 
  private:
   void insertExactly(const QString& text);
+  void loadPiece();
   void tellOfEdit();
   void chooseWrapping(int position, int removed, int added);
 
   QWidget roomAboveScroller_;
+  QString above_;  ///< what of the text is before that of the document, as yet
+  QTimer loader_;
   QString composition_;
   QString lateCommit_;  ///< the composition that we ended, for as long as its input method may commit it again
   int toldRevision_ = 0;

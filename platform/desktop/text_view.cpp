@@ -5,7 +5,6 @@
 #include <array>
 
 #include "platform/desktop/appearance.h"
-#include "platform/desktop/exact_text.h"
 #include "platform/desktop/native_view.h"
 #include "platform/desktop/note_editor.h"
 #include "platform/desktop/strings.h"
@@ -80,12 +79,7 @@ std::string NSTextView::string() const { return impl_->editor.exactTextWithCompo
 void NSTextView::setString(std::string_view text) { impl_->editor.loadExactText(decoded(text)); }
 
 void NSTextView::setSelectedRange(NSRange range) {
-  const QTextDocument& document = *impl_->editor.document();
-  QTextCursor cursor = impl_->editor.textCursor();
-  cursor.setPosition(desktop::positionForExactIndex(document, static_cast<qsizetype>(range.location)));
-  const auto end = static_cast<qsizetype>(range.location) + static_cast<qsizetype>(range.length);
-  if (range.length > 0) cursor.setPosition(desktop::positionForExactIndex(document, end), QTextCursor::KeepAnchor);
-  impl_->editor.setTextCursor(cursor);
+  impl_->editor.selectExactly(static_cast<qsizetype>(range.location), static_cast<qsizetype>(range.length));
 }
 
 bool NSTextView::perform(Selector action, NSObject* /*sender*/) {
@@ -100,6 +94,7 @@ bool NSTextView::perform(Selector action, NSObject* /*sender*/) {
   };
   for (const Command& command : commands) {
     if (command.selector != action) continue;
+    impl_->editor.loadRest();
     (impl_->editor.*command.run)();
     impl_->editor.ensureCursorVisible();
     return true;

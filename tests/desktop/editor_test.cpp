@@ -92,6 +92,45 @@ TEST_F(Editor, AMegabyteWithoutASpaceIsShownAtOnce) {
   EXPECT_EQ(editor.wordWrapMode(), wrapping);
 }
 
+/// Whole from the start for those who ask, and for keys that come before anything is painted.
+TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
+  QString text = QStringLiteral("first\r\n");
+  for (int line = 0; line < 50'000; ++line) text += QStringLiteral("line %1\n").arg(line);
+  text += QStringLiteral("selected");
+  editor.resize(420, 320);
+  for (const bool typed : {false, true}) {
+    editor.loadExactText(text);
+    editor.selectExactly(text.size() - 8, 8);
+    EXPECT_LT(editor.blockCount(), 50'000);
+    EXPECT_EQ(editor.exactTextWithComposition(), text);
+    if (typed) {
+      editor.grab();
+      QCoreApplication::processEvents();
+      QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+      QCoreApplication::sendEvent(&editor, &key);
+      EXPECT_EQ(editor.exactTextWithComposition(), text.chopped(8) + u'x');
+      editor.undo();
+    } else {
+      editor.show();
+      const QImage before = editor.viewport()->grab().toImage();
+      while (editor.blockCount() < 50'002) {
+        QCoreApplication::processEvents();
+        ASSERT_EQ(editor.viewport()->grab().toImage(), before) << "something moved";
+      }
+      EXPECT_EQ(editor.textCursor().selectedText(), QStringLiteral("selected"));
+      EXPECT_EQ(edits, 0);
+    }
+    EXPECT_EQ(editor.blockCount(), 50'002);
+    EXPECT_EQ(editor.exactTextWithComposition(), text);
+    editor.undo();
+    EXPECT_EQ(editor.exactTextWithComposition(), text) << "loading is nothing to undo";
+  }
+  editor.loadExactText(text);
+  editor.selectExactly(7, 0);
+  EXPECT_EQ(editor.textCursor().block().blockNumber(), 1);
+  EXPECT_EQ(editor.textCursor().positionInBlock(), 0);
+}
+
 TEST_F(Editor, AnotherFontIsNoEdit) {
   editor.insertPlainText(QStringLiteral("plain"));
   EXPECT_EQ(edits, 1);

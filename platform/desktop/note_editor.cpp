@@ -144,11 +144,15 @@ void NoteEditor::loadPiece() {
   const QScopedValueRollback quiet(silent_, true);
   const qsizetype start = startOfLastPiece(above_, laterPiece);
   const int blocks = blockCount();
+  const QTextBlock top = firstVisibleBlock();
+  const int topBlock = top.blockNumber();
+  const int topLine = verticalScrollBar()->value() - top.firstLineNumber();
   prependExactText(*document(), above_.sliced(start));
   above_.truncate(start);
   toldRevision_ = document()->revision();
-  // What is in view stays; nothing above it is laid out, so that each block counts as one line.
-  verticalScrollBar()->setValue(verticalScrollBar()->value() + blockCount() - blocks);
+  // What is in view stays.
+  const QTextBlock sameTop = document()->findBlockByNumber(topBlock + blockCount() - blocks);
+  verticalScrollBar()->setValue(sameTop.firstLineNumber() + topLine);
   if (!above_.isEmpty()) return;
   above_.squeeze();
   loader_.stop();

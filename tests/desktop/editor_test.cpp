@@ -95,7 +95,7 @@ TEST_F(Editor, AMegabyteWithoutASpaceIsShownAtOnce) {
 /// Whole from the start for those who ask, and for keys that come before anything is painted.
 TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
   QString text = QStringLiteral("first\r\n");
-  for (int line = 0; line < 50'000; ++line) text += QStringLiteral("line %1\n").arg(line);
+  for (int line = 0; line < 50'000; ++line) text += QStringLiteral("line %1 ").arg(line).repeated(line % 9) + u'\n';
   text += QStringLiteral("selected");
   editor.resize(420, 320);
   for (const bool typed : {false, true}) {

@@ -66,7 +66,6 @@ class AppDelegate final : public platform::NSObject,
   void loadNote();
   void textChanged();
   void saveNow();
-  bool keepUnreadableNote();
 
   void registerHotKeys();
   static platform::OSStatus hotKeyPressed(platform::EventHandlerCallRef nextHandler, platform::EventRef event,
@@ -107,8 +106,9 @@ class AppDelegate final : public platform::NSObject,
   bool pinned;
   bool showOnWake;
   platform::URL noteURL;
-  /// What is at `noteURL` could not be read and has no second name yet: it must not be replaced.
-  bool noteUnreadable = false;
+  /// Nothing was read from `noteURL` and nothing has been written there since: what is there, or turns up there, must
+  /// not be replaced before it has a second name.
+  bool noteNotRead = false;
 };
 
 }  // namespace quillberry

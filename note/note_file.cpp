@@ -28,7 +28,7 @@ void AppDelegate::loadNote() {
   std::error_code error;
   const auto text = NSString::stringWithContentsOfURL(noteURL, error);
   if (!text) {
-    noteUnreadable = error != std::errc::no_such_file_or_directory;
+    noteNotRead = true;
     return;
   }
   textView->setString(*text);
@@ -46,16 +46,11 @@ void AppDelegate::textChanged() {
 void AppDelegate::saveNow() {
   if (saveTimer) saveTimer->invalidate();
   saveTimer.reset();
-  if (!keepUnreadableNote()) return;
+  // A note that could not be read, or was on a disk that is mounted only now, first gets a second name; while that
+  // fails, saves are held back.
+  if (noteNotRead && NSFileManager::defaultManager().keepUnreadableItemAtURL(noteURL)) return;
   // A failure is dropped: the text stays in the view and the next save writes it.
-  NSString::writeToURL(textView->string(), noteURL);
-}
-
-/// Whether the note file may be replaced. One that could not be read first gets a second name, which no save
-/// touches; while that fails, saves are held back.
-bool AppDelegate::keepUnreadableNote() {
-  if (noteUnreadable) noteUnreadable = bool(NSFileManager::defaultManager().keepUnreadableItemAtURL(noteURL));
-  return !noteUnreadable;
+  if (!NSString::writeToURL(textView->string(), noteURL)) noteNotRead = false;
 }
 
 }  // namespace quillberry

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -22,13 +23,14 @@ class NSFileManager {
   /// Makes a folder, with its missing parents if asked to, open to its owner only. One that exists is a success.
   std::error_code createDirectoryAtURL(const URL&, bool withIntermediateDirectories);
 
-  /// Gives the file that `source` finally leads to (through symbolic links) the additional name `destination`.
-  /// No file is ever replaced: std::errc::file_exists if that name is taken, no_such_file_or_directory if there
-  /// is nothing at `source`, another error where the file system refuses. Durable when it returns success.
-  std::error_code linkItemAtURL(const URL& source, const URL& destination);
+  /// Gives the file that the URL finally leads to (through symbolic links) an additional name in its own folder: its
+  /// own with `suffix` behind. A file that can have no second name is renamed instead; a folder stays as it is.
+  /// No file is ever replaced: std::errc::file_exists if another one has that name, no_such_file_or_directory if there
+  /// is nothing to name, another error where the file system refuses. Durable when it returns success.
+  std::error_code keepItemAtURL(const URL&, std::string_view suffix);
 
-  /// Gives a file that cannot be read a second name before something replaces it: its own with ".unreadable" behind,
-  /// then ".unreadable.2", ".3" and so on. The file stays where it is. Nothing there to keep is a success.
+  /// Keeps a file that could not be read before something replaces it, with ".unreadable" behind its name, then
+  /// ".unreadable.2", ".3" and so on; see `keepItemAtURL`. Nothing there to keep is a success.
   std::error_code keepUnreadableItemAtURL(const URL&);
 };
 

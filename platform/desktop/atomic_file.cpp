@@ -145,11 +145,11 @@ std::optional<std::string> readFile(const fs::path& path, std::size_t largest, s
   // By its size before any memory is taken; by what is read as well, since it may grow meanwhile.
   const auto tooLarge = std::make_error_code(std::errc::file_too_large);
   if (static_cast<std::uintmax_t>(status.st_size) > largest) return failed(tooLarge);
-  std::string contents;
+  // One byte more than expected, in which the end shows.
+  std::string contents(static_cast<std::size_t>(status.st_size) + 1, '\0');
   std::size_t length = 0;
   while (length <= largest) {
-    // One byte more than expected, so that the end shows in the first round.
-    contents.resize(std::max(length + 4096, static_cast<std::size_t>(status.st_size) + 1));
+    if (length == contents.size()) contents.resize(length + 4096);
     const auto got = uninterrupted([&] { return read(fd.get(), contents.data() + length, contents.size() - length); });
     if (got < 0) return failed(lastError());
     if (got == 0) break;
@@ -173,7 +173,8 @@ std::error_code replaceFile(const fs::path& path, std::string_view contents) {
   struct stat existing {};
   if (fstatat(folder.get(), name.c_str(), &existing, AT_SYMLINK_NOFOLLOW) == 0) auxiliary.takeModeAndOwner(existing);
   if (!auxiliary.finish() || !auxiliary.renameTo(name)) return lastError();
-  return syncFolder(folder.get());
+  syncFolder(folder.get());  // the text is in place, whether or not
+  return {};
 }
 
 void sweepAuxiliaryFiles(const fs::path& path) {
@@ -187,10 +188,25 @@ void sweepAuxiliaryFiles(const fs::path& path) {
   }
 }
 
-std::error_code linkFile(const fs::path& source, const fs::path& destination) {
-  if (linkat(AT_FDCWD, source.c_str(), AT_FDCWD, destination.c_str(), AT_SYMLINK_FOLLOW) != 0) return lastError();
-  const UniqueFd folder = openFolder(folderOf(destination));
-  return folder ? syncFolder(folder.get()) : lastError();
+std::error_code keepFile(const fs::path& path, std::string_view suffix) {
+  std::error_code error;
+  const auto target = finalTarget(path, error);
+  if (!target) return error;
+  const UniqueFd folder = openFolder(folderOf(*target));
+  if (!folder) return lastError();
+  const std::string name = target->filename().string();
+  const std::string kept = name + std::string(suffix);
+  if (linkat(folder.get(), name.c_str(), folder.get(), kept.c_str(), 0) != 0) {
+    error = lastError();
+    std::error_code ignored;
+    if (error == std::errc::file_exists) {
+      return fs::equivalent(*target, folderOf(*target) / kept, ignored) ? std::error_code() : error;
+    }
+    if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
+    // Some file systems give nothing a second name, and some files are not ours to link.
+    if (renameat2(folder.get(), name.c_str(), folder.get(), kept.c_str(), RENAME_NOREPLACE) != 0) return lastError();
+  }
+  return syncFolder(folder.get());
 }
 
 std::error_code makeFolder(const fs::path& path, bool withParents) {

@@ -26,8 +26,8 @@ std::error_code replaceFile(const std::filesystem::path& path, std::string_view 
 /// Removes what a replacement of this file left behind when it was cut short.
 void sweepAuxiliaryFiles(const std::filesystem::path&);
 
-/// Gives the file that `source` finally leads to the additional name `destination`; replaces nothing.
-std::error_code linkFile(const std::filesystem::path& source, const std::filesystem::path& destination);
+/// See NSFileManager::keepItemAtURL. A name that the file has already is a success.
+std::error_code keepFile(const std::filesystem::path&, std::string_view suffix);
 
 /// Makes a folder for its owner only, with its missing parents if asked to. One that exists is a success.
 std::error_code makeFolder(const std::filesystem::path&, bool withParents);

@@ -22,8 +22,8 @@ std::error_code NSFileManager::createDirectoryAtURL(const URL& url, bool withInt
   return desktop::makeFolder(url, withIntermediateDirectories);
 }
 
-std::error_code NSFileManager::linkItemAtURL(const URL& source, const URL& destination) {
-  return desktop::linkFile(source, destination);
+std::error_code NSFileManager::keepItemAtURL(const URL& url, std::string_view suffix) {
+  return desktop::keepFile(url, suffix);
 }
 
 std::optional<std::string> NSString::stringWithContentsOfURL(const URL& url, std::error_code& error) {

@@ -15,16 +15,15 @@ SettingsFile::SettingsFile(std::filesystem::path file) : file_(std::move(file)) 
   const auto contents = readFile(file_, largestSettings, error);
   const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(contents.value_or("")));
   values_ = document.object();
-  unreadable_ = contents ? !document.isObject() : error != std::errc::no_such_file_or_directory;
+  notRead_ = !document.isObject();
 }
 
 void SettingsFile::store(const QString& key, const QJsonValue& value) {
   if (values_.value(key) == value) return;
   values_.insert(key, value);
-  if (unreadable_) unreadable_ = bool(NSFileManager::defaultManager().keepUnreadableItemAtURL(file_));
-  if (unreadable_) return;
+  if (notRead_ && NSFileManager::defaultManager().keepUnreadableItemAtURL(file_)) return;
   makeFolder(file_.parent_path(), true);
-  replaceFile(file_, QJsonDocument(values_).toJson().toStdString());
+  if (!replaceFile(file_, QJsonDocument(values_).toJson().toStdString())) notRead_ = false;
 }
 
 }  // namespace platform::desktop

@@ -21,7 +21,7 @@ class SettingsFile {
  private:
   std::filesystem::path file_;
   QJsonObject values_;
-  bool unreadable_ = false;
+  bool notRead_;  ///< what is there, or turns up there, before the first write
 };
 
 }  // namespace platform::desktop

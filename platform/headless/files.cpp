@@ -40,14 +40,17 @@ std::error_code NSFileManager::createDirectoryAtURL(const URL& url, bool withInt
   return {};
 }
 
-std::error_code NSFileManager::linkItemAtURL(const URL& source, const URL& destination) {
+std::error_code NSFileManager::keepItemAtURL(const URL& url, std::string_view suffix) {
   auto& files = world().files;
-  const auto file = files.find(source);
+  const auto file = files.find(url);
+  const URL kept = url.string() + std::string(suffix);
   if (file == files.end()) return error(std::errc::no_such_file_or_directory);
-  if (files.contains(destination)) return error(std::errc::file_exists);
+  if (const auto other = files.find(kept); other != files.end()) {
+    return other->second == file->second ? std::error_code() : error(std::errc::file_exists);
+  }
   if (world().faults.noLink) return error(std::errc::operation_not_permitted);
-  world().record("link " + source.string() + " as " + destination.string());
-  files[destination] = file->second;
+  world().record("link " + url.string() + " as " + kept.string());
+  files[kept] = file->second;
   return {};
 }
 

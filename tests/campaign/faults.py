@@ -14,8 +14,8 @@ from pathlib import Path
 
 import saves
 from desktop import Desktop, wait_until
-from world import (KEPT, LINES, SCENES, NotHere, brief, check_next_start, contents, end_with, expect, make_null_device,
-                   mount, small_disk)
+from world import (KEPT, LINES, NOTE, SCENES, NotHere, brief, check_next_start, contents, end_with, expect,
+                   make_null_device, mount, small_disk)
 
 ERRORS = "ENOSPC", "EDQUOT", "EIO", "EROFS", "EACCES", "EMFILE", "EINTR"
 PAUSE = 0.8  # seconds; after it a text is saved
@@ -114,6 +114,10 @@ def starts_on(world, scene, state):
         (note.file.parent / SCENES[scene].target).unlink(missing_ok=True)
         for name, text in state.items():
             (note.file.parent / name).write_bytes(text)
+        kept = note.file.with_name(KEPT)
+        if KEPT in state and state[KEPT] == state.get(NOTE):  # as two names of one file
+            kept.unlink()
+            kept.hardlink_to(note.file)
         SCENES[scene].check(note, (SCENES[scene].old, SCENES[scene].new))
 
 
@@ -224,9 +228,9 @@ def no_file(make, world):
         note.file.parent.mkdir(parents=True)
         make(note)
         kind = stat.S_IFMT(note.file.stat().st_mode)
+        kept = Path(f"{note.file.resolve()}.unreadable")
         note.start().type("x")
         note.hide()
-        kept = note.file.with_name(KEPT)
         if not note.file.is_file():
             kept = note.file.rename(note.folder / "away")
         note.perform("toggleWindow")

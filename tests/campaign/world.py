@@ -46,10 +46,12 @@ def end_with(note, number=signal.SIGTERM):
 
 def check_next_start(note, shown):
     """The next start shows the text, so that its end writes the same, and clears away what is not the note's."""
+    before = note.file.stat().st_ino if note.file.exists() else None
     note.launch()
     end_with(note)
     expect(contents(note.file) == shown, f"shown after the next start: {brief(contents(note.file))}")
-    others = {path.name for path in note.file.parent.iterdir() if not path.name.startswith(KEPT)} - {NOTE}
+    expect(note.file.stat().st_ino != before, "the end of the next start wrote nothing")
+    others = {path.name for path in note.file.parent.iterdir()} - {NOTE, KEPT}
     expect(not others, f"left in the folder: {others}")
 
 

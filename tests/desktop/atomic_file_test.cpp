@@ -151,12 +151,17 @@ TEST_F(AtomicFile, ReadsRegularFilesOnlyAndWaitsForNothing) {
   EXPECT_EQ(error, std::errc::file_too_large);
 }
 
-TEST_F(AtomicFile, LinksTheFileAndNotTheLink) {
-  put(folder / "target", "text");
-  fs::create_symlink("target", folder / "link");
-  EXPECT_FALSE(linkFile(folder / "link", folder / "second"));
+TEST_F(AtomicFile, KeepsTheFileAndNotTheLinkAndNoFolder) {
+  fs::create_directory(folder / "elsewhere");
+  put(folder / "elsewhere/target", "text");
+  fs::create_symlink("elsewhere/target", folder / "link");
+  EXPECT_FALSE(keepFile(folder / "link", ".kept"));
+  EXPECT_FALSE(keepFile(folder / "link", ".kept")) << "it has that name already";
   EXPECT_FALSE(replaceFile(folder / "link", "new"));
-  EXPECT_THAT(get(folder / "second"), Optional(std::string("text")));
+  EXPECT_THAT(get(folder / "elsewhere/target.kept"), Optional(std::string("text")));
+  EXPECT_EQ(keepFile(folder / "link", ".kept"), std::errc::file_exists);
+  EXPECT_TRUE(keepFile(folder / "elsewhere", ".kept"));
+  EXPECT_THAT(get(folder / "elsewhere/target"), Optional(std::string("new")));
 }
 
 TEST_F(AtomicFile, BaseDirectoriesFollowTheirStandard) {

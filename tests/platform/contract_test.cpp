@@ -120,15 +120,16 @@ TEST_F(Contract, FoldersAreMadeWithTheirParents) {
   EXPECT_TRUE(files.URLsForDirectory(NSApplicationSupportDirectory, NSUserDomainMask).front().is_absolute());
 }
 
-TEST_F(Contract, LinkingReplacesNothingAndKeepingFindsAFreeName) {
+TEST_F(Contract, KeepingReplacesNothingAndFindsAFreeName) {
   NSFileManager& files = NSFileManager::defaultManager();
   const URL file = harness::folder() / "x";
-  EXPECT_EQ(files.linkItemAtURL(file, harness::folder() / "y"), std::errc::no_such_file_or_directory);
+  EXPECT_EQ(files.keepItemAtURL(file, ".y"), std::errc::no_such_file_or_directory);
   EXPECT_FALSE(files.keepUnreadableItemAtURL(file)) << "nothing to keep is a success";
   putFile(file, "one");
-  EXPECT_EQ(files.linkItemAtURL(file, harness::folder() / "there"), std::errc::file_exists);
   EXPECT_FALSE(files.keepUnreadableItemAtURL(file));
+  EXPECT_FALSE(files.keepUnreadableItemAtURL(file)) << "kept before";
   EXPECT_FALSE(NSString::writeToURL("two", file));
+  EXPECT_EQ(files.keepItemAtURL(file, ".unreadable"), std::errc::file_exists);
   EXPECT_FALSE(files.keepUnreadableItemAtURL(file));
   EXPECT_THAT(fileAt(harness::folder() / "x.unreadable"), Optional(std::string("one")));
   EXPECT_THAT(fileAt(harness::folder() / "x.unreadable.2"), Optional(std::string("two")));

@@ -120,6 +120,20 @@ TEST(NoteFile, AnUndecodableNoteIsKeptBeforeItIsReplaced) {
   EXPECT_FALSE(fileAt(kept(".3"))) << "it is kept once";
 }
 
+TEST(NoteFile, ANoteThatTurnsUpAfterTheStartIsKept) {
+  const Program program;
+  headless::putFile(noteFile, "on a disk that is mounted late");
+  type("new");
+  advance(1);
+  EXPECT_THAT(fileAt(kept()), Optional(std::string("on a disk that is mounted late")));
+  EXPECT_THAT(fileAt(noteFile), Optional(std::string("new")));
+  headless::putFile(noteFile, "by another program");
+  type("er");
+  advance(1);
+  EXPECT_FALSE(fileAt(kept(".2"))) << "the window's text was there before";
+  EXPECT_THAT(fileAt(noteFile), Optional(std::string("newer")));
+}
+
 TEST(NoteFile, SavesAreHeldBackWhileAnUnreadableNoteCannotBeKept) {
   headless::putFile(noteFile, "secret");
   headless::faults().noRead = true;

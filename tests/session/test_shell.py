@@ -165,11 +165,12 @@ class TestWindows(ShellTest):
     def test_putting_the_welcome_away(self):
         """With the note, which stays as it was, for later; with the window manager, for good."""
         self.note.put_settings(pinned=False, didShowWelcome=False)
+        self.companion = self.desktop.companion("companion")
         self.note.launch()
         welcome = wait_until(self.other_window, "the welcome")
         self.desktop.wait_active(welcome)
         self.press("Escape")
-        self.note.wait_hidden()
+        self.wait_put_away()
         self.note.run_to_end()  # a second start
         wait_until(lambda: self.desktop.is_viewable(welcome), "it comes back with the note")
         self.go_to_note(60, 290)

@@ -38,10 +38,10 @@ class NSPopover : public NSObject {
   /// Whether it comes and goes gently. Popovers here appear at once either way.
   void setAnimates(bool animates) { animates_ = animates; }
 
-  /// Shows it at `rect` of `anchor`, which is all of it, once in its life; when the program is hidden, once it comes
-  /// back. It hangs from the anchor's lower edge, which is what both edges are of their anchors, or stands on the upper
-  /// one where there is no room below. A status item's button that is in a tray stands for the item's
-  /// place there.
+  /// Shows it at the whole of `anchor`, once in its life; when the program is hidden, once it comes back. It hangs from
+  /// the anchor's lower edge, or stands on the upper one where there is no room below: `rect` and `preferredEdge` say
+  /// just that wherever it is shown, and are not looked at. A status item's button that is in a tray stands for the
+  /// item's place there.
   void showRelativeToRect(NSRect rect, NSView& anchor, NSRectEdge preferredEdge);
   /// Closes it, if it is shown. `sender` is not used.
   void performClose(NSObject* sender);

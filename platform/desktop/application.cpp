@@ -10,6 +10,7 @@
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -38,9 +39,8 @@ constexpr std::chrono::milliseconds longestLastSave{5000};  // that a toolkit's 
 
 /// XWayland is preferred where there is one: only through it can a window stay on top and on every workspace.
 void choosePlatformPlugin() {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-  }
+  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY")) return;
+  qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
 }
 
 /// While the toolkit looks for a display: it would abort where there is none.
@@ -114,7 +114,7 @@ struct NSApplication::Impl {
   std::unique_ptr<desktop::ApplicationService> service;
   std::unique_ptr<desktop::WakeSignals> wakeSignals;
   std::weak_ptr<NSApplicationDelegate> delegate;
-  bool terminated = false;
+  std::atomic<bool> terminated = false;  ///< read by the toolkit's thread too
 
   /// For the exit handler, which gets no argument.
   inline static Impl* current = nullptr;
@@ -138,6 +138,7 @@ struct NSApplication::Impl {
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
   ~Impl() {
+    if (usualMessageHandler != nullptr) qInstallMessageHandler(std::exchange(usualMessageHandler, nullptr));
     current = nullptr;
     shared = {};
   }
@@ -147,7 +148,7 @@ struct NSApplication::Impl {
   }
 
   void terminate() {
-    if (std::exchange(terminated, true)) return;
+    if (terminated.exchange(true)) return;
     tellOfTermination();
     // Not quit(): that asks the windows, and one that refuses would keep the process.
     QCoreApplication::exit(EXIT_SUCCESS);
@@ -166,6 +167,7 @@ struct NSApplication::Impl {
   }
 
   static void saveFromAnyThread() {
+    if (current == nullptr || current->terminated) return;
     if (QThread::currentThread() == qApp->thread()) return tellOfTerminationOnce();
     const auto saved = std::make_shared<QSemaphore>();
     QMetaObject::invokeMethod(qApp, [saved] {
@@ -176,7 +178,7 @@ struct NSApplication::Impl {
   }
 
   static void tellOfTerminationOnce() {
-    if (current != nullptr && !std::exchange(current->terminated, true)) current->tellOfTermination();
+    if (current != nullptr && !current->terminated.exchange(true)) current->tellOfTermination();
   }
 
   /// A session that asks to save may end or go on; it tells later. It never has to wait for us.
@@ -252,8 +254,10 @@ void NSApplication::activateIgnoringOtherApps(bool /*ignoringOthers*/) {
 }
 
 void NSApplication::hide(NSObject* /*sender*/) {
+  desktop::takeActivationToken({});
   for (QWidget* const window : visibleWindows()) {
     if (window->windowType() == Qt::Dialog) shared.hiddenWindows.emplace_back(window);
+    if (impl_->windowSystem->isActive(*window)) desktop::oweFocusToPreviousProgram();
     window->hide();
   }
   if (std::exchange(shared.owesFocus, false)) impl_->windowSystem->activatePreviousProgram();

@@ -10,6 +10,7 @@
 #include "platform/application_metadata.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/strings.h"
+#include "platform/desktop/window_system.h"
 
 namespace platform::desktop {
 
@@ -54,6 +55,7 @@ std::shared_ptr<NSMenuItem> offeredCommandWithKey(std::string_view keyEquivalent
 
 QString serviceName() { return toQString(metadata::identifier); }
 QString servicePath() { return u'/' + serviceName().replace(u'.', u'/'); }
+QString activationTokenKey() { return QStringLiteral("activation-token"); }
 QString serviceInterface() { return QStringLiteral("org.freedesktop.Application"); }
 
 bool sessionBusExists() {
@@ -64,6 +66,7 @@ bool sessionBusExists() {
 
 ApplicationService::ApplicationService(std::function<void()> activate)
     : activate_(std::move(activate)), owesRequest_(qEnvironmentVariableIsSet(startedForRequest)) {
+  qunsetenv(startedForRequest);  // else it would be inherited by all that we start
   if (!sessionBusExists()) return;
   QDBusConnection bus = QDBusConnection::sessionBus();
   // The object first: who finds the name finds the object.
@@ -71,8 +74,9 @@ ApplicationService::ApplicationService(std::function<void()> activate)
     bus.registerService(serviceName());
 }
 
-void ApplicationService::Activate(const QVariantMap& /*platformData*/) {
+void ApplicationService::Activate(const QVariantMap& platformData) {
   owesRequest_ = false;
+  takeActivationToken(platformData.value(activationTokenKey()).toString());
   requests().add(activate_);
 }
 
@@ -81,13 +85,14 @@ void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& /*
 }
 
 void ApplicationService::ActivateAction(const QString& name, const QVariantList& parameter,
-                                        const QVariantMap& /*platformData*/) {
+                                        const QVariantMap& platformData) {
   QString refusal;
   const auto command = offeredAction(name, parameter, refusal);
   const bool isFirstRequest = std::exchange(owesRequest_, false);
   if (!command) {
     sendErrorReply(QDBusError::InvalidArgs, refusal);
   } else if (!isFirstRequest || command != offeredMenu.lock()->items().front()) {
+    takeActivationToken(platformData.value(activationTokenKey()).toString());
     requests().add([command] { command->performAction(); });
   }
 }

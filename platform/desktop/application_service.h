@@ -17,6 +17,9 @@ QString serviceName();
 QString servicePath();
 QString serviceInterface();
 
+/// Under which a request's platform data has an activation token.
+QString activationTokenKey();
+
 /// Whether there is a session bus to connect to, without starting one.
 bool sessionBusExists();
 
@@ -39,7 +42,7 @@ class ApplicationService : public QObject, protected QDBusContext {
  public:
   explicit ApplicationService(std::function<void()> activate);
 
-  // `platformData` has nothing that is needed under X11.
+  // `platformData` may have an activation token; see `takeActivationToken`.
 
   /// Comes forward.
   Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platformData);

@@ -14,8 +14,10 @@ namespace desktop {
 namespace {
 
 bool isWaylandSession() {
-  return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-         qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland");
+  const QString kind = qEnvironmentVariable("XDG_SESSION_TYPE");
+  if (kind == QLatin1String("wayland")) return true;
+  // An X11 session may have this one left over from another.
+  return kind != QLatin1String("x11") && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 }  // namespace

@@ -124,7 +124,7 @@ QString NoteEditor::exactTextWithComposition() const {
   if (composition_.isEmpty()) return above_ + exactText(*document());
   const QTextBlock block = textCursor().block();
   const int at = block.position() + block.layout()->preeditAreaPosition();
-  return exactText(*document(), 0, at) + withScalarValuesOnly(composition_) +
+  return above_ + exactText(*document(), 0, at) + withScalarValuesOnly(composition_) +
          exactText(*document(), at, document()->characterCount() - 1);
 }
 

@@ -14,7 +14,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/portal_shortcuts.h"
 #include "platform/desktop/strings.h"
-#include "platform/desktop/x11.h"
+#include "platform/desktop/window_system.h"
 #include "platform/hot_key.h"
 
 namespace platform::desktop {
@@ -143,10 +143,7 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     const auto hotKey =
         std::find_if(hotKeys_.begin(), hotKeys_.end(), [&](const HotKey& each) { return each.id == id; });
     if (id.isEmpty() || hotKey == hotKeys_.end()) return;
-    // The toolkit shows it to the compositor with the next activation; through XWayland a window needs none.
-    if (x11::connection() == nullptr && !activationToken.isEmpty()) {
-      qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-    }
+    takeActivationToken(activationToken);
     hotKey->pressed();
   }
 

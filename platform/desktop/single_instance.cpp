@@ -31,7 +31,7 @@ bool handOver() {
     QDBusMessage call =
         QDBusMessage::createMethodCall(serviceName(), servicePath(), serviceInterface(), QStringLiteral("Activate"));
     call.setAutoStartService(false);
-    call << QVariantMap();
+    call << QVariantMap{{activationTokenKey(), qEnvironmentVariable("XDG_ACTIVATION_TOKEN")}};
     done = bus.call(call, QDBus::Block, callTimeout).type() == QDBusMessage::ReplyMessage;
   }
   QDBusConnection::disconnectFromBus(connectionName);

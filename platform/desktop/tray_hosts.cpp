@@ -31,11 +31,11 @@ TrayHosts::TrayHosts(std::function<void()> onChange) : onChange_(std::move(onCha
 TrayHosts::~TrayHosts() = default;
 
 void TrayHosts::watchNotifierHosts() {
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  if (!sessionBusExists() || !bus.isConnected()) {
+  if (!sessionBusExists() || !QDBusConnection::sessionBus().isConnected()) {
     setNotifierHost(false);
     return;
   }
+  QDBusConnection bus = QDBusConnection::sessionBus();
   watcherWatch_.setConnection(bus);
   watcherWatch_.addWatchedService(watcherName);
   connect(&watcherWatch_, &QDBusServiceWatcher::serviceOwnerChanged, this, &TrayHosts::askNotifierWatcher);

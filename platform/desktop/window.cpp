@@ -145,12 +145,12 @@ NSView& NSWindow::contentView() { return *impl_->content; }
 void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
   NoteFrame& frame = impl_->frame;
   if (!frame.isVisible()) {
-    windowSystem().prepareToShow(frame, impl_->frame.placement);
+    windowSystem().prepareToShow(frame, frame.placement);
     frame.addActions(desktop::mainMenuCommands());
     frame.show();
   }
   // To where the user is: not every window manager leads the user to a window on another workspace.
-  windowSystem().place(frame, impl_->frame.placement);
+  windowSystem().place(frame, frame.placement);
   windowSystem().activate(frame);
 }
 

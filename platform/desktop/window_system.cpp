@@ -7,6 +7,8 @@
 namespace platform::desktop {
 namespace {
 
+constexpr auto activationToken = "XDG_ACTIVATION_TOKEN";  // which the toolkit shows with the next activation
+
 /// A display on which the toolkit's own words have to do.
 class PlainWindowSystem : public WindowSystem {
  public:
@@ -28,6 +30,15 @@ class PlainWindowSystem : public WindowSystem {
 std::unique_ptr<WindowSystem> WindowSystem::forThisDisplay() {
   if (x11::connection() != nullptr) return makeX11WindowSystem(x11::connection());
   return std::make_unique<PlainWindowSystem>();
+}
+
+void takeActivationToken(const QString& token) {
+  if (x11::connection() != nullptr) return;
+  if (token.isEmpty()) {
+    qunsetenv(activationToken);
+  } else {
+    qputenv(activationToken, token.toUtf8());
+  }
 }
 
 }  // namespace platform::desktop

@@ -40,4 +40,8 @@ class WindowSystem {
   virtual void activatePreviousProgram() = 0;
 };
 
+/// The compositor's leave to take the keyboard, for the next window that comes forward. It came with the request that
+/// is about to be answered; a request without one has an empty one. X11 windows need none.
+void takeActivationToken(const QString& token);
+
 }  // namespace platform::desktop

@@ -237,6 +237,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   /// Some window managers leave room for a decoration that the window then does not get, with each show more.
   void putWhereAsked(xcb_window_t id) {
     const auto asked = asked_.extract(id);
+    asked_.clear();  // the others of this show, which nobody activates
     if (asked.empty()) return;
     QWidget* const window = QWidget::find(id);
     // Later, for the toolkit hands on where the window is after what is told here.

@@ -10,7 +10,6 @@
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -114,13 +113,16 @@ struct NSApplication::Impl {
   std::unique_ptr<desktop::ApplicationService> service;
   std::unique_ptr<desktop::WakeSignals> wakeSignals;
   std::weak_ptr<NSApplicationDelegate> delegate;
-  std::atomic<bool> terminated = false;  ///< read by the toolkit's thread too
+  bool terminated = false;
 
   /// For the exit handler, which gets no argument.
   inline static Impl* current = nullptr;
   inline static QtMessageHandler usualMessageHandler = nullptr;
+  /// Free once the delegate has done what it does at the end; the toolkit's threads may wait for that while this goes.
+  inline static QSemaphore lastSaves{0};
 
   Impl() {
+    lastSaves.acquire(lastSaves.available());  // left by one before
     current = this;
     shared.windowSystem = windowSystem.get();
     shared.requests = &requests;
@@ -148,8 +150,8 @@ struct NSApplication::Impl {
   }
 
   void terminate() {
-    if (terminated.exchange(true)) return;
-    tellOfTermination();
+    if (terminated) return;
+    tellOfTerminationOnce();
     // Not quit(): that asks the windows, and one that refuses would keep the process.
     QCoreApplication::exit(EXIT_SUCCESS);
   }
@@ -166,19 +168,18 @@ struct NSApplication::Impl {
         });
   }
 
+  /// Comes back when all is saved: several threads warn of the same loss, and the toolkit ends the process after any.
   static void saveFromAnyThread() {
-    if (current == nullptr || current->terminated) return;
+    if (lastSaves.available() > 0) return;
     if (QThread::currentThread() == qApp->thread()) return tellOfTerminationOnce();
-    const auto saved = std::make_shared<QSemaphore>();
-    QMetaObject::invokeMethod(qApp, [saved] {
-      tellOfTerminationOnce();
-      saved->release();
-    });
-    saved->tryAcquire(1, static_cast<int>(longestLastSave.count()));
+    QMetaObject::invokeMethod(qApp, [] { tellOfTerminationOnce(); });
+    if (lastSaves.tryAcquire(1, static_cast<int>(longestLastSave.count()))) lastSaves.release();
   }
 
   static void tellOfTerminationOnce() {
-    if (current != nullptr && !current->terminated.exchange(true)) current->tellOfTermination();
+    if (current == nullptr || std::exchange(current->terminated, true)) return;
+    current->tellOfTermination();
+    lastSaves.release();
   }
 
   /// A session that asks to save may end or go on; it tells later. It never has to wait for us.

@@ -51,7 +51,8 @@ KINDS = {
     "mutter-wayland": Kind(f"mutter --wayland --headless --virtual-monitor {SIZE} --sm-disable {{home}}/announce",
                            MUTTER, STRICT_MUTTER, wayland=True, cannot=NO_POINTER),
     "kwin-wayland": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
-                         "{home}/announce", {"KWIN_COMPOSE": "Q"}, STRICT_KWIN, wayland=True, cannot=NO_POINTER, copied=True),
+                         "{home}/announce", {"KWIN_COMPOSE": "Q"}, STRICT_KWIN, wayland=True, cannot=NO_POINTER,
+                         copied=True),
     "sway": Kind("sway -c {home}/sway",
                  {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"},
                  {"sway": f"output HEADLESS-1 resolution {SIZE}\nexec xhost +local: && {{home}}/announce\n"},
@@ -114,8 +115,9 @@ class Desktop:
         kind = KINDS[self.name]
         self.environment |= kind.environment
         if not kind.wayland:
+            size = "{}x{}x24".format(*self.screen)
             self.server, number = self._spawn_announcing(
-                lambda fd: f"Xvfb -displayfd {fd} -screen 0 {self.screen[0]}x{self.screen[1]}x24 -nolisten tcp -noreset")
+                lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size} -nolisten tcp -noreset")
             self.environment["DISPLAY"] = f":{number}"
         command = self._prepare(kind)
         for _ in range(5):  # KWin at times aborts at its start
@@ -324,9 +326,9 @@ class Desktop:
 
     def call(self, bus, destination, path, method, *arguments):
         """The printed answer of a D-Bus call on the session or the system bus; AssertionError with the error's text."""
-        done = subprocess.run(["gdbus", "call", f"--{bus}", "--dest", destination, "--object-path", path,
-                               "--method", method, *arguments],
-                              env=self.environment, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=20)
+        command = ["gdbus", "call", f"--{bus}", "--dest", destination, "--object-path", path, "--method", method]
+        done = subprocess.run([*command, *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, timeout=20)
         if done.returncode != 0:
             raise AssertionError(done.stderr)
         return done.stdout

@@ -109,7 +109,8 @@ def main():
     dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
     bus = dbus.SessionBus()
     portal = Portal(bus, sys.argv[1])
-    name = dbus.service.BusName(NAME, bus, allow_replacement=True, replace_existing=True)  # the object first: callers come with the name
+    # The object first: callers come with the name.
+    name = dbus.service.BusName(NAME, bus, allow_replacement=True, replace_existing=True)
     loop = GLib.MainLoop()
 
     def obey(source, condition):

@@ -83,7 +83,8 @@ class TestServices(ShellTest):
 
     def heard(self):
         """Of each of the program's windows, what a screen reader tells: roles, names, keys in words, and states."""
-        done = subprocess.run([DEBIAN_PYTHON, Path(__file__).with_name("accessible_tree.py"), str(self.note.process.pid)],
+        reader = Path(__file__).with_name("accessible_tree.py")
+        done = subprocess.run([DEBIAN_PYTHON, reader, str(self.note.process.pid)],
                               env=self.desktop.environment, capture_output=True, text=True, timeout=20)
         program = json.loads(done.stdout or "null") or {"children": []}
         return [list(self.told(window)) for window in program["children"]]

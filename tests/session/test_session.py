@@ -173,11 +173,11 @@ class TestDaily(SessionTest):
             wait_until(followed, "the window follows the pointer on", 8)
         finally:
             self.desktop.xdotool("mouseup", 1)
+            self.desktop.sync()  # until then the window manager has the pointer
 
     def double_click_title_bar(self):
-        self.desktop.xdotool("mousemove", "--window", self.note.window, 130, TITLE_BAR[1])
-        for button in ("mousedown", "mouseup") * 2:
-            self.desktop.xdotool(button, 1)
+        self.desktop.xdotool("mousemove", "--window", self.note.window, 130, TITLE_BAR[1],
+                             "click", "--repeat", 2, "--delay", 50, 1)
 
     def test_frame_after_the_next_start(self):
         self.desktop.needs("position")

@@ -173,6 +173,7 @@ class TestWindows(ShellTest):
         self.wait_put_away()
         self.note.run_to_end()  # a second start
         wait_until(lambda: self.desktop.is_viewable(welcome), "it comes back with the note")
+        self.desktop.wait_active(welcome if self.desktop.name == "sway" else self.note.window)  # sway: what came up last
         self.go_to_note(60, 290)
         self.assertNotRegex(self.desktop.prop("_NET_WM_STATE", self.note.window), "ABOVE|STICKY")
         self.assertNotEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(0xFFFFFFFF))

@@ -322,7 +322,9 @@ class Desktop:
             self.run("wmctrl", "-i", "-c", hex(window))
 
     def is_viewable(self, window):
-        return "Map State: IsViewable" in self.run("xwininfo", "-id", window)
+        """On sway: for the compositor, too, which takes it up later and then gives it the focus."""
+        return ("Map State: IsViewable" in self.run("xwininfo", "-id", window) and
+                (self.name != "sway" or self.floats(window) is not None))
 
     def geometry(self, window):
         """x, y on the screen, width and height."""

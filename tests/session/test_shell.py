@@ -123,7 +123,7 @@ class TestWindows(ShellTest):
         self.note.hide()
         self.assertFalse(self.desktop.is_viewable(welcome))
         self.toggle()
-        wait_until(lambda: self.desktop.is_viewable(welcome), "it comes back with the note")
+        self.wait_both_back(welcome)
         self.desktop.activate(welcome)
         self.press("Return")
         wait_until(lambda: not self.desktop.is_viewable(welcome), "Return closes it")
@@ -134,6 +134,10 @@ class TestWindows(ShellTest):
         self.note.start()
         time.sleep(1)  # more than the time after which a first run shows it
         self.assertIsNone(self.other_window())
+
+    def wait_both_back(self, window):
+        """The focus is settled when both are there: where new windows get it, the last one has it."""
+        wait_until(lambda: all(map(self.desktop.is_viewable, (window, self.note.window))), "both are there")
 
     def lies_above(self, window):
         stack = self.desktop.windows(stacked=True)
@@ -172,8 +176,7 @@ class TestWindows(ShellTest):
         self.press("Escape")
         self.wait_put_away()
         self.note.run_to_end()  # a second start
-        wait_until(lambda: self.desktop.is_viewable(welcome), "it comes back with the note")
-        self.desktop.wait_active(welcome if self.desktop.name == "sway" else self.note.window)  # sway: what came up last
+        self.wait_both_back(welcome)
         self.go_to_note(60, 290)
         self.assertNotRegex(self.desktop.prop("_NET_WM_STATE", self.note.window), "ABOVE|STICKY")
         self.assertNotEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(0xFFFFFFFF))
@@ -202,7 +205,7 @@ class TestWindows(ShellTest):
         self.wait_put_away()
         self.assertFalse(self.desktop.is_viewable(window))
         self.toggle()
-        wait_until(lambda: self.desktop.is_viewable(window), "it comes back with the note")
+        self.wait_both_back(window)
         self.note.perform("checkForUpdates")
         self.desktop.wait_active(window)
         self.press("Escape")
@@ -385,14 +388,19 @@ class TestTray(ShellTest):
         settings = self.note.folder / "tint2rc"
         settings.write_text("panel_items = S\npanel_size = 100% 32\nsystray_icon_size = 24\n"
                             f"panel_position = {edge} center horizontal\n")
-        return self.start_helper("tint2", "tint2", "-c", str(settings))
+        for _ in range(3):  # on a busy machine it now and then shows nothing
+            tray = self.start_helper("tint2", "tint2", "-c", str(settings))
+            with contextlib.suppress(AssertionError):
+                wait_until(lambda: self.desktop.window_with("WM_NAME", '"tint2"'), "the panel", 7)
+                return tray
+            self.desktop.end(tray)
+        return self.fail("no panel")
 
     def test_welcome_at_the_tray(self):
         """It hangs from a panel above and stands on one below; the second start shows none."""
         for edge in "top", "bottom":
             with self.subTest(edge):
                 tray = self.start_x11_tray(edge)
-                wait_until(lambda: self.desktop.window_with("WM_NAME", '"tint2"'), "the panel")
                 self.note.put_settings(didShowWelcome=False)
                 self.note.launch()
                 welcome = wait_until(self.other_window, "the welcome")

@@ -12,6 +12,7 @@
 #include <QTextLayout>
 #include <QTextOption>
 #include <memory>
+#include <utility>
 
 #include "platform/desktop/decoration.h"
 #include "platform/desktop/exact_text.h"
@@ -237,6 +238,12 @@ void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
 bool NoteEditor::viewportEvent(QEvent* event) {
   if (actsOnText(*event)) loadRest();
   return QPlainTextEdit::viewportEvent(event);
+}
+
+void NoteEditor::showEvent(QShowEvent* event) {
+  QPlainTextEdit::showEvent(event);
+  // The toolkit scrolled to the caret before it had wrapped the lines.
+  if (!std::exchange(wasShown_, true)) ensureCursorVisible();
 }
 
 void NoteEditor::paintEvent(QPaintEvent* event) {

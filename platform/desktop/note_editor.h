@@ -41,6 +41,7 @@ class NoteEditor : public QPlainTextEdit {
  protected:
   bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
@@ -59,6 +60,7 @@ class NoteEditor : public QPlainTextEdit {
   QString lateCommit_;  ///< the composition that we ended, for as long as its input method may commit it again
   int toldRevision_ = 0;
   bool silent_ = false;
+  bool wasShown_ = false;
 };
 
 }  // namespace platform::desktop

@@ -75,8 +75,17 @@ void UpdateWindow::check() {
   interrupted_ = false;
   if (!request_) ask();
   addActions(mainMenuCommands());
+  if (!testAttribute(Qt::WA_Moved)) moveToMiddle();
   if (!isVisible()) NoteFrame::showBeside(*this);
   windowSystem().activate(*this);
+}
+
+/// Of the note's screen. Left to themselves, window managers put it into a corner.
+void UpdateWindow::moveToMiddle() {
+  const QWidget* const note = NoteFrame::first();
+  QRect place({}, sizeHint());
+  place.moveCenter((note != nullptr ? note : this)->screen()->availableGeometry().center());
+  move(place.topLeft());
 }
 
 void UpdateWindow::done(int result) {

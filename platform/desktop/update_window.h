@@ -35,6 +35,7 @@ class UpdateWindow : public QDialog {
   void showEvent(QShowEvent* event) override;
 
  private:
+  void moveToMiddle();
   void ask();
   void understand(const FeedAnswer& answer);
   void tellChecking();

@@ -93,11 +93,22 @@ TEST_F(Editor, AMegabyteWithoutASpaceIsShownAtOnce) {
 }
 
 /// Whole from the start for those who ask, and for keys that come before anything is painted.
+TEST_F(Editor, TheCaretAtTheEndIsInViewAtFirst) {
+  QString text;
+  for (int line = 0; line < 60; ++line) text += QStringLiteral("a word and ").repeated(40) + u'\n';
+  editor.loadExactText(text);
+  editor.selectExactly(text.size(), 0);
+  editor.resize(420, 320);
+  editor.show();
+  EXPECT_TRUE(editor.viewport()->rect().contains(editor.cursorRect()));
+}
+
 TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
   QString text = QStringLiteral("first\r\n");
   for (int line = 0; line < 50'000; ++line) text += QStringLiteral("line %1 ").arg(line).repeated(line % 9) + u'\n';
   text += QStringLiteral("selected");
   editor.resize(420, 320);
+  editor.setCursorWidth(0);  // it blinks
   for (const bool typed : {false, true}) {
     editor.loadExactText(text);
     editor.selectExactly(text.size() - 8, 8);

@@ -199,6 +199,8 @@ class TestWindows(ShellTest):
         window = wait_until(self.other_window, "the update window")
         self.desktop.wait_active(window)
         wait_until(lambda: self.lies_above(window), "it lies above the pinned note")
+        x, _, width, _ = self.desktop.geometry(window)
+        self.assertAlmostEqual(x + width / 2, self.desktop.screen[0] / 2, delta=20)
         self.go_to_note(100, 300)
         self.assertTrue(self.desktop.tiles or self.lies_above(window))
         self.toggle()

@@ -92,7 +92,7 @@ TEST_F(Editor, AMegabyteWithoutASpaceIsShownAtOnce) {
   EXPECT_EQ(editor.wordWrapMode(), wrapping);
 }
 
-/// Whole from the start for those who ask, and for keys that come before anything is painted.
+/// The lines are wrapped once the width is known.
 TEST_F(Editor, TheCaretAtTheEndIsInViewAtFirst) {
   QString text;
   for (int line = 0; line < 60; ++line) text += QStringLiteral("a word and ").repeated(40) + u'\n';
@@ -103,6 +103,7 @@ TEST_F(Editor, TheCaretAtTheEndIsInViewAtFirst) {
   EXPECT_TRUE(editor.viewport()->rect().contains(editor.cursorRect()));
 }
 
+/// Whole from the start for those who ask, and for keys that come before anything is painted.
 TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
   QString text = QStringLiteral("first\r\n");
   for (int line = 0; line < 50'000; ++line) text += QStringLiteral("line %1 ").arg(line).repeated(line % 9) + u'\n';

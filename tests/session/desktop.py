@@ -302,17 +302,11 @@ class Desktop:
         wait_until(lambda: self.is_active(window), what)
 
     def activate(self, window):
-        """As a user does, who asks again when a window that came up at the same moment has taken the focus."""
-        for left in reversed(range(10)):
-            if message := KINDS[self.name].message:
-                self.run(message, f"[id={window}]", "focus")
-            else:
-                self.run("wmctrl", "-i", "-a", hex(window))
-            try:
-                return wait_until(lambda: self.is_active(window), "the window is active", 2)
-            except AssertionError:
-                if not left:
-                    raise
+        if message := KINDS[self.name].message:
+            self.run(message, f"[id={window}]", "focus")
+        else:
+            self.run("wmctrl", "-i", "-a", hex(window))
+        self.wait_active(window)
 
     def close(self, window):
         """As its user does with the window manager."""
@@ -322,9 +316,7 @@ class Desktop:
             self.run("wmctrl", "-i", "-c", hex(window))
 
     def is_viewable(self, window):
-        """On sway: for the compositor, too, which takes it up later and then gives it the focus."""
-        return ("Map State: IsViewable" in self.run("xwininfo", "-id", window) and
-                (self.name != "sway" or self.floats(window) is not None))
+        return "Map State: IsViewable" in self.run("xwininfo", "-id", window)
 
     def geometry(self, window):
         """x, y on the screen, width and height."""

@@ -136,8 +136,11 @@ class TestWindows(ShellTest):
         self.assertIsNone(self.other_window())
 
     def wait_both_back(self, window):
-        """The focus is settled when both are there: where new windows get it, the last one has it."""
-        wait_until(lambda: all(map(self.desktop.is_viewable, (window, self.note.window))), "both are there")
+        """The focus is settled when both are there: sway gives it to each that it takes up."""
+        def there(each):
+            taken_up = not self.desktop.tiles or self.desktop.floats(each) is not None
+            return taken_up and self.desktop.is_viewable(each)
+        wait_until(lambda: there(window) and there(self.note.window), "it comes back with the note")
 
     def lies_above(self, window):
         stack = self.desktop.windows(stacked=True)

@@ -9,10 +9,12 @@
 #include <utility>
 #include <vector>
 
+#include "platform/desktop/line_ends.h"
+#include "platform/desktop/long_paragraphs.h"
+
 namespace platform::desktop {
 namespace {
 
-constexpr int lineEndBefore = QTextFormat::UserProperty;  // of a block's format: a LineEnd, absent for LineFeed
 constexpr QChar paragraphSeparator = QChar::ParagraphSeparator;
 
 // The two noncharacters that a document keeps for itself, and what stands for them.
@@ -38,38 +40,6 @@ void takeStandInsOut(QString& text) {
     if (!afterHigh && isStandIn(c)) text[i] = c == standInBegin ? frameBegin : frameEnd;
     afterHigh = c.isHighSurrogate();
   }
-}
-
-QStringView spelling(LineEnd kind) {
-  switch (kind) {
-    case LineEnd::LineFeed:
-      return u"\n";
-    case LineEnd::CarriageReturnLineFeed:
-      return u"\r\n";
-    case LineEnd::CarriageReturn:
-      return u"\r";
-    case LineEnd::ParagraphSeparator:
-      return u"\u2029";
-  }
-  return u"\n";
-}
-
-LineEnd lineEndOf(const QTextBlockFormat& format) { return static_cast<LineEnd>(format.intProperty(lineEndBefore)); }
-
-QTextBlockFormat withLineEnd(QTextBlockFormat format, LineEnd kind) {
-  if (kind == LineEnd::LineFeed) {
-    format.clearProperty(lineEndBefore);
-  } else {
-    format.setProperty(lineEndBefore, static_cast<int>(kind));
-  }
-  return format;
-}
-
-/// Whether there is any, or has ever been one.
-bool hasUnusualLineEnds(const QTextDocument& document) {
-  const QList<QTextFormat> formats = document.allFormats();
-  return std::any_of(formats.begin(), formats.end(),
-                     [](const QTextFormat& format) { return format.hasProperty(lineEndBefore); });
 }
 
 bool isUnusualLineEnd(QChar c) { return c == u'\r' || c == paragraphSeparator; }
@@ -98,26 +68,57 @@ struct Lines {
   };
   QString text;
   std::vector<Run> ends;
+
+  void end(LineEnd kind) {
+    if (ends.empty() || ends.back().kind != kind) ends.push_back({kind, 0});
+    ++ends.back().count;
+  }
+  void append(QStringView paragraph) {
+    qsizetype start = 0;
+    for (const qsizetype joint : jointsIn(paragraph)) {
+      text.append(paragraph.sliced(start, joint - start)).append(u'\n');
+      end(LineEnd::Joint);
+      start = joint;
+    }
+    text.append(paragraph.sliced(start));
+  }
 };
+
+/// Whether a document has it as it is.
+bool isOrdinary(QStringView text) {
+  if (std::any_of(text.begin(), text.end(), isUnusualLineEnd)) return false;
+  while (!text.isEmpty()) {
+    const auto end = std::find(text.begin(), text.end(), QChar(u'\n'));
+    if (!fitsInBlock(text.first(end - text.begin()))) return false;
+    text = text.sliced(std::min<qsizetype>(end - text.begin() + 1, text.size()));
+  }
+  return true;
+}
 
 Lines linesOf(const QString& text) {
   Lines lines;
-  if (std::none_of(text.begin(), text.end(), isUnusualLineEnd)) {
+  if (isOrdinary(text)) {
     lines.text = text;
-    lines.ends.push_back({LineEnd::LineFeed, static_cast<int>(text.count(u'\n'))});
-  } else {
-    lines.text.reserve(text.size());
-    QStringView rest = text;
-    QStringView line;
-    while (const auto kind = cutLine(rest, line)) {
-      lines.text.append(line).append(u'\n');
-      if (lines.ends.empty() || lines.ends.back().kind != *kind) lines.ends.push_back({*kind, 0});
-      ++lines.ends.back().count;
-    }
-    lines.text.append(line);
+    putStandInsIn(lines.text);
+    return lines;
   }
+  lines.text.reserve(text.size());
+  QStringView rest = text;
+  QStringView line;
+  while (const auto kind = cutLine(rest, line)) {
+    lines.append(line);
+    lines.text.append(u'\n');
+    lines.end(*kind);
+  }
+  lines.append(line);
   putStandInsIn(lines.text);
   return lines;
+}
+
+/// What is before the paragraph, however many blocks it has.
+LineEnd lineEndBeforeParagraph(QTextBlock block) {
+  while (isJoined(block)) block = block.previous();
+  return lineEndBefore(block);
 }
 
 class WithoutUndo {
@@ -133,13 +134,6 @@ class WithoutUndo {
   QTextDocument& document_;
   bool was_;
 };
-
-/// Marks the blocks `first` to `last`, both included, as following a line end of that kind.
-void markBlocks(QTextDocument& document, int first, int last, LineEnd kind) {
-  QTextCursor cursor(document.findBlockByNumber(first));
-  cursor.setPosition(document.findBlockByNumber(last).position(), QTextCursor::KeepAnchor);
-  cursor.setBlockFormat(withLineEnd({}, kind));
-}
 
 }  // namespace
 
@@ -157,8 +151,8 @@ QString withScalarValuesOnly(QString text) {
 }
 
 bool needsExactInsertion(QStringView text) {
-  return std::any_of(text.begin(), text.end(),
-                     [](QChar c) { return c.isSurrogate() || isFrameMark(c) || isUnusualLineEnd(c); });
+  const auto isSpecial = [](QChar c) { return c.isSurrogate() || isFrameMark(c) || isUnusualLineEnd(c); };
+  return std::any_of(text.begin(), text.end(), isSpecial) || !fitsInBlock(text);
 }
 
 void setExactText(QTextDocument& document, const QString& text) {
@@ -171,21 +165,31 @@ void prependExactText(QTextDocument& document, const QString& text) {
   const WithoutUndo withoutUndo(document);
   insertExactText(QTextCursor(&document), text);
   // The first block has the kind of the first line end too, so that a line made before it is of that kind.
-  const QTextBlock second = document.begin().next();
-  if (second.isValid()) markBlocks(document, 0, 0, lineEndOf(second.blockFormat()));
+  QTextBlock second = document.begin().next();
+  while (isJoined(second)) second = second.next();
+  if (second.isValid()) setLineEnds(document, 0, 0, lineEndBefore(second));
 }
 
 void insertExactText(QTextCursor cursor, const QString& text) {
   cursor.beginEditBlock();
   cursor.removeSelectedText();
   const Lines lines = linesOf(text);
-  const LineEnd inherited = lineEndOf(cursor.blockFormat());
   int block = cursor.blockNumber();
   cursor.insertText(lines.text);
   for (const auto& [kind, count] : lines.ends) {
-    if (kind != inherited) markBlocks(*cursor.document(), block + 1, block + count, kind);
+    if (kind != LineEnd::LineFeed) setLineEnds(*cursor.document(), block + 1, block + count, kind);
     block += count;
   }
+  cursor.endEditBlock();
+}
+
+void insertLineEnd(QTextCursor cursor) {
+  cursor.beginEditBlock();
+  cursor.removeSelectedText();
+  // In the place of a joint.
+  stepOverJoints(cursor, Direction::Forward);
+  if (isJoined(cursor.block()) && cursor.atBlockStart()) cursor.deletePreviousChar();
+  cursor.insertBlock(cursor.blockFormat(), formatOf(lineEndBeforeParagraph(cursor.block())));
   cursor.endEditBlock();
 }
 
@@ -195,7 +199,7 @@ QString exactText(const QTextDocument& document, int start, int end) {
   QTextBlock block = document.findBlock(start);
   // Counted, not asked of each block, which would look it up in a tree.
   for (int position = block.position(); block.isValid() && position <= end; block = block.next()) {
-    if (position > start) text += spelling(lineEndOf(block.blockFormat()));
+    if (position > start) text += spelling(lineEndBefore(block));
     const int from = std::max(start - position, 0);
     const int length = std::min(end - position, block.length() - 1) - from;
     text += QStringView(block.text()).mid(from, length);
@@ -218,7 +222,7 @@ int positionForExactIndex(const QTextDocument& document, qsizetype index) {
   QTextBlock block = document.begin();
   qsizetype start = 0;
   for (QTextBlock next = block.next(); next.isValid(); next = next.next()) {
-    const qsizetype nextStart = start + block.length() - 1 + spelling(lineEndOf(next.blockFormat())).size();
+    const qsizetype nextStart = start + block.length() - 1 + spelling(lineEndBefore(next)).size();
     if (index < nextStart) break;
     start = nextStart;
     block = next;

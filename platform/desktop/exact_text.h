@@ -8,12 +8,10 @@
 class QTextDocument;
 
 /// Texts in a QTextDocument without a loss. The document by itself folds every kind of line end into one and
-/// gives a meaning of its own to two noncharacters. Here each block remembers the kind of line end before it, in
-/// its block format, which undo and redo restore; and lone low surrogates, which no text contains, stand for the
-/// two noncharacters.
+/// gives a meaning of its own to two noncharacters. Here it remembers the kinds of line ends (see line_ends.h) and
+/// shows long paragraphs in pieces (see long_paragraphs.h); and lone low surrogates, which no text contains, stand for
+/// the two noncharacters.
 namespace platform::desktop {
-
-enum class LineEnd { LineFeed, CarriageReturnLineFeed, CarriageReturn, ParagraphSeparator };
 
 /// `text` with U+FFFD for every lone surrogate.
 QString withScalarValuesOnly(QString text);
@@ -29,6 +27,9 @@ void prependExactText(QTextDocument&, const QString& text);
 
 /// Replaces the selection as one step of undo. Surrogates are paired.
 void insertExactText(QTextCursor cursor, const QString& text);
+
+/// Replaces the selection by a line end of the kind that the line before has.
+void insertLineEnd(QTextCursor cursor);
 
 /// The text between two positions of the document, `end` excluded.
 QString exactText(const QTextDocument&, int start, int end);

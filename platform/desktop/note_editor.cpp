@@ -1,52 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/note_editor.h"
 
-#include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPlainTextDocumentLayout>
 #include <QScopedValueRollback>
-#include <QScrollBar>
 #include <QTextBlock>
-#include <QTextLayout>
 #include <QTextOption>
 #include <memory>
 #include <utility>
 
 #include "platform/desktop/decoration.h"
+#include "platform/desktop/editor_keys.h"
 #include "platform/desktop/exact_text.h"
+#include "platform/desktop/long_paragraphs.h"
+#include "platform/desktop/offered_text.h"
 
 namespace platform::desktop {
 namespace {
 
-constexpr int tabWidth = 8;          // characters
-constexpr int longestWord = 20'000;  // characters
-constexpr int firstPiece = 100'000;  // characters; more than the largest screen shows
-constexpr int laterPiece = 300'000;  // characters
-
-bool hasEndlessWord(const QTextBlock& block) {
-  if (block.length() <= longestWord) return false;
-  int word = 0;
-  for (const QChar c : block.text()) {
-    word = c.isSpace() ? 0 : word + 1;
-    if (word > longestWord) return true;
-  }
-  return false;
-}
-
-/// In the blocks from one position to the other.
-bool hasEndlessWord(const QTextDocument& document, int start, int end) {
-  for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() <= end; block = block.next()) {
-    if (hasEndlessWord(block)) return true;
-  }
-  return false;
-}
-
-/// The start of the lines at the end of the text that have so many characters together, or a few more.
-qsizetype startOfLastPiece(QStringView text, qsizetype length) {
-  return text.size() > length ? text.lastIndexOf(u'\n', -length) + 1 : 0;
-}
+constexpr int tabWidth = 8;  // characters
 
 /// What the user does to the text, or to what of it is in view.
 bool actsOnText(const QEvent& event) {
@@ -95,77 +68,40 @@ NoteEditor::NoteEditor() {
   addScrollBarWidget(&roomAboveScroller_, Qt::AlignTop);
   connect(this, &QPlainTextEdit::textChanged, [this] { tellOfEdit(); });
   connect(&loader_, &QTimer::timeout, this, &NoteEditor::loadPiece);
-  connect(document(), &QTextDocument::contentsChange, this, &NoteEditor::chooseWrapping);
-}
-
-/// The toolkit looks for the end of a word at each of its lines, so that one of a megabyte takes minutes. While there
-/// is one that is too long, lines break anywhere. Called before the lines are made.
-void NoteEditor::chooseWrapping(int position, int removed, int added) {
-  const bool anywhere = wordWrapMode() == QTextOption::WrapAnywhere;
-  const bool endless = hasEndlessWord(*document(), position, position + added) ||
-                       (anywhere && (removed == 0 || hasEndlessWord(*document(), 0, document()->characterCount())));
-  if (endless != anywhere) {
-    setWordWrapMode(endless ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
-  }
 }
 
 void NoteEditor::editKey(QKeyEvent& key) {
-  if (key.matches(QKeySequence::InsertParagraphSeparator) || key.matches(QKeySequence::InsertLineSeparator)) {
-    // The toolkit's own Return drops an empty line's kind of line end, and its Shift+Return types U+2028.
-    textCursor().insertBlock();
+  const QString text = typedText(key);
+  if (const auto direction = directionOfEdit(key)) stepOverJointsTo(*direction);
+  if (endsLine(key)) {
+    // The toolkit's own Return drops a line end's kind, and its Shift+Return types U+2028.
+    insertLineEnd(textCursor());
     ensureCursorVisible();
-  } else if (needsExactInsertion(key.text())) {
-    insertExactly(key.text());
+  } else if (needsExactInsertion(text)) {
+    insertExactly(text);
+  } else if (key.matches(QKeySequence::DeleteEndOfLine)) {
+    removeRestOfParagraph(textCursor());
+    ensureCursorVisible();
   } else {
-    QPlainTextEdit::keyPressEvent(&key);
+    QKeyEvent edit(key.type(), key.key(), key.modifiers(), text, key.isAutoRepeat(), static_cast<ushort>(key.count()));
+    giveToToolkit(edit);
+    key.setAccepted(edit.isAccepted());
   }
 }
 
-QString NoteEditor::exactTextWithComposition() const {
-  if (composition_.isEmpty()) return above_ + exactText(*document());
-  const QTextBlock block = textCursor().block();
-  const int at = block.position() + block.layout()->preeditAreaPosition();
-  return above_ + exactText(*document(), 0, at) + withScalarValuesOnly(composition_) +
-         exactText(*document(), at, document()->characterCount() - 1);
-}
-
-void NoteEditor::loadExactText(const QString& text) {
-  const QScopedValueRollback quiet(silent_, true);
-  const qsizetype start = startOfLastPiece(text, firstPiece);
-  above_ = text.first(start);
-  setExactText(*document(), text.sliced(start));
-  toldRevision_ = document()->revision();
-}
-
-void NoteEditor::loadRest() {
-  while (!above_.isEmpty()) loadPiece();
-}
-
-void NoteEditor::loadPiece() {
-  const QScopedValueRollback quiet(silent_, true);
-  const qsizetype start = startOfLastPiece(above_, laterPiece);
-  const int blocks = blockCount();
-  const QTextBlock top = firstVisibleBlock();
-  const int topBlock = top.blockNumber();
-  const int topLine = verticalScrollBar()->value() - top.firstLineNumber();
-  prependExactText(*document(), above_.sliced(start));
-  above_.truncate(start);
-  toldRevision_ = document()->revision();
-  // What is in view stays.
-  const QTextBlock sameTop = document()->findBlockByNumber(topBlock + blockCount() - blocks);
-  verticalScrollBar()->setValue(sameTop.firstLineNumber() + topLine);
-  if (!above_.isEmpty()) return;
-  above_.squeeze();
-  loader_.stop();
-}
-
-void NoteEditor::selectExactly(qsizetype location, qsizetype length) {
-  if (location < above_.size()) loadRest();
-  location -= above_.size();
+void NoteEditor::stepOverJointsTo(Direction direction) {
   QTextCursor cursor = textCursor();
-  cursor.setPosition(positionForExactIndex(*document(), location));
-  if (length > 0) cursor.setPosition(positionForExactIndex(*document(), location + length), QTextCursor::KeepAnchor);
-  setTextCursor(cursor);
+  stepOverJoints(cursor, direction);
+  if (cursor != textCursor()) setTextCursor(cursor);
+}
+
+void NoteEditor::giveToToolkit(QKeyEvent& key) {
+  const int revision = document()->revision();
+  const int position = textCursor().position();
+  QPlainTextEdit::keyPressEvent(&key);
+  // A move goes on to where the user sees one.
+  const bool moved = document()->revision() == revision;
+  if (moved && onlyJointBetween(*document(), position, textCursor().position())) QPlainTextEdit::keyPressEvent(&key);
 }
 
 void NoteEditor::setNoteFont(const QFont& font) {
@@ -182,62 +118,27 @@ void NoteEditor::setInset(int horizontal, int vertical) {
   setViewportMargins(horizontal - margin, titleBarHeight, horizontal - margin, 0);
 }
 
-void NoteEditor::commitComposition() {
-  if (composition_.isEmpty()) return;
-  const QString before = exactTextWithComposition();
-  lateCommit_ = composition_;
-  {
-    const QScopedValueRollback quiet(silent_, true);
-    if (hasFocus()) QGuiApplication::inputMethod()->commit();
-    if (!composition_.isEmpty()) {
-      QInputMethodEvent commit;
-      commit.setCommitString(composition_);
-      inputMethodEvent(&commit);
-      QGuiApplication::inputMethod()->reset();
-    }
-  }
-  if (exactTextWithComposition() == before) {
-    toldRevision_ = document()->revision();
-  } else {
-    tellOfEdit();
-  }
-}
-
-void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
-  if (!lateCommit_.isEmpty() && event->preeditString().isEmpty() && event->commitString() == lateCommit_ && !silent_) {
-    // Some input methods commit, on losing the focus, what was taken from them before.
-    lateCommit_.clear();
-    return;
-  }
-  if (!event->preeditString().isEmpty()) lateCommit_.clear();
-  const bool replacesSelection = textCursor().hasSelection() && !event->preeditString().isEmpty();
-  const bool edits = replacesSelection || !event->commitString().isEmpty() || event->replacementLength() > 0;
-  composition_ = event->preeditString();
-  {
-    // The toolkit reports the composition as a change too.
-    const QScopedValueRollback quiet(silent_, true);
-    if (needsExactInsertion(event->commitString())) {
-      // The toolkit would fold what the document cannot hold: it gets the rest of the event, we put in the text.
-      QInputMethodEvent removal;
-      removal.setCommitString({}, event->replacementStart(), event->replacementLength());
-      QPlainTextEdit::inputMethodEvent(&removal);
-      insertExactly(event->commitString());
-      QInputMethodEvent rest(event->preeditString(), event->attributes());
-      QPlainTextEdit::inputMethodEvent(&rest);
-    } else {
-      QPlainTextEdit::inputMethodEvent(event);
-    }
-  }
-  if (edits) {
-    tellOfEdit();
-  } else {
-    toldRevision_ = document()->revision();
-  }
+/// The document is whole, the caret blinks, and what an input method has not committed again it no longer will.
+void NoteEditor::prepareForUser(const QEvent& event) {
+  if (event.type() != QEvent::InputMethod) lateCommit_.clear();
+  caret_.blink();
+  loadRest();
 }
 
 bool NoteEditor::viewportEvent(QEvent* event) {
-  if (actsOnText(*event)) loadRest();
+  if (actsOnText(*event)) prepareForUser(*event);
   return QPlainTextEdit::viewportEvent(event);
+}
+
+void NoteEditor::focusInEvent(QFocusEvent* event) {
+  lateCommit_.clear();
+  QPlainTextEdit::focusInEvent(event);
+  caret_.blink();
+}
+
+void NoteEditor::focusOutEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusOutEvent(event);
+  caret_.end();
 }
 
 void NoteEditor::showEvent(QShowEvent* event) {
@@ -252,7 +153,7 @@ void NoteEditor::paintEvent(QPaintEvent* event) {
 }
 
 bool NoteEditor::event(QEvent* event) {
-  if (actsOnText(*event)) loadRest();
+  if (actsOnText(*event)) prepareForUser(*event);
   // The toolkit's editor would keep the keys of the main menu to itself.
   if (event->type() == QEvent::ShortcutOverride) {
     event->ignore();
@@ -262,7 +163,6 @@ bool NoteEditor::event(QEvent* event) {
 }
 
 void NoteEditor::keyPressEvent(QKeyEvent* event) {
-  lateCommit_.clear();
   if (onKey) {
     onKey(*event);
   } else {
@@ -277,8 +177,10 @@ QMimeData* NoteEditor::createMimeDataFromSelection() const {
   return data.release();  // the caller's, as the toolkit asks
 }
 
+bool NoteEditor::canInsertFromMimeData(const QMimeData* source) const { return offeredText(*source).has_value(); }
+
 void NoteEditor::insertFromMimeData(const QMimeData* source) {
-  if (source->hasText()) insertExactly(source->text());
+  if (const auto text = offeredText(*source)) insertExactly(*text);
 }
 
 void NoteEditor::insertExactly(const QString& text) {
@@ -289,6 +191,10 @@ void NoteEditor::insertExactly(const QString& text) {
 void NoteEditor::tellOfEdit() {
   // The toolkit reports a change of looks too; it leaves the revision alone.
   if (silent_ || document()->revision() == toldRevision_) return;
+  if (!document()->isRedoAvailable()) {
+    const QScopedValueRollback quiet(silent_, true);
+    arrangeBlock(textCursor());
+  }
   toldRevision_ = document()->revision();
   if (onEdit) onEdit();
 }

@@ -5,6 +5,9 @@
 #include <QTimer>
 #include <functional>
 
+#include "platform/desktop/caret_rest.h"
+#include "platform/desktop/long_paragraphs.h"
+
 namespace platform::desktop {
 
 /// The toolkit's plain-text editor, made exact: it holds every text without a loss (see exact_text.h), and tells of
@@ -43,19 +46,26 @@ class NoteEditor : public QPlainTextEdit {
   bool viewportEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool canInsertFromMimeData(const QMimeData* source) const override;
   QMimeData* createMimeDataFromSelection() const override;
   void insertFromMimeData(const QMimeData* source) override;
 
  private:
+  void stepOverJointsTo(Direction direction);
+  void giveToToolkit(QKeyEvent& key);
+  void prepareForUser(const QEvent& event);
+  bool isCommittedAgain(const QInputMethodEvent& event);
   void insertExactly(const QString& text);
   void loadPiece();
   void tellOfEdit();
-  void chooseWrapping(int position, int removed, int added);
 
   QWidget roomAboveScroller_;
   QString above_;  ///< what of the text is before that of the document, as yet
   QTimer loader_;
+  CaretRest caret_{*this};
   QString composition_;
   QString lateCommit_;  ///< the composition that we ended, for as long as its input method may commit it again
   int toldRevision_ = 0;

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QTest>
 #include <QTextBlock>
 #include <memory>
 
@@ -70,26 +73,64 @@ TEST_F(Editor, ACompositionThatWasEndedIsNotCommittedAgain) {
   compose({}, QStringLiteral("abc"));
   EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abcabc"));
   EXPECT_EQ(edits, 1);
+  editor.loadExactText({});
+  compose(QStringLiteral("abc"));
+  editor.commitComposition();
+  compose({});
+  compose({}, QStringLiteral("x"));
+  compose({}, QStringLiteral("abc"));  // typed
+  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abcxabc"));
 }
 
-TEST_F(Editor, AMegabyteWithoutASpaceIsShownAtOnce) {
+TEST_F(Editor, ANoteThatIsLeftAloneShowsItsCaretAndWakesNothingUp) {
+  editor.loadExactText(QStringLiteral("note"));
   editor.resize(420, 320);
   editor.show();
-  editor.loadExactText(QStringLiteral("some words before\n"));
-  editor.moveCursor(QTextCursor::End);
-  const auto wrapping = editor.wordWrapMode();
-  const QString word(1'000'000, u'x');
-  editor.textCursor().insertText(word);
-  editor.insertPlainText(QStringLiteral("y"));
-  EXPECT_EQ(editor.exactTextWithComposition().size(), 18 + word.size() + 1);
-  EXPECT_GT(editor.document()->lastBlock().lineCount(), 1000);
-  EXPECT_NE(editor.wordWrapMode(), wrapping);
-  editor.undo();
-  editor.undo();
-  EXPECT_EQ(editor.wordWrapMode(), wrapping) << "words are whole again when it is gone";
-  editor.loadExactText(word);
-  editor.loadExactText(QStringLiteral("short"));
-  EXPECT_EQ(editor.wordWrapMode(), wrapping);
+  QApplication::setCursorFlashTime(400);
+  const auto send = [this](QEvent&& event) { QCoreApplication::sendEvent(&editor, &event); };
+  const auto timers = [this] {
+    qsizetype all = 0;
+    for (QObject* const part : editor.findChildren<QObject*>()) {
+      all += QAbstractEventDispatcher::instance()->registeredTimers(part).size();
+    }
+    return all;
+  };
+  const QImage without = editor.viewport()->grab().toImage();
+  send(QFocusEvent(QEvent::FocusIn));
+  ASSERT_EQ(timers(), 2) << "to blink, and to rest";
+  const auto rest = [&] {
+    editor.findChild<QTimer*>(QStringLiteral("caretRest"))->start(0);
+    QTest::qWait(20);
+    EXPECT_EQ(timers(), 0);
+    EXPECT_NE(editor.viewport()->grab().toImage(), without);
+  };
+  rest();
+  send(QKeyEvent(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier));
+  EXPECT_EQ(timers(), 2);
+  rest();
+  send(QFocusEvent(QEvent::FocusOut));
+  EXPECT_EQ(editor.viewport()->grab().toImage(), without);
+  QApplication::setCursorFlashTime(0);  // a desktop on which nothing blinks
+  send(QFocusEvent(QEvent::FocusIn));
+  EXPECT_EQ(timers(), 0);
+}
+
+/// Whole in every way but in its layout, which comes up piece by piece.
+TEST_F(Editor, AnEndlessParagraphIsShownAtOnce) {
+  editor.resize(420, 320);
+  editor.show();
+  for (const QString& part : {QStringLiteral("x"), QStringLiteral(u"\U0001F600"), QStringLiteral(u"\u0301")}) {
+    const QString text = part.repeated(1'000'000);
+    editor.loadExactText(QStringLiteral("short"));
+    QElapsedTimer clock;
+    clock.start();
+    compose({}, text);
+    editor.grab();
+    EXPECT_LT(clock.elapsed(), 20'000) << "minutes, if it were laid out whole";
+    EXPECT_TRUE(editor.exactTextWithComposition() == QStringLiteral("short") + text);
+    editor.loadExactText(text);
+    EXPECT_TRUE(editor.exactTextWithComposition() == text);
+  }
 }
 
 /// The lines are wrapped once the width is known.

@@ -5,13 +5,16 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
 #include <memory>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop/exact_text.h"
+#include "platform/desktop/long_paragraphs.h"
 #include "platform/desktop/note_editor.h"
 
 namespace platform::desktop {
@@ -20,6 +23,7 @@ namespace {
 /// The protected ways in and out, as the toolkit uses them.
 class Editor : public NoteEditor {
  public:
+  using NoteEditor::canInsertFromMimeData;
   using NoteEditor::insertFromMimeData;
   QString copied() const { return std::unique_ptr<QMimeData>(createMimeDataFromSelection())->text(); }
   QString text() const { return exactTextWithComposition(); }
@@ -121,41 +125,111 @@ TEST_F(ExactText, LineEndsShowAsLinesAndAreContinued) {
   EXPECT_EQ(editor->text(), QStringLiteral(u"a\r\nb\nc\rd\u2029e"));
 }
 
-TEST_F(ExactText, ShiftReturnIsAnOrdinaryLineEnd) {
+TEST_F(ExactText, KeysTypeWhatTheLayoutMakesOfThem) {
+  constexpr Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
   editor->typed(QStringLiteral("\r"), Qt::Key_Return, Qt::ShiftModifier);
-  EXPECT_EQ(editor->text(), QStringLiteral("\n"));
+  editor->typed(QStringLiteral("\r"), Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(editor->text(), QStringLiteral("\n\n")) << "an ordinary line end";
+  editor->loadExactText({});
+  editor->typed(QStringLiteral("\r"), Qt::Key_M, Qt::ControlModifier);
+  editor->typed(QStringLiteral("\r"), Qt::Key_M, altGr);
+  for (const auto held : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+    editor->typed(QStringLiteral("x"), Qt::Key_X, held);
+    editor->typed(QStringLiteral(u"\U0001D4CD"), Qt::Key_unknown, held);
+  }
+  EXPECT_EQ(editor->text(), QString());
+  editor->typed(QStringLiteral("@"), Qt::Key_At, altGr);
+  editor->typed(QStringLiteral(u"\U0001D4CD"), Qt::Key_unknown, altGr);
+  editor->typed(QStringLiteral(" one"), Qt::Key_unknown, Qt::ShiftModifier);
+  EXPECT_EQ(editor->text(), QStringLiteral(u"@\U0001D4CD one"));
+  editor->typed(QStringLiteral("\x7F"), Qt::Key_Backspace, Qt::ControlModifier);
+  EXPECT_EQ(editor->text(), QStringLiteral(u"@\U0001D4CD ")) << "a command";
+}
+
+TEST_F(ExactText, TakesUtf8ThatIsOfferedAsNothingElse) {
+  for (const auto* const format : {"text/plain;charset=utf-8", "text/plain; charset=\"UTF-8\""}) {
+    QMimeData data;
+    data.setData(QLatin1String(format), "\xEF\xBB\xBF\xC3\xA9\r\n\xFFz");
+    editor->loadExactText({});
+    EXPECT_TRUE(editor->canInsertFromMimeData(&data));
+    editor->insertFromMimeData(&data);
+    EXPECT_EQ(editor->text(), QStringLiteral(u"\uFEFF\u00E9\r\n\uFFFDz"));
+  }
+}
+
+TEST_F(ExactText, AJointInALongParagraphIsNoPartOfIt) {
+  const QString paragraph = QStringLiteral("0123456789").repeated(5000);
+  editor->loadExactText(QStringLiteral("first\r\n") + paragraph);
+  ASSERT_GT(editor->document()->blockCount(), 3);
+  const int joint = 7 + editor->document()->findBlockByNumber(1).length() - 1;
+  const auto at = [&](int index, const std::vector<std::pair<int, Qt::KeyboardModifiers>>& keys) {
+    editor->loadExactText(QStringLiteral("first\r\n") + paragraph);
+    const QString before = editor->text();
+    editor->selectExactly(index, 0);
+    for (const auto& [key, held] : keys) editor->typed(key == Qt::Key_X ? QStringLiteral("x") : QString(), key, held);
+    const QString after = editor->text();
+    while (editor->document()->isUndoAvailable()) editor->undo();
+    EXPECT_TRUE(editor->text() == before);
+    return after.mid(joint - 4, 8);
+  };
+  const QString around = at(joint, {});
+  const QString left = around.left(4);
+  const QString right = around.mid(4);
+  const std::pair x{Qt::Key_X, Qt::NoModifier};
+  const std::pair moveLeft{Qt::Key_Left, Qt::NoModifier};
+  const std::pair moveRight{Qt::Key_Right, Qt::NoModifier};
+  EXPECT_EQ(at(joint, {x}), left + u'x' + right.left(3));
+  EXPECT_EQ(at(joint - 1, {moveRight, moveRight, x}), left + right[0] + u'x' + right.mid(1, 2));
+  EXPECT_EQ(at(joint + 1, {moveLeft, moveLeft, x}), left.left(3) + u'x' + left[3] + right.left(3));
+  const std::vector backspace{std::pair{Qt::Key_Backspace, Qt::KeyboardModifiers()}};
+  EXPECT_EQ(at(joint, {backspace[0]}), left.left(3) + around.mid(4) + paragraph[joint - 7 + 4]);
+  EXPECT_EQ(at(joint - 1, {moveRight, {Qt::Key_Delete, Qt::NoModifier}}),
+            left + right.mid(1) + paragraph[joint - 7 + 4]);
+  EXPECT_EQ(at(joint, {{Qt::Key_Return, Qt::NoModifier}}), left + QStringLiteral("\r\n") + right.left(2));
+  editor->selectExactly(joint - 1, 0);
+  removeRestOfParagraph(editor->textCursor());
+  EXPECT_EQ(editor->text(), (QStringLiteral("first\r\n") + paragraph).left(joint - 1));
 }
 
 /// Random edits beside a plain string, with every step undone and redone at the end.
 TEST_F(ExactText, SurvivesARunOfRandomEdits) {
-  const std::vector<QString> pieces{QStringLiteral("word"),        QStringLiteral("\n"),
-                                    QStringLiteral("\n\n"),        QStringLiteral(u"\u2028"),
-                                    QStringLiteral(u"\uFDD0x"),    QStringLiteral(u"\U0001F4CC"),
-                                    QStringLiteral("\ttab\nline"), QStringLiteral(u"e\u0301")};
+  const std::vector<QString> pieces{QStringLiteral("word"),
+                                    QStringLiteral("\n\n"),
+                                    QStringLiteral(u"\u2028"),
+                                    QStringLiteral("\r\n"),
+                                    QStringLiteral(u"\uFDD0x"),
+                                    QStringLiteral(u"\u2192").repeated(300),
+                                    QStringLiteral(u"\u2029"),
+                                    QStringLiteral("\ttab\nline"),
+                                    QString(),
+                                    QStringLiteral(u"e\u0301\U0001F4CC")};
+  const auto isOne = [](QChar before, QChar after) {
+    return (before.isHighSurrogate() && after.isLowSurrogate()) || (before == u'\r' && after == u'\n');
+  };
   for (unsigned seed = 0; seed < 20; ++seed) {
     std::mt19937 random(seed);
     const auto upTo = [&](qsizetype n) { return static_cast<int>(random() % static_cast<unsigned>(n + 1)); };
     QString model;
-    std::vector<QString> states{model};
     editor->loadExactText(model);
     for (int step = 0; step < 60; ++step) {
-      const int start = upTo(model.size());
-      const int length = upTo(std::min<qsizetype>(model.size() - start, 4));
-      const auto splitsPair = [&](int at) {
-        return at > 0 && at < model.size() && model[at].isLowSurrogate() && model[at - 1].isHighSurrogate();
-      };
-      if (splitsPair(start) || splitsPair(start + length)) continue;
+      int start = upTo(model.size());
+      const int length = upTo(std::min<qsizetype>(model.size() - start, step % 5 == 0 ? 600 : 4));
+      const auto splits = [&](int at) { return at > 0 && at < model.size() && isOne(model[at - 1], model[at]); };
+      if (splits(start) || splits(start + length)) continue;
       const QString piece = pieces[static_cast<std::size_t>(upTo(static_cast<qsizetype>(pieces.size()) - 1))];
-      QTextCursor cursor(editor->document());
-      cursor.setPosition(start);
-      cursor.setPosition(start + length, QTextCursor::KeepAnchor);
-      insertExactText(cursor, piece);
-      model.replace(start, length, piece);
-      states.push_back(model);
+      editor->selectExactly(start, length);
+      if (!piece.isEmpty()) {
+        editor->paste(piece);
+        model.replace(start, length, piece);
+      } else {
+        editor->typed({}, Qt::Key_Backspace);
+        const int back = length > 0 || start == 0 ? 0 : start > 1 && isOne(model[start - 2], model[start - 1]) ? 2 : 1;
+        model.remove(start - back, length + back);
+      }
       ASSERT_EQ(editor->text(), model) << "seed " << seed << " step " << step;
     }
     while (editor->document()->isUndoAvailable()) editor->undo();
-    ASSERT_EQ(editor->text(), states.front()) << "seed " << seed;
+    ASSERT_EQ(editor->text(), QString()) << "seed " << seed;
     while (editor->document()->isRedoAvailable()) editor->redo();
     ASSERT_EQ(editor->text(), model) << "seed " << seed;
   }

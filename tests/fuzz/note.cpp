@@ -13,6 +13,8 @@ namespace {
 using namespace platform;
 using fuzz::require;
 
+constexpr std::size_t longOnes = 8;  // one in so many is repeated until its paragraphs are shown in pieces
+
 bool isUtf8ForTheToolkit(const std::string& bytes) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
   const QString decoded = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
@@ -58,7 +60,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   view.setString(bytes);
   require(view.string() == bytes, "what is shown is saved as the bytes that were read");
   view.setSelectedRange({utf16Length(bytes), 0});
-  checkEdits(QString::fromStdString(bytes), size == 0 ? 0 : data[size / 2]);
+  const QString text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  checkEdits(text, size == 0 ? 0 : data[size / 2]);
+  if (size % longOnes == 0) checkEdits(text.repeated(200), size == 0 ? 0 : data[size / 2]);
   QCoreApplication::processEvents();
   return 0;
 }

@@ -34,8 +34,8 @@ class NSButton : public NSView {
   const std::string& title() const { return title_; }
   const NSColor& contentTintColor() const { return tint_; }
 
-  /// What a click does. `sender` is not used.
-  void performClick(NSObject* sender);
+  /// What a click does.
+  void performClick();
 
   /// Replaces the image, and with it the accessible name; none empties the button.
   void setImage(const std::optional<NSImage>& image);

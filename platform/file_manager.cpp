@@ -7,9 +7,9 @@ namespace platform {
 
 std::error_code NSFileManager::keepUnreadableItemAtURL(const URL& url) {
   const std::string suffix = ".unreadable";
-  std::error_code error = keepItemAtURL(url, suffix);
+  std::error_code error = keepItem(url, suffix);
   for (int number = 2; error == std::errc::file_exists; ++number) {
-    error = keepItemAtURL(url, suffix + "." + std::to_string(number));
+    error = keepItem(url, suffix + "." + std::to_string(number));
   }
   return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
 }

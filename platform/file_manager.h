@@ -23,15 +23,16 @@ class NSFileManager {
   /// Makes a folder, with its missing parents if asked to, open to its owner only. One that exists is a success.
   std::error_code createDirectoryAtURL(const URL&, bool withIntermediateDirectories);
 
-  /// Gives the file that the URL finally leads to (through symbolic links) an additional name in its own folder: its
-  /// own with `suffix` behind. A file that can have no second name is renamed instead; a folder stays as it is.
-  /// No file is ever replaced: std::errc::file_exists if another one has that name, no_such_file_or_directory if there
-  /// is nothing to name, another error where the file system refuses. Durable when it returns success.
-  std::error_code keepItemAtURL(const URL&, std::string_view suffix);
-
-  /// Keeps a file that could not be read before something replaces it, with ".unreadable" behind its name, then
-  /// ".unreadable.2", ".3" and so on; see `keepItemAtURL`. Nothing there to keep is a success.
+  /// Keeps a file that could not be read before something replaces it: the file that the URL finally leads to (through
+  /// symbolic links) gets a second name in its own folder, its own with ".unreadable" behind, or ".unreadable.2", ".3"
+  /// and so on, the first that no other file has. A file that can have no second name is renamed instead; a folder
+  /// stays as it is, with an error. Nothing there to keep is a success. Durable when it returns success.
   std::error_code keepUnreadableItemAtURL(const URL&);
+
+ private:
+  // A platform's part, for one suffix: file_exists if another file has that name, and nothing to name is
+  // no_such_file_or_directory.
+  static std::error_code keepItem(const URL&, std::string_view suffix);
 };
 
 }  // namespace platform

@@ -15,8 +15,6 @@ struct NSFont {
     return {size, weight, false};
   }
   static constexpr NSFont monospacedSystemFontOfSize(double size, NSFontWeight weight) { return {size, weight, true}; }
-
-  friend bool operator==(const NSFont&, const NSFont&) = default;
 };
 
 }  // namespace platform

@@ -31,8 +31,8 @@ constexpr OSType typeEventHotKeyID = fourCharacters("hkid");
 constexpr std::uint32_t kVK_ANSI_P = 35;
 constexpr std::uint32_t kVK_ANSI_N = 45;
 
-/// Modifiers of a hot key; the bits add up. On a desktop Command is Ctrl, Option Alt and Control Super.
-enum HotKeyModifiers : std::uint32_t { cmdKey = 0x0100, shiftKey = 0x0200, optionKey = 0x0800, controlKey = 0x1000 };
+/// Modifiers of a hot key; the bits add up. On a desktop Command is Ctrl and Option Alt.
+enum HotKeyModifiers : std::uint32_t { cmdKey = 0x0100, optionKey = 0x0800 };
 
 /// What a program calls one of its hot keys.
 struct EventHotKeyID {

@@ -29,8 +29,6 @@ struct NSLayoutAnchor {
   NSLayoutConstraint constraintEqualToConstant(double constant) const;
   /// This edge is `constant` points after the other one.
   NSLayoutConstraint constraintEqualToAnchor(NSLayoutAnchor other, double constant) const;
-
-  friend bool operator==(const NSLayoutAnchor&, const NSLayoutAnchor&) = default;
 };
 
 /// What the sizes and the places of views have to fulfil. Two kinds count: a fixed width or height of a view, and the

@@ -16,10 +16,9 @@ class NSMenu;
 constexpr int NSControlStateValueOff = 0;
 constexpr int NSControlStateValueOn = 1;
 
-/// The modifiers of a key equivalent; the bits add up. On a desktop Command is Ctrl, Option Alt and Control Super.
+/// The modifiers of a key equivalent; the bits add up. On a desktop Command is Ctrl and Option Alt.
 enum NSEventModifierFlags : unsigned {
   NSEventModifierFlagShift = 0x20000,
-  NSEventModifierFlagControl = 0x40000,
   NSEventModifierFlagOption = 0x80000,
   NSEventModifierFlagCommand = 0x100000,
 };

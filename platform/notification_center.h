@@ -33,6 +33,9 @@ class NSNotificationCenter {
     std::string_view name;
     std::optional<std::weak_ptr<NSObject>> object;
   };
+  // A platform's part: somebody observes `name` from now on.
+  static void noteObserver(std::string_view name);
+
   std::vector<Entry> entries_;
 };
 

@@ -8,15 +8,16 @@
 
 namespace platform {
 
-/// A view onto a text view that may be taller than itself. The text runs under a transparent title bar that lies
-/// over it, and is never readable through the title.
+/// A view onto a text view that may be taller than itself. The window's title bar lies over its upper end and cuts the
+/// text there: nothing is read through the title.
 class NSScrollView : public NSView {
  public:
   explicit NSScrollView(NSRect frame);
 
+  /// Whether there is one when the text is taller than the view. Has to be called before `setDocumentView`.
   void setHasVerticalScroller(bool shown);
   void setDrawsBackground(bool draws);
-  /// The room for the document, in points: scrollers take none of it away.
+  /// The room for the document, in points, while there is no scroller.
   NSSize contentSize() const { return frame().size; }
   /// Shows `view`, which is kept; may be called once.
   void setDocumentView(const std::shared_ptr<NSTextView>& view);

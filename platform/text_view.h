@@ -42,26 +42,29 @@ struct NSTextContainer {
 };
 
 /// An editor of plain text. It holds every text of Unicode scalar values exactly, whatever they are, and nothing
-/// that is typed, pasted or dropped is replaced by anything else; what is no scalar value comes in as U+FFFD.
-/// The line ends LF, CR LF, CR and U+2029 each show as one line end; a new line gets the kind of the line before.
+/// that is typed, pasted or dropped is replaced by anything else; what is no scalar value comes in as U+FFFD. A key
+/// with Command, Option or Control types nothing, unless the keyboard's layout makes text of it. The line ends LF, CR
+/// LF, CR and U+2029 each show as one line end; a new line gets the kind of the line before.
 class NSTextView : public NSView {
  public:
   explicit NSTextView(NSRect frame);
   ~NSTextView() override;
 
+  /// These four and the container do nothing: the view always fills its scroll view and wraps its lines to that width.
   void setMinSize(NSSize);
   void setMaxSize(NSSize);
   void setVerticallyResizable(bool);
   void setHorizontallyResizable(bool);
   NSTextContainer& textContainer();
-  /// False is the one value there is: the view holds plain text only.
+  /// Does nothing: the view holds plain text only.
   void setRichText(bool);
   /// Whether edits can be undone and redone, back to the last `setString`.
   void setAllowsUndo(bool);
   void setFont(const NSFont&);
-  /// Empty room around the text, in points; it scrolls with the text.
+  /// Empty room around the text, in points. Of the height, what the title bar covers stays empty, for the text is cut
+  /// below it; the rest scrolls with the text.
   void setTextContainerInset(NSSize);
-  /// The four substitutions exist on no platform of ours: false is the one value there is.
+  /// These four do nothing: no platform of ours substitutes anything.
   void setAutomaticQuoteSubstitutionEnabled(bool);
   void setAutomaticDashSubstitutionEnabled(bool);
   void setAutomaticSpellingCorrectionEnabled(bool);
@@ -75,8 +78,8 @@ class NSTextView : public NSView {
   /// past the text ends with it, and a position inside a CR LF stands before it.
   void setSelectedRange(NSRange);
 
-  /// Gets every key press before anything else does, an input method included for Escape. The base gives the key
-  /// to the editor.
+  /// Gets the key presses that the main menu and the input method leave, and Escape before an input method under X11;
+  /// on native Wayland one that composes takes Escape for itself. The base gives the key to the editor.
   virtual void keyDown(NSEvent& event);
 
   /// Knows "undo", "redo", "cut", "copy", "paste" and "selectAll".

@@ -1,24 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/view.h"
 
-#include <bit>
 #include <utility>
 
 namespace platform {
-namespace {
-
-/// One axis of autoresizing. `mask` has the axis' three bits in its lowest places: near margin, size, far margin.
-std::pair<double, double> stretched(double position, double size, double change, unsigned mask) {
-  const int flexible = std::popcount(mask & 7U);
-  if (flexible == 0) return {position, size};
-  const double share = change / flexible;
-  if ((mask & 1U) != 0) position += share;
-  if ((mask & 2U) != 0) size += share;
-  return {position, size};
-}
-
-}  // namespace
-
 NSView::~NSView() {
   for (const auto& view : subviews_) {
     dropSubview(*view);
@@ -43,11 +28,15 @@ void NSView::addSubview(std::shared_ptr<NSView> view) {
 }
 
 NSRect NSView::frameAfterResize(NSSize before, NSSize now) const {
-  const auto [x, width] =
-      stretched(frame_.origin.x, frame_.size.width, now.width - before.width, autoresizingMask_ & 7U);
-  const auto [y, height] =
-      stretched(frame_.origin.y, frame_.size.height, now.height - before.height, autoresizingMask_ >> 3U);
-  return {{x, y}, {width, height}};
+  NSRect frame = frame_;
+  const auto takeUp = [this](double change, unsigned bit, double& length) {
+    if ((autoresizingMask_ & bit) != 0) length += change;
+  };
+  takeUp(now.width - before.width, NSViewMinXMargin, frame.origin.x);
+  takeUp(now.width - before.width, NSViewWidthSizable, frame.size.width);
+  takeUp(now.height - before.height, NSViewMinYMargin, frame.origin.y);
+  takeUp(now.height - before.height, NSViewHeightSizable, frame.size.height);
+  return frame;
 }
 
 }  // namespace platform

@@ -10,15 +10,13 @@
 
 namespace platform {
 
-/// Which margins and dimensions of a view take up a change of its superview's size; the bits add up.
+/// What of a view takes up a change of its superview's size; the bits add up. Without one of an axis, what is beyond
+/// the view does.
 enum NSAutoresizingMask : unsigned {
-  NSViewNotSizable = 0,
   NSViewMinXMargin = 1,
   NSViewWidthSizable = 2,
-  NSViewMaxXMargin = 4,
   NSViewMinYMargin = 8,
   NSViewHeightSizable = 16,
-  NSViewMaxYMargin = 32,
 };
 
 /// A rectangle of a window. Frames and autoresizing are arithmetic, the same on every platform.
@@ -35,7 +33,7 @@ class NSView : public NSObject {
   /// Moves and resizes the view; its subviews follow by their masks.
   void setFrame(NSRect);
   void setFrameOrigin(NSPoint);
-  /// The sum of NSAutoresizingMask bits. With several that are flexible on one axis, they share evenly.
+  /// The sum of NSAutoresizingMask bits, at most one of an axis.
   void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
 
   NSLayoutAnchor widthAnchor() { return {this, NSLayoutAttributeWidth}; }
@@ -44,9 +42,9 @@ class NSView : public NSObject {
   NSLayoutAnchor bottomAnchor() { return {this, NSLayoutAttributeBottom}; }
   NSLayoutAnchor leadingAnchor() { return {this, NSLayoutAttributeLeading}; }
   NSLayoutAnchor trailingAnchor() { return {this, NSLayoutAttributeTrailing}; }
-  /// False: the view is placed by constraints, in a popover. True, the default: by frames and masks, in a window.
-  void setTranslatesAutoresizingMaskIntoConstraints(bool translates) { placedByFrame_ = translates; }
-  bool translatesAutoresizingMaskIntoConstraints() const { return placedByFrame_; }
+  /// Changes nothing: masks never become constraints here. Frames and masks place the views of a window, stacks, grids
+  /// and constraints those of a popover.
+  void setTranslatesAutoresizingMaskIntoConstraints(bool /*translates*/) {}
   /// Those that are active and have an anchor of this view first.
   const std::vector<NSLayoutConstraint>& constraints() const { return constraints_; }
 
@@ -73,8 +71,7 @@ class NSView : public NSObject {
   void dropSubview(NSView& view);
 
   NSRect frame_;
-  unsigned autoresizingMask_ = NSViewNotSizable;
-  bool placedByFrame_ = true;
+  unsigned autoresizingMask_ = 0;
   std::vector<NSLayoutConstraint> constraints_;
   NSView* superview_ = nullptr;
   std::shared_ptr<Native> native_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/headless/world.h"
+#include "platform/notification_center.h"
 
 namespace platform {
 
@@ -41,13 +42,15 @@ void NSApplication::run() {
 
 void NSApplication::activateIgnoringOtherApps(bool /*ignoringOthers*/) {
   world().record("application activate");
-  world().active = true;
+  headless::bringPopoversBack();
+  if (world().window != nullptr && world().window->isVisible()) headless::giveWindowTheKeyboard();
 }
 
 void NSApplication::hide(NSObject* /*sender*/) {
   world().record("application hide");
   world().active = false;
   if (world().windowParts != nullptr) world().windowParts->state.visible = false;
+  headless::hidePopovers();
 }
 
 void NSApplication::terminate(NSObject* /*sender*/) {
@@ -60,6 +63,8 @@ std::shared_ptr<NSWindow> NSApplication::keyWindow() const {
 }
 
 std::shared_ptr<NSApplicationDelegate> NSApplication::delegate() const { return world().delegate.lock(); }
+
+void NSNotificationCenter::noteObserver(std::string_view name) { world().record("observe " + std::string(name)); }
 
 namespace headless {
 

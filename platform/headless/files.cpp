@@ -40,7 +40,7 @@ std::error_code NSFileManager::createDirectoryAtURL(const URL& url, bool withInt
   return {};
 }
 
-std::error_code NSFileManager::keepItemAtURL(const URL& url, std::string_view suffix) {
+std::error_code NSFileManager::keepItem(const URL& url, std::string_view suffix) {
   auto& files = world().files;
   const auto file = files.find(url);
   const URL kept = url.string() + std::string(suffix);

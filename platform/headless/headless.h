@@ -88,7 +88,6 @@ struct WindowState {
   int level = NSNormalWindowLevel;
   unsigned behavior = 0;
   std::string title;
-  NSView* firstResponder = nullptr;
 };
 /// The state of the one window that the program has made.
 const WindowState& windowState();
@@ -147,7 +146,7 @@ bool pressKeyEquivalent(std::string_view key, unsigned modifiers);
 void pressHotKey(std::uint32_t keyCode, std::uint32_t modifiers);
 std::string& clipboard();
 
-/// Presses a key in the window, as its first responder sees it.
+/// Presses a key that types nothing in the window, as its first responder sees it.
 void pressKey(unsigned short keyCode);
 /// Types at the caret, one key press for the whole of `text`.
 void type(std::string_view text);

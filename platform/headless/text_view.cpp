@@ -46,6 +46,7 @@ std::string NSTextView::string() const {
 }
 
 void NSTextView::setString(std::string_view text) {
+  world().record("text view string");
   impl_->text = headless::toUtf16(text);
   impl_->composition.clear();
   impl_->undoStack.clear();
@@ -82,8 +83,10 @@ bool NSTextView::perform(Selector action, NSObject* /*sender*/) {
   return true;
 }
 
+// A key that has a name types nothing.
 void NSTextView::keyDown(NSEvent& event) {
-  if (event.native() != nullptr) headless::insertText(*impl_, headless::toUtf16(event.native()->characters));
+  if (event.keyCode() != kVK_Unnamed) return world().record("text view key " + std::to_string(event.keyCode()));
+  headless::insertText(*impl_, headless::toUtf16(event.native()->characters));
 }
 
 namespace headless {

@@ -38,7 +38,7 @@ std::shared_ptr<NSButton> NSButton::buttonWithTitle(std::string_view title, cons
   return button;
 }
 
-void NSButton::performClick(NSObject* /*sender*/) {
+void NSButton::performClick() {
   if (const auto target = target_.lock()) target->perform(action_, this);
 }
 

@@ -9,14 +9,12 @@ namespace platform {
 
 using headless::world;
 
-struct NSWindow::Impl : headless::WindowParts {
-  std::unique_ptr<NSView> contentView;
-};
+struct NSWindow::Impl : headless::WindowParts {};
 
 NSWindow::NSWindow(NSRect contentRect, unsigned styleMask, NSBackingStoreType /*backing*/, bool /*defer*/)
     : impl_(std::make_unique<Impl>()) {
-  impl_->contentView = std::make_unique<NSView>(NSRect{{0, 0}, contentRect.size});
-  impl_->content = impl_->contentView.get();
+  world().record("window made");
+  impl_->content = std::make_shared<NSView>(NSRect{{0, 0}, contentRect.size});
   impl_->state.frame = contentRect;
   impl_->state.styleMask = styleMask;
   world().window = this;
@@ -47,12 +45,12 @@ void NSWindow::setFrameAutosaveName(std::string_view name) {
   if (kept) headless::moveWindow(frameOnScreens(*kept, world().screens));
 }
 
-NSView& NSWindow::contentView() { return *impl_->contentView; }
+NSView& NSWindow::contentView() { return *impl_->content; }
 
 void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
   world().record("window make key and order front");
   impl_->state.visible = true;
-  world().active = true;
+  headless::giveWindowTheKeyboard();
 }
 
 void NSWindow::orderOut(NSObject* /*sender*/) {
@@ -61,13 +59,15 @@ void NSWindow::orderOut(NSObject* /*sender*/) {
   impl_->state.visible = false;
 }
 
-void NSWindow::makeFirstResponder(NSView& view) { impl_->state.firstResponder = &view; }
-std::shared_ptr<NSView> NSWindow::firstResponder() const {
-  NSView* const view = impl_->state.firstResponder;
-  return view == nullptr ? nullptr : std::static_pointer_cast<NSView>(view->shared_from_this());
+void NSWindow::makeFirstResponder(NSView& view) {
+  world().record("window first responder");
+  impl_->firstResponder = std::static_pointer_cast<NSView>(view.shared_from_this());
 }
+
+std::shared_ptr<NSView> NSWindow::firstResponder() const { return impl_->firstResponder.lock(); }
 bool NSWindow::isVisible() const { return impl_->state.visible; }
-bool NSWindow::isKeyWindow() const { return impl_->state.visible && world().active; }
+
+bool NSWindow::isKeyWindow() const { return impl_->state.visible && world().active && world().keyPopover == nullptr; }
 
 void NSWindow::setLevel(int level) {
   world().record("window level " + std::to_string(level));
@@ -88,6 +88,12 @@ namespace headless {
 
 const WindowState& windowState() { return world().windowParts->state; }
 NSWindow& window() { return *world().window; }
+
+void giveWindowTheKeyboard() {
+  world().active = true;
+  world().keyPopover = nullptr;
+}
+
 void setScreens(std::vector<Screen> screens) { world().screens = std::move(screens); }
 
 void pressCloseButton() {

@@ -17,8 +17,9 @@ struct PendingTimer {
 struct WindowParts {
   WindowState state;
   std::weak_ptr<NSWindowDelegate> delegate;
+  std::weak_ptr<NSView> firstResponder;
   std::string autosaveName;
-  NSView* content = nullptr;
+  std::shared_ptr<NSView> content;
 };
 
 struct TextViewParts {
@@ -53,6 +54,8 @@ struct World {
   TextViewParts* textViewParts = nullptr;
   NSButton* button = nullptr;
   std::vector<ShownPopover> popovers;
+  std::vector<ShownPopover> hiddenPopovers;         ///< with the program, with which they come back
+  const NSPopover* keyPopover = nullptr;            ///< has the keyboard in the window's place, while it is shown
   std::optional<std::vector<std::string>> drawing;  ///< while a handler draws
   std::string strokeColor;
   std::shared_ptr<NSMenu> mainMenu;
@@ -68,6 +71,12 @@ World& world();
 std::u16string toUtf16(std::string_view validUtf8);
 /// Lone surrogates become U+FFFD.
 std::string toUtf8(std::u16string_view);
+
+/// The program becomes the active one, and its window the one of its own with the keyboard.
+void giveWindowTheKeyboard();
+/// What becomes of the popovers when the program is hidden, and when it comes back.
+void hidePopovers();
+void bringPopoversBack();
 
 /// Inserts at the caret as an edit.
 void insertText(TextViewParts& parts, std::u16string_view text);

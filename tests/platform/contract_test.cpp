@@ -23,6 +23,7 @@ namespace platform {
 namespace {
 
 using harness::fileAt;
+using harness::isShown;
 using harness::pass;
 using harness::putFile;
 using harness::type;
@@ -123,13 +124,11 @@ TEST_F(Contract, FoldersAreMadeWithTheirParents) {
 TEST_F(Contract, KeepingReplacesNothingAndFindsAFreeName) {
   NSFileManager& files = NSFileManager::defaultManager();
   const URL file = harness::folder() / "x";
-  EXPECT_EQ(files.keepItemAtURL(file, ".y"), std::errc::no_such_file_or_directory);
   EXPECT_FALSE(files.keepUnreadableItemAtURL(file)) << "nothing to keep is a success";
   putFile(file, "one");
   EXPECT_FALSE(files.keepUnreadableItemAtURL(file));
   EXPECT_FALSE(files.keepUnreadableItemAtURL(file)) << "kept before";
   EXPECT_FALSE(NSString::writeToURL("two", file));
-  EXPECT_EQ(files.keepItemAtURL(file, ".unreadable"), std::errc::file_exists);
   EXPECT_FALSE(files.keepUnreadableItemAtURL(file));
   EXPECT_THAT(fileAt(harness::folder() / "x.unreadable"), Optional(std::string("one")));
   EXPECT_THAT(fileAt(harness::folder() / "x.unreadable.2"), Optional(std::string("two")));
@@ -137,15 +136,20 @@ TEST_F(Contract, KeepingReplacesNothingAndFindsAFreeName) {
 
 // --- Settings
 
-TEST_F(Contract, SettingsKeepTheirTypes) {
+TEST_F(Contract, SettingsKeepTheirTypesAndRegisteredOnesStandInForThem) {
   harness::putSetting("stored", std::string("text"));
   NSUserDefaults& defaults = NSUserDefaults::standardUserDefaults();
+  defaults.registerDefaults({{"stored", true}, {"position", 30.0}, {"flag", true}});
   EXPECT_EQ(defaults.objectForKey("absent"), std::nullopt);
   EXPECT_EQ(defaults.objectForKey("stored"), DefaultsValue(std::string("text")));
-  defaults.setBool(false, "flag");
-  EXPECT_EQ(defaults.objectForKey("flag"), DefaultsValue(false));
-  defaults.setBool(true, "flag");
-  EXPECT_EQ(defaults.objectForKey("flag"), DefaultsValue(true));
+  EXPECT_EQ(defaults.objectForKey("position"), DefaultsValue(30.0));
+  EXPECT_FALSE(defaults.boolForKey("absent") || defaults.boolForKey("position")) << "neither is a Boolean";
+  EXPECT_TRUE(defaults.boolForKey("flag"));
+  for (const bool value : {false, true}) {
+    defaults.setBool(value, "flag");
+    EXPECT_EQ(defaults.objectForKey("flag"), DefaultsValue(value));
+    EXPECT_EQ(defaults.boolForKey("flag"), value);
+  }
 }
 
 // --- The system
@@ -153,36 +157,13 @@ TEST_F(Contract, SettingsKeepTheirTypes) {
 TEST_F(Contract, TheLoginItemGoesOnAndOffAndTwiceIsHarmless) {
   SMAppService& service = SMAppService::mainAppService();
   EXPECT_EQ(service.status(), SMAppServiceStatusNotRegistered);
-  EXPECT_FALSE(service.unregisterAndReturnError()) << "off already";
-  for (int round = 0; round < 2; ++round) {
-    for (int times = 0; times < 2; ++times) {
-      EXPECT_FALSE(service.registerAndReturnError());
-      EXPECT_EQ(service.status(), SMAppServiceStatusEnabled);
-    }
-    for (int times = 0; times < 2; ++times) {
-      EXPECT_FALSE(service.unregisterAndReturnError());
-      EXPECT_EQ(service.status(), SMAppServiceStatusNotRegistered);
-    }
+  for (const bool on : {false, true, true, false, false, true, false}) {
+    EXPECT_FALSE(on ? service.registerAndReturnError() : service.unregisterAndReturnError());
+    EXPECT_EQ(service.status(), on ? SMAppServiceStatusEnabled : SMAppServiceStatusNotRegistered);
   }
-}
-
-TEST_F(Contract, TheSystemHasLoginItems) {
-  EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({13, 0, 0}));
+  EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({13, 0, 0})) << "which the system has";
   EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({12, 6, 1}));
   EXPECT_FALSE(NSProcessInfo::isOperatingSystemAtLeastVersion({100, 0, 0}));
-}
-
-TEST_F(Contract, RegisteredDefaultsStandInForStoredOnes) {
-  harness::putSetting("stored", false);
-  NSUserDefaults& defaults = NSUserDefaults::standardUserDefaults();
-  defaults.registerDefaults({{"stored", true}, {"position", 30.0}, {"flag", true}});
-  EXPECT_EQ(defaults.objectForKey("position"), DefaultsValue(30.0));
-  EXPECT_FALSE(defaults.boolForKey("stored"));
-  EXPECT_TRUE(defaults.boolForKey("flag"));
-  defaults.setBool(false, "flag");
-  EXPECT_FALSE(defaults.boolForKey("flag"));
-  EXPECT_FALSE(defaults.boolForKey("position")) << "it is no Boolean";
-  EXPECT_FALSE(defaults.boolForKey("absent"));
 }
 
 // --- Actions and notifications
@@ -263,6 +244,7 @@ TEST_F(TextViewContract, TellsOfEditsAndOfNothingElse) {
   view->setSelectedRange({6, 0});
   EXPECT_EQ(observer->told, 0);
   type(*view, "ab\n");
+  harness::pressEscape(*view);  // types nothing
   EXPECT_EQ(view->string(), "loadedab\n");
   EXPECT_EQ(observer->told, 3);
   harness::undo(*view);
@@ -271,13 +253,8 @@ TEST_F(TextViewContract, TellsOfEditsAndOfNothingElse) {
   harness::redo(*view);
   EXPECT_GT(observer->told, afterUndo);
   EXPECT_EQ(view->string(), "loadedab\n");
-}
-
-TEST_F(TextViewContract, UndoEndsAtTheLoadedText) {
-  view->setString("loaded");
-  type(*view, "x");
-  for (int i = 0; i < 3; ++i) harness::undo(*view);
-  EXPECT_EQ(view->string(), "loaded");
+  for (int i = 0; i < 9; ++i) harness::undo(*view);
+  EXPECT_EQ(view->string(), "loaded") << "where undo ends";
 }
 
 TEST_F(TextViewContract, ActionsWithoutATargetGoToTheFirstResponder) {
@@ -355,7 +332,7 @@ TEST_F(Contract, ViewsFollowTheirMasks) {
   };
   const auto fill = add({{0, 0}, {400, 300}}, NSViewWidthSizable | NSViewHeightSizable);
   const auto corner = add({{380, 280}, {17, 17}}, NSViewMinXMargin | NSViewMinYMargin);
-  const auto fixed = add({{5, 5}, {10, 10}}, NSViewNotSizable);
+  const auto fixed = add({{5, 5}, {10, 10}}, 0);
   content->setFrame({{0, 0}, {500, 250}});
   EXPECT_EQ(fill->frame(), (NSRect{{0, 0}, {500, 250}}));
   EXPECT_EQ(corner->frame(), (NSRect{{480, 230}, {17, 17}}));
@@ -385,12 +362,35 @@ TEST_F(TextViewContract, ClosingIsTheDelegatesDecision) {
   EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(TextViewContract, HidingTheApplicationHidesItsWindows) {
+TEST_F(TextViewContract, PopoversTakeTheKeyboardAndGoAndComeWithTheProgram) {
+  const auto show = [this](NSPopoverBehavior behavior) {
+    const auto popover = std::make_shared<NSPopover>();
+    popover->setContentViewController(std::make_shared<NSViewController>());
+    popover->contentViewController()->setView(std::make_shared<NSView>(NSRect{{0, 0}, {50, 20}}));
+    popover->setBehavior(behavior);
+    popover->showRelativeToRect(view->bounds(), *view, NSMinYEdge);
+    pass(0.05);
+    return popover;
+  };
   const auto app = NSApplication::sharedApplication();
   window->makeKeyAndOrderFront(nullptr);
+  const auto first = show(NSPopoverBehaviorApplicationDefined);
+  EXPECT_TRUE(isShown(*first) && !window->isKeyWindow()) << "it is a window of its own";
+  const auto transient = show(NSPopoverBehaviorTransient);
+  EXPECT_TRUE(isShown(*transient));
   app->hide(nullptr);
-  EXPECT_FALSE(window->isVisible());
-  EXPECT_FALSE(window->isKeyWindow());
+  const auto late = show(NSPopoverBehaviorApplicationDefined);
+  EXPECT_FALSE(window->isVisible() || window->isKeyWindow() || isShown(*first) || isShown(*late));
+  window->makeKeyAndOrderFront(nullptr);
+  app->activateIgnoringOtherApps(true);
+  pass(0.05);
+  EXPECT_TRUE(isShown(*first) && isShown(*late) && window->isKeyWindow());
+  EXPECT_FALSE(isShown(*transient)) << "it closed";
+  app->hide(nullptr);
+  first->performClose(nullptr);
+  window->makeKeyAndOrderFront(nullptr);
+  app->activateIgnoringOtherApps(true);
+  EXPECT_FALSE(isShown(*first)) << "also while it was hidden";
 }
 
 class FrameContract : public Contract {
@@ -433,10 +433,6 @@ TEST_F(FrameContract, AKeptFrameThatIsNoneIsIgnored) {
 }
 
 // --- The application
-
-TEST_F(Contract, ThereIsOneApplication) {
-  EXPECT_EQ(NSApplication::sharedApplication(), NSApplication::sharedApplication());
-}
 
 TEST_F(Contract, AnUpdaterKnowsOneAction) {
   const auto updater = std::make_shared<SPUStandardUpdaterController>(true, nullptr, nullptr);

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/popover.h"
 #include "platform/text_view.h"
 #include "platform/url.h"
 #include "platform/user_defaults.h"
@@ -44,6 +45,7 @@ void compose(NSTextView&, std::string_view text);
 NSRect frameOf(NSWindow&);
 void moveByUser(NSWindow&, NSRect frame);
 void pressCloseButton(NSWindow&);
+bool isShown(const NSPopover&);
 NSRect screen();
 
 }  // namespace platform::harness

@@ -71,7 +71,7 @@ void type(NSTextView& view, std::string_view ascii) {
   for (const char c : ascii) press(editor(view), c == '\n' ? int(Qt::Key_Return) : int(c), QString(QLatin1Char(c)));
 }
 
-void pressEscape(NSTextView& view) { press(editor(view), Qt::Key_Escape, {}); }
+void pressEscape(NSTextView& view) { press(editor(view), Qt::Key_Escape, QStringLiteral("\x1B")); }
 void undo(NSTextView& view) { editor(view).undo(); }
 void redo(NSTextView& view) { editor(view).redo(); }
 
@@ -87,6 +87,7 @@ void pressCloseButton(NSWindow& window) {
     if (button->accessibleName() == QLatin1String("Close")) button->click();
   }
 }
+bool isShown(const NSPopover& popover) { return popover.contentViewController()->view()->native().widget->isVisible(); }
 NSRect screen() { return desktop::fromToolkit(QGuiApplication::primaryScreen()->geometry()); }
 
 }  // namespace platform::harness

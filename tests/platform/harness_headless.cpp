@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/platform/harness.h"
 
+#include <algorithm>
+
 #include "platform/headless/headless.h"
 
 namespace platform::harness {
@@ -38,6 +40,10 @@ void compose(NSTextView& /*view*/, std::string_view text) { headless::compose(te
 NSRect frameOf(NSWindow& /*window*/) { return headless::windowState().frame; }
 void moveByUser(NSWindow& /*window*/, NSRect frame) { headless::moveWindow(frame); }
 void pressCloseButton(NSWindow& /*window*/) { headless::pressCloseButton(); }
+bool isShown(const NSPopover& popover) {
+  return std::ranges::any_of(headless::shownPopovers(),
+                             [&](const auto& each) { return each.popover.get() == &popover; });
+}
 NSRect screen() { return {{0, 0}, {1280, 800}}; }
 
 }  // namespace platform::harness

@@ -11,7 +11,6 @@
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <utility>
@@ -19,12 +18,15 @@
 #include "platform/application_metadata.h"
 #include "platform/desktop/accessibility.h"
 #include "platform/desktop/application_service.h"
+#include "platform/desktop/bus.h"
 #include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/settings_file.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/termination_signals.h"
 #include "platform/desktop/theme_follower.h"
+#include "platform/desktop/toolkit_application.h"
 #include "platform/desktop/toolkit_menu.h"
 #include "platform/desktop/wake_signals.h"
 
@@ -36,51 +38,13 @@ namespace {
 
 constexpr std::chrono::milliseconds longestLastSave{5000};  // that a toolkit's thread waits for before it ends us
 
-/// XWayland is preferred where there is one: only through it can a window stay on top and on every workspace.
-void choosePlatformPlugin() {
-  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY")) return;
-  qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
-}
-
-/// While the toolkit looks for a display: it would abort where there is none.
-void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
-  if (type == QtFatalMsg) {
-    std::fputs("Quillberry: there is no display that it could run on.\n", stderr);
-    std::_Exit(EXIT_FAILURE);
-  }
-  if (type == QtCriticalMsg) std::fprintf(stderr, "%s\n", qPrintable(message));
-}
-
-/// The toolkit's application, but for its way to quit: it would first close the windows, which never close.
-class ToolkitApplication : public QApplication {
- public:
-  using QApplication::QApplication;
-
-  std::function<void()> onQuit;
-
-  bool event(QEvent* event) override {
-    if (event->type() != QEvent::Quit || !onQuit) return QApplication::event(event);
-    onQuit();
-    return true;
-  }
-};
-
-std::unique_ptr<ToolkitApplication> makeToolkitApplication() {
-  static int argc = 1;
-  static char name[] = "quillberry";
-  static char* argv[] = {name, nullptr};
-  choosePlatformPlugin();
-  const auto usual = qInstallMessageHandler(endWithoutDisplay);
-  auto application = std::make_unique<ToolkitApplication>(argc, argv);
-  qInstallMessageHandler(usual);
-  return application;
-}
-
 /// What the functions of desktop.h reach, while the application object lives.
 struct Shared {
   WindowSystem* windowSystem = nullptr;
   desktop::RequestQueue* requests = nullptr;
   desktop::GlobalKeys* globalKeys = nullptr;
+  desktop::Bus* sessionBus = nullptr;
+  desktop::Bus* systemBus = nullptr;
   bool owesFocus = false;
   std::vector<std::shared_ptr<NSObject>> shown;
   std::vector<std::shared_ptr<NSObject>> closed;  ///< and not let go of yet
@@ -88,6 +52,7 @@ struct Shared {
   bool firstFrameDrawn = false;
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> afterFirstFrame;
   QList<QAction*> mainMenuCommands;
+  QList<QAction*> applicationMenuCommands;
 } shared;
 
 /// The windows that the user sees of the program. Its icon in an X11 tray is one only for the toolkit.
@@ -104,7 +69,9 @@ QWidgetList visibleWindows() {
 struct NSApplication::Impl {
   desktop::UniqueFd noteLock = desktop::becomeTheOneInstance();
   desktop::TerminationSignals signals;
-  std::unique_ptr<ToolkitApplication> toolkit = makeToolkitApplication();
+  desktop::Bus sessionBus{QDBusConnection::SessionBus};
+  desktop::Bus systemBus{QDBusConnection::SystemBus};
+  std::unique_ptr<desktop::ToolkitApplication> toolkit = desktop::ToolkitApplication::start(sessionBus);
   desktop::ThemeFollower themeFollower;
   std::unique_ptr<WindowSystem> windowSystem = WindowSystem::forThisDisplay();
   desktop::RequestQueue requests{*windowSystem};
@@ -117,7 +84,6 @@ struct NSApplication::Impl {
 
   /// For the exit handler, which gets no argument.
   inline static Impl* current = nullptr;
-  inline static QtMessageHandler usualMessageHandler = nullptr;
   /// Free once the delegate has done what it does at the end; the toolkit's threads may wait for that while this goes.
   inline static QSemaphore lastSaves{0};
 
@@ -127,6 +93,8 @@ struct NSApplication::Impl {
     shared.windowSystem = windowSystem.get();
     shared.requests = &requests;
     shared.globalKeys = globalKeys.get();
+    shared.sessionBus = &sessionBus;
+    shared.systemBus = &systemBus;
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setLayoutDirection(QLocale().textDirection());
     QApplication::setApplicationName(desktop::toQString(metadata::name));
@@ -140,13 +108,16 @@ struct NSApplication::Impl {
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
   ~Impl() {
-    if (usualMessageHandler != nullptr) qInstallMessageHandler(std::exchange(usualMessageHandler, nullptr));
+    // All is saved. Qt may take some seconds more to hand the clipboard over, and a start meanwhile need not wait.
+    if (noteLock) noteLock.close();
     current = nullptr;
     shared = {};
   }
 
+  /// Every end comes by here; where the compositor is lost, nothing else of the program runs any more.
   void tellOfTermination() {
     if (const auto told = delegate.lock()) told->applicationWillTerminate();
+    desktop::SettingsFile::ofProgram().write();
   }
 
   void terminate() {
@@ -160,12 +131,13 @@ struct NSApplication::Impl {
   /// once, after a last warning.
   static void noteLossOfDisplay() {
     std::atexit(tellOfTerminationOnce);
-    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) return;
-    usualMessageHandler =
-        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
-          usualMessageHandler(type, context, message);
-          if (message.startsWith(QLatin1String("The Wayland connection"))) saveFromAnyThread();
-        });
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) qInstallMessageHandler(hearLastWarning);
+  }
+
+  /// Stays installed to the end of the process: any thread may be in it.
+  static void hearLastWarning(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+    if (message.startsWith(QLatin1String("The Wayland connection"))) saveFromAnyThread();
   }
 
   /// Comes back when all is saved: several threads warn of the same loss, and the toolkit ends the process after any.
@@ -226,6 +198,7 @@ void NSApplication::setDelegate(const std::weak_ptr<NSApplicationDelegate>& dele
 
 void NSApplication::run() {
   Impl::noteLossOfDisplay();
+  impl_->themeFollower.followPortal();
   QTimer::singleShot(0, [this] {
     if (const auto told = impl_->delegate.lock()) told->applicationDidFinishLaunching();
     QTimer::singleShot(0, [this] { impl_->firstFrameDrawn(*this); });
@@ -236,8 +209,9 @@ void NSApplication::run() {
 
 void NSApplication::setMainMenu(const std::shared_ptr<NSMenu>& menu) {
   impl_->mainMenu.emplace(menu, [](const std::function<void()>& command) { command(); });
-  shared.mainMenuCommands.clear();
-  for (QAction* const command : impl_->mainMenu->commands()) shared.mainMenuCommands.append(command);
+  shared.mainMenuCommands = impl_->mainMenu->commands();
+  const auto& submenus = impl_->mainMenu->submenus();
+  shared.applicationMenuCommands = submenus.empty() ? QList<QAction*>() : submenus.front()->commands();
 }
 
 void NSApplication::terminate(NSObject* /*sender*/) { impl_->terminate(); }
@@ -279,9 +253,13 @@ void letGo(const NSObject& object) {
 }
 
 void showWithProgram(QWidget& window) { shared.hiddenWindows.emplace_back(&window); }
+void leaveHidden(const QWidget& window) { std::erase(shared.hiddenWindows, &window); }
 RequestQueue& requests() { return *shared.requests; }
 GlobalKeys& globalKeys() { return *shared.globalKeys; }
+Bus& sessionBus() { return *shared.sessionBus; }
+Bus& systemBus() { return *shared.systemBus; }
 QList<QAction*> mainMenuCommands() { return shared.mainMenuCommands; }
+QList<QAction*> applicationMenuCommands() { return shared.applicationMenuCommands; }
 
 void afterFirstFrame(QObject& context, std::function<void()> work) {
   if (shared.firstFrameDrawn) {

@@ -2,13 +2,13 @@
 #include "platform/desktop/application_service.h"
 
 #include <QDBusConnection>
-#include <QFileInfo>
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include "platform/application_metadata.h"
+#include "platform/desktop/bus.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/gnome_shortcuts.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/window_system.h"
 
@@ -58,20 +58,24 @@ QString servicePath() { return u'/' + serviceName().replace(u'.', u'/'); }
 QString activationTokenKey() { return QStringLiteral("activation-token"); }
 QString serviceInterface() { return QStringLiteral("org.freedesktop.Application"); }
 
-bool sessionBusExists() {
-  if (std::getenv("DBUS_SESSION_BUS_ADDRESS") != nullptr) return true;
-  const QString runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-  return !runtimeFolder.isEmpty() && QFileInfo::exists(runtimeFolder + QStringLiteral("/bus"));
-}
-
 ApplicationService::ApplicationService(std::function<void()> activate)
     : activate_(std::move(activate)), owesRequest_(qEnvironmentVariableIsSet(startedForRequest)) {
   qunsetenv(startedForRequest);  // else it would be inherited by all that we start
-  if (!sessionBusExists()) return;
+  sessionBus().whenItAnswers(*this, [this] { appear(); });
+}
+
+void ApplicationService::appear() {
   QDBusConnection bus = QDBusConnection::sessionBus();
   // The object first: who finds the name finds the object.
-  if (bus.registerObject(servicePath(), this, QDBusConnection::ExportScriptableInvokables))
-    bus.registerService(serviceName());
+  if (!bus.registerObject(servicePath(), this, QDBusConnection::ExportScriptableInvokables)) return;
+  constexpr uint doNotQueue = 4;  // behind another process that has the name
+  bus.send(callOfTheBus(QStringLiteral("RequestName")) << serviceName() << doNotQueue);
+}
+
+ApplicationService::~ApplicationService() {
+  // The next start may come before the connection ends.
+  if (sessionBus().answersWithin(std::chrono::milliseconds::zero()))
+    QDBusConnection::sessionBus().send(callOfTheBus(QStringLiteral("ReleaseName")) << serviceName());
 }
 
 void ApplicationService::Activate(const QVariantMap& platformData) {
@@ -92,8 +96,11 @@ void ApplicationService::ActivateAction(const QString& name, const QVariantList&
   if (!command) {
     sendErrorReply(QDBusError::InvalidArgs, refusal);
   } else if (!isFirstRequest || command != offeredMenu.lock()->items().front()) {
-    takeActivationToken(platformData.value(activationTokenKey()).toString());
-    requests().add([command] { command->performAction(); });
+    const QString token = platformData.value(activationTokenKey()).toString();
+    leaveGnomeOverview(*this, [command, token] {
+      takeActivationToken(token);
+      requests().add([command] { command->performAction(); });
+    });
   }
 }
 

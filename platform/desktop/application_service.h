@@ -20,9 +20,6 @@ QString serviceInterface();
 /// Under which a request's platform data has an activation token.
 QString activationTokenKey();
 
-/// Whether there is a session bus to connect to, without starting one.
-bool sessionBusExists();
-
 /// The commands of this menu are the program's actions on the session bus, by the names of their selectors.
 void offerToOtherPrograms(const std::shared_ptr<NSMenu>& menu);
 
@@ -33,14 +30,15 @@ std::shared_ptr<NSMenuItem> offeredCommandWithKey(std::string_view keyEquivalent
 /// parameter came along: none of them takes one.
 std::shared_ptr<NSMenuItem> offeredAction(const QString& name, const QVariantList& parameter, QString& refusal);
 
-/// The program on the session bus, from construction on. Without a bus it is silent. A program that the bus has started
-/// for a request has come forward by that: if the request is the menu's first command, it is done.
+/// The program on the session bus, from when that answers to its end. Without a bus it is silent. A program that the
+/// bus has started for a request has come forward by that: if the request is the menu's first command, it is done.
 class ApplicationService : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
  public:
   explicit ApplicationService(std::function<void()> activate);
+  ~ApplicationService() override;
 
   // `platformData` may have an activation token; see `takeActivationToken`.
 
@@ -53,6 +51,8 @@ class ApplicationService : public QObject, protected QDBusContext {
                                                const QVariantMap& platformData);
 
  private:
+  void appear();
+
   std::function<void()> activate_;
   bool owesRequest_;  ///< the one that the bus has started the program for
 };

@@ -26,7 +26,8 @@ std::error_code replaceFile(const std::filesystem::path& path, std::string_view 
 /// Removes what a replacement of this file left behind when it was cut short.
 void sweepAuxiliaryFiles(const std::filesystem::path&);
 
-/// See NSFileManager::keepItemAtURL. A name that the file has already is a success.
+/// Gives a file an additional name, its own with `suffix` behind; see NSFileManager::keepUnreadableItemAtURL. No file
+/// is ever replaced: file_exists if another one has that name, while one that the file has already is a success.
 std::error_code keepFile(const std::filesystem::path&, std::string_view suffix);
 
 /// Makes a folder for its owner only, with its missing parents if asked to. One that exists is a success.

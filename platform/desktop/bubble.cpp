@@ -23,7 +23,11 @@ constexpr int arrowHalfWidth = 10;
 constexpr int cornerRadius = 10;
 constexpr int border = 1;
 constexpr int distanceFromAnchor = 2;
+constexpr int distanceFromPanel = 6;                             // without an arrow
 constexpr int closestArrow = cornerRadius + arrowHalfWidth + 2;  // to a side of the bubble
+
+/// As near to the wish as it may be; no less than the least.
+int within(int wish, int least, int most) { return std::clamp(wish, least, std::max(least, most)); }
 
 }  // namespace
 
@@ -42,13 +46,12 @@ Bubble::Bubble(QWidget& content, bool transient)
   content_.setParent(this);
   content_.show();
   content_.adjustSize();
-  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * border + arrowHeight);
-  addActions(mainMenuCommands());
+  addActions(applicationMenuCommands());
 }
 
 Bubble::~Bubble() { content_.setParent(nullptr); }
 
-void Bubble::pointAt(std::function<QRect()> anchor) {
+void Bubble::pointAt(std::function<Anchor()> anchor) {
   anchor_ = std::move(anchor);
   point();
 }
@@ -67,34 +70,46 @@ bool Bubble::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Bubble::point() {
-  const QRect anchor = anchor_();
+  const auto [anchor, known] = anchor_();
   const QScreen* const at = QGuiApplication::screenAt(anchor.center());
   const QRect room = (at != nullptr ? at : QGuiApplication::primaryScreen())->availableGeometry();
-  const int below = anchor.bottom() + 1 + distanceFromAnchor;
-  const int above = anchor.top() - distanceFromAnchor - height();
-  arrowAtTop_ = below + height() <= room.bottom() + 1 || above < room.top();
-  const int x =
-      std::clamp(anchor.center().x() - width() / 2, room.left(), std::max(room.left(), room.right() + 1 - width()));
-  const int y = std::clamp(arrowAtTop_ ? below : above, room.top(), std::max(room.top(), room.bottom() + 1 - height()));
-  arrowX_ = std::clamp(anchor.center().x() - x, closestArrow, width() - closestArrow);
-  content_.move(border, (arrowAtTop_ ? arrowHeight : 0) + border);
-  move(x, y);
+  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * border + (known ? arrowHeight : 0));
+  if (known) {
+    pointWithArrow(anchor, room);
+  } else {
+    arrowX_.reset();
+    const QRect free =
+        room.marginsRemoved({distanceFromPanel, distanceFromPanel, distanceFromPanel, distanceFromPanel});
+    move(within(anchor.center().x() - width() / 2, free.left(), free.right() + 1 - width()),
+         within(anchor.center().y() - height() / 2, free.top(), free.bottom() + 1 - height()));
+  }
+  content_.move(border, (known && arrowAtTop_ ? arrowHeight : 0) + border);
   if (!testAttribute(Qt::WA_TranslucentBackground)) setMask(QRegion(outline(0).toFillPolygon().toPolygon()));
   update();
 }
 
+void Bubble::pointWithArrow(const QRect& anchor, const QRect& room) {
+  const int below = anchor.bottom() + 1 + distanceFromAnchor;
+  const int above = anchor.top() - distanceFromAnchor - height();
+  arrowAtTop_ = below + height() <= room.bottom() + 1 || above < room.top();
+  move(within(anchor.center().x() - width() / 2, room.left(), room.right() + 1 - width()),
+       within(arrowAtTop_ ? below : above, room.top(), room.bottom() + 1 - height()));
+  arrowX_ = std::clamp(anchor.center().x() - x(), closestArrow, width() - closestArrow);
+}
+
 QPainterPath Bubble::outline(double inset) const {
-  const double above = inset + (arrowAtTop_ ? arrowHeight : 0);
-  const double below = inset + (arrowAtTop_ ? 0 : arrowHeight);
+  const double above = inset + (arrowX_ && arrowAtTop_ ? arrowHeight : 0);
+  const double below = inset + (arrowX_ && !arrowAtTop_ ? arrowHeight : 0);
   const QRectF body = QRectF(rect()).adjusted(inset, above, -inset, -below);
   QPainterPath shape;
   shape.addRoundedRect(body, cornerRadius, cornerRadius);
+  if (!arrowX_) return shape;
   const double base = arrowAtTop_ ? body.top() + 1 : body.bottom() - 1;
   const double tip = arrowAtTop_ ? inset : height() - inset;
   QPainterPath arrow;
-  arrow.moveTo(arrowX_ - arrowHalfWidth, base);
-  arrow.lineTo(arrowX_, tip);
-  arrow.lineTo(arrowX_ + arrowHalfWidth, base);
+  arrow.moveTo(*arrowX_ - arrowHalfWidth, base);
+  arrow.lineTo(*arrowX_, tip);
+  arrow.lineTo(*arrowX_ + arrowHalfWidth, base);
   arrow.closeSubpath();
   return shape.united(arrow);
 }

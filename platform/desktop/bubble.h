@@ -4,8 +4,15 @@
 #include <QPainterPath>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 namespace platform::desktop {
+
+/// What a bubble stands at, in Qt's global coordinates. Where it is not known what is there, it gets no arrow.
+struct Anchor {
+  QRect rect;
+  bool known;
+};
 
 /// A window in the shape of a bubble with an arrow, around a content of its own size.
 class Bubble : public QWidget {
@@ -14,9 +21,9 @@ class Bubble : public QWidget {
   Bubble(QWidget& content, bool transient);
   ~Bubble() override;
 
-  /// Points at the rectangle that `anchor` gives, in the toolkit's global coordinates, now and with each show: below
-  /// it if there is room, else above, whole on the anchor's screen.
-  void pointAt(std::function<QRect()> anchor);
+  /// Stands at what `anchor` gives, now and with each show: below it if there is room, else above, whole in the free
+  /// room of its screen. Without an arrow it stands where that room is next to it.
+  void pointAt(std::function<Anchor()> anchor);
   /// Points anew when that widget, or the window that it is in, moves or changes.
   void follow(QWidget& widget);
 
@@ -36,14 +43,15 @@ class Bubble : public QWidget {
 
  private:
   void point();
+  void pointWithArrow(const QRect& anchor, const QRect& room);
   /// `inset` from the edges of the window on every side.
   QPainterPath outline(double inset) const;
 
   QWidget& content_;
   bool transient_;
-  std::function<QRect()> anchor_;
+  std::function<Anchor()> anchor_;
   bool arrowAtTop_ = true;
-  int arrowX_ = 0;
+  std::optional<int> arrowX_;  ///< none without an arrow
 };
 
 }  // namespace platform::desktop

@@ -24,7 +24,7 @@ std::shared_ptr<NSButton> NSButton::buttonWithImage(const std::optional<NSImage>
   std::shared_ptr<NSButton> button(new NSButton(image, target, action, std::make_shared<Native>(std::move(widget))));
   button->setImage(image);
   symbol->setEnabled(bool(action));
-  QObject::connect(symbol, &QAbstractButton::clicked, [pressed = button.get()] { pressed->performClick(nullptr); });
+  QObject::connect(symbol, &QAbstractButton::clicked, [pressed = button.get()] { pressed->performClick(); });
   return button;
 }
 
@@ -35,7 +35,7 @@ std::shared_ptr<NSButton> NSButton::buttonWithTitle(std::string_view title, cons
   std::shared_ptr<NSButton> button(
       new NSButton(std::nullopt, target, action, std::make_shared<Native>(std::move(widget))));
   button->title_ = title;
-  QObject::connect(push, &QAbstractButton::clicked, [pressed = button.get()] { pressed->performClick(nullptr); });
+  QObject::connect(push, &QAbstractButton::clicked, [pressed = button.get()] { pressed->performClick(); });
   return button;
 }
 
@@ -65,7 +65,7 @@ std::optional<NSImage> NSImage::imageWithSystemSymbolName(std::string_view name,
   return NSImage{std::string(name), std::string(accessibilityDescription), false, nullptr, {}};
 }
 
-void NSButton::performClick(NSObject* /*sender*/) {
+void NSButton::performClick() {
   if (const auto target = target_.lock()) target->perform(action_, this);
 }
 

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/desktop/appearance.h"
@@ -29,6 +30,13 @@ Qt::CursorShape cursorFor(Qt::Edges edges) {
   if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge)) return Qt::SizeFDiagCursor;
   if (edges == (Qt::TopEdge | Qt::RightEdge) || edges == (Qt::BottomEdge | Qt::LeftEdge)) return Qt::SizeBDiagCursor;
   return (edges & (Qt::LeftEdge | Qt::RightEdge)) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+}
+
+/// With a fractional scale each edge may be a point away from where it was put.
+bool isAbout(const QRect& a, const QRect& b) {
+  constexpr int rounding = 2;
+  return std::abs(a.left() - b.left()) <= rounding && std::abs(a.top() - b.top()) <= rounding &&
+         std::abs(a.right() - b.right()) <= rounding && std::abs(a.bottom() - b.bottom()) <= rounding;
 }
 
 bool isCorner(Qt::Edges edges) {
@@ -56,6 +64,8 @@ TitleBar::TitleBar() {
   closeButton_.resize(closeButton_.sizeHint());
   closeButton_.move(closeButtonMargin, (titleBarHeight - closeButton_.height()) / 2);
 }
+
+TitleBar::~TitleBar() { setItemButton(nullptr); }
 
 void TitleBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -186,6 +196,7 @@ NoteFrame* NoteFrame::first() {
 }
 
 void NoteFrame::showBeside(QWidget& window) {
+  leaveHidden(window);
   const NoteFrame* const owner = first();
   const Placement placement = owner != nullptr ? owner->placement : Placement{};
   windowSystem().prepareToShow(window, placement);
@@ -195,9 +206,19 @@ void NoteFrame::showBeside(QWidget& window) {
   windowSystem().place(window, placement);
 }
 
+void NoteFrame::activateBeside(QWidget& window) {
+  windowSystem().activate(window);
+  // mutter takes a window that belongs to another one to this workspace when it is activated, and that one with it.
+  NoteFrame* const owner = first();
+  if (owner == nullptr || !owner->isVisible() || !owner->placement.onEveryWorkspace) return;
+  windowSystem().place(*owner, owner->placement);
+  windowSystem().place(window, owner->placement);
+}
+
 void NoteFrame::hideBeside(QWidget& window) {
   const bool hadKeyboard = windowSystem().isActive(window);
   windowSystem().prepareToHide(window);
+  leaveHidden(window);
   window.hide();
   // In its turn: a window manager that is still letting go of the window passes the keyboard on itself.
   if (hadKeyboard) requests().add([] { activateFirst(); });
@@ -229,20 +250,29 @@ void NoteFrame::toggleZoom() {
   if (isMaximized()) {
     // Some window managers maximise a window that they find as large as the screen.
     showNormal();
-    if (beforeZoom_) setGeometry(*beforeZoom_);
+    if (zoom_) unzoom();
   } else if (isZoomed()) {
-    setGeometry(*beforeZoom_);
+    unzoom();
   } else {
-    beforeZoom_ = geometry();
-    setGeometry(screen()->availableGeometry());
+    zoom_ = {geometry(), {}};
+    zoomAnew();
   }
 }
 
-QRect NoteFrame::unzoomedGeometry() const { return isZoomed() ? *beforeZoom_ : geometry(); }
+/// Screens may have shrunk or gone since.
+void NoteFrame::unzoom() { setGeometry(toToolkit(frameWholeOnScreens(fromToolkit(zoom_->before), screens()))); }
 
-/// A window that was zoomed and then moved or resized is not zoomed any more.
+void NoteFrame::zoomAnew() {
+  zoom_->to = screen()->availableGeometry();
+  setGeometry(zoom_->to);
+}
+
+QRect NoteFrame::unzoomedGeometry() const { return isZoomed() ? zoom_->before : geometry(); }
+
 bool NoteFrame::isZoomed() const {
-  return beforeZoom_ && (isMaximized() || geometry() == screen()->availableGeometry());
+  // Window managers too make room for a panel that comes.
+  return zoom_ &&
+         (isMaximized() || isAbout(geometry(), zoom_->to) || isAbout(geometry(), screen()->availableGeometry()));
 }
 
 void NoteFrame::closeEvent(QCloseEvent* event) {
@@ -287,7 +317,7 @@ bool NoteFrame::focusNextPrevChild(bool next) {
   const auto current = std::max<qsizetype>(0, stops.indexOf(focusWidget()));
   QWidget* const beside = windowBeside();
   if (beside != nullptr && current == (next ? stops.size() - 1 : 0)) {
-    windowSystem().activate(*beside);
+    activateBeside(*beside);
     stops.front()->setFocus(Qt::OtherFocusReason);
     return true;
   }

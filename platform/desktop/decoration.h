@@ -34,6 +34,7 @@ class DragHandle : public QWidget {
 class TitleBar : public DragHandle {
  public:
   TitleBar();
+  ~TitleBar() override;
 
   std::function<void()> onDoubleClick;
 
@@ -90,6 +91,8 @@ class NoteFrame : public QWidget {
   /// Shows another window of the program, which belongs to this one while this one is shown: window managers keep it
   /// above.
   static void showBeside(QWidget& window);
+  /// Gives such a window, which is shown, the keyboard.
+  static void activateBeside(QWidget& window);
   /// Hides such a window. If it had the keyboard, this one gets it, should it be shown.
   static void hideBeside(QWidget& window);
   /// Gives this one the keyboard, should it be shown.
@@ -98,6 +101,10 @@ class NoteFrame : public QWidget {
   /// Makes the window as large as the screen's free room, or again what it was. By its geometry: not every window
   /// manager maximises a window of an accessory program.
   void toggleZoom();
+  /// Whether the window is as `toggleZoom` made it; one that was moved or resized since is not.
+  bool isZoomed() const;
+  /// Makes a zoomed window as large as the free room is by now.
+  void zoomAnew();
   /// The geometry, or what it was before `toggleZoom` made the window large.
   QRect unzoomedGeometry() const;
 
@@ -120,10 +127,14 @@ class NoteFrame : public QWidget {
  private:
   /// Another window of the program that is shown; null if there is none.
   static QWidget* windowBeside();
-  bool isZoomed() const;
+  void unzoom();
 
   QWidget* content_ = nullptr;
-  std::optional<QRect> beforeZoom_;
+  struct Zoom {
+    QRect before;
+    QRect to;  ///< the free room at that moment
+  };
+  std::optional<Zoom> zoom_;
   TitleBar titleBar_;
   std::array<EdgeGrip, 8> grips_;
 };

@@ -17,6 +17,9 @@
 /// What the parts of the desktop platform share while the application object lives.
 namespace platform::desktop {
 
+struct Anchor;
+class Bus;
+
 WindowSystem& windowSystem();
 
 /// In the program's coordinates: y grows upward from the lower edge of the first screen.
@@ -28,23 +31,30 @@ QRect toToolkit(NSRect);
 RequestQueue& requests();
 GlobalKeys& globalKeys();
 
+/// The buses; each is used only once it answers.
+Bus& sessionBus();
+Bus& systemBus();
+
 /// Keeps what is shown until it is let go of, on a later turn of the loop: its own code may be running now. What is
 /// kept at the end is gone before the toolkit is.
 void keepWhileShown(std::shared_ptr<NSObject> object);
 void letGo(const NSObject& object);
 
-/// Shows a window beside the note when the program, hidden now, comes back.
+/// Shows a window beside the note when the program, hidden now, comes back; unless it is shown or closed before.
 void showWithProgram(QWidget& window);
+/// Takes a window out of those: it is there already, or has been closed.
+void leaveHidden(const QWidget& window);
 
-/// Where the status item whose button this is has its place, in the toolkit's global coordinates; none if it is in no
-/// tray, or the view is another one.
-std::optional<QRect> placeInTray(const NSView& button);
+/// Where the status item whose button this is has its place; none if it is in no tray, or the view is another one.
+std::optional<Anchor> placeInTray(const NSView& button);
 
 /// Runs `work` once the first frame has been drawn, or soon if it has; not if `context` is gone by then.
 void afterFirstFrame(QObject& context, std::function<void()> work);
 
-/// The commands of the main menu, whose shortcuts each window of the program has.
+/// The commands of the main menu, whose shortcuts the note's window has. The windows beside it have those of the
+/// application menu, the first in it: what edits there are Qt's own shortcuts.
 QList<QAction*> mainMenuCommands();
+QList<QAction*> applicationMenuCommands();
 
 /// The program's window that has the keyboard, if there is one.
 std::shared_ptr<NSWindow> keyWindow();

@@ -5,7 +5,7 @@
 #include <QNetworkReply>
 #include <QTimer>
 
-#include "platform/desktop/feed_module.h"
+#include "platform/desktop/feed_request.h"
 
 namespace platform::desktop {
 

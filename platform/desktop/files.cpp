@@ -2,7 +2,6 @@
 #include "platform/desktop/atomic_file.h"
 #include "platform/desktop/base_directories.h"
 #include "platform/file_manager.h"
-#include "platform/log.h"
 #include "platform/string.h"
 #include "platform/utf8.h"
 
@@ -22,7 +21,7 @@ std::error_code NSFileManager::createDirectoryAtURL(const URL& url, bool withInt
   return desktop::makeFolder(url, withIntermediateDirectories);
 }
 
-std::error_code NSFileManager::keepItemAtURL(const URL& url, std::string_view suffix) {
+std::error_code NSFileManager::keepItem(const URL& url, std::string_view suffix) {
   return desktop::keepFile(url, suffix);
 }
 
@@ -32,10 +31,6 @@ std::optional<std::string> NSString::stringWithContentsOfURL(const URL& url, std
   if (text && !isValidUtf8(*text)) {
     error = std::make_error_code(std::errc::illegal_byte_sequence);
     text.reset();
-  }
-  // The window shows no text then, and does not tell why.
-  if (!text && error != std::errc::no_such_file_or_directory) {
-    NSLog("Quillberry: cannot read " + url.string() + ": " + error.message());
   }
   return text;
 }

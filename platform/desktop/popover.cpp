@@ -31,14 +31,14 @@ NSButton* defaultButton(const NSView& view) {
 QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), widget.size()}; }
 
 /// In the tray, in the note's window, or at its end while it is not known yet in which of them.
-QRect placeOf(const NSView& anchor) {
+desktop::Anchor placeOf(const NSView& anchor) {
   if (const auto inTray = desktop::placeInTray(anchor)) return *inTray;
   const QWidget& widget = *anchor.native().widget;
   const NoteFrame* const note = NoteFrame::first();
-  if (widget.parentWidget() != nullptr || note == nullptr) return globalRect(widget);
+  if (widget.parentWidget() != nullptr || note == nullptr) return {globalRect(widget), true};
   QRect end = widget.rect();
   end.moveTopRight(globalRect(*note).topRight());
-  return end;
+  return {end, false};
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ struct NSPopover::Impl {
       desktop::showWithProgram(*bubble);
     } else {
       NoteFrame::showBeside(*bubble);
-      desktop::windowSystem().activate(*bubble);
+      NoteFrame::activateBeside(*bubble);
     }
   }
 
@@ -80,7 +80,7 @@ void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /
   if (NSButton* const button = defaultButton(content)) {
     auto* const push = qobject_cast<QPushButton*>(button->native().widget.get());
     if (push != nullptr) push->setDefault(true);  // so that a screen reader says so
-    bubble.onReturn = [button] { button->performClick(nullptr); };
+    bubble.onReturn = [button] { button->performClick(); };
   }
   if (transient) {
     bubble.onHide = [this] {

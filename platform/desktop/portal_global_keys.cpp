@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/portal_global_keys.h"
 
+#include <QAction>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
@@ -11,7 +12,10 @@
 #include <vector>
 
 #include "platform/desktop/application_service.h"
+#include "platform/desktop/bus.h"
+#include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/gnome_shortcuts.h"
 #include "platform/desktop/portal_shortcuts.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/window_system.h"
@@ -37,13 +41,13 @@ std::string_view letterOf(std::uint32_t virtualKeyCode) {
 struct Modifier {
   std::uint32_t ofHotKey;
   unsigned ofMenu;
+  Qt::KeyboardModifier ofQt;
   std::string_view ofTrigger;
+  std::string_view ofGnome;
 };
 constexpr Modifier knownModifiers[] = {
-    {cmdKey, NSEventModifierFlagCommand, "CTRL+"},
-    {optionKey, NSEventModifierFlagOption, "ALT+"},
-    {shiftKey, NSEventModifierFlagShift, "SHIFT+"},
-    {controlKey, NSEventModifierFlagControl, "LOGO+"},
+    {cmdKey, NSEventModifierFlagCommand, Qt::ControlModifier, "CTRL+", "<Control>"},
+    {optionKey, NSEventModifierFlagOption, Qt::AltModifier, "ALT+", "<Alt>"},
 };
 
 class PortalGlobalKeys : public QObject, public GlobalKeys {
@@ -56,8 +60,11 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
   bool listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) override {
     const std::string_view letter = letterOf(keyCode);
     if (letter.empty()) return false;
-    if (hotKeys_.empty()) afterFirstFrame(*this, [this] { findPortal(); });
-    hotKeys_.push_back({letter, modifiers, std::move(pressed), {}});
+    if (hotKeys_.empty()) {
+      afterFirstFrame(*this, [this] { sessionBus().whenItAnswers(*this, [this] { findPortal(); }); });
+    }
+    hotKeys_.push_back({letter, modifiers, std::move(pressed), {}, std::make_unique<QAction>()});
+    listenInOwnWindows(hotKeys_.back());
     return true;
   }
 
@@ -67,12 +74,52 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     std::uint32_t modifiers;
     std::function<void()> pressed;
     QString id;  ///< none before the portal is told of it
+    std::unique_ptr<QAction> inOwnWindows;
+  };
+  /// A hot key in the words of the desktop.
+  struct Described {
+    QString action;
+    QString title;
+    QString trigger;  ///< as the portal writes the keys
+    QString gnome;    ///< and GNOME's settings
   };
 
+  /// Whoever gives the keys takes them before a window of ours sees them; where nobody does, they act there at least.
+  static void listenInOwnWindows(HotKey& hotKey) {
+    Qt::KeyboardModifiers modifiers;
+    for (const Modifier& modifier : knownModifiers)
+      modifiers.setFlag(modifier.ofQt, (hotKey.modifiers & modifier.ofHotKey) != 0);
+    const auto key = static_cast<Qt::Key>(QChar::fromLatin1(hotKey.letter.front()).toUpper().unicode());
+    hotKey.inOwnWindows->setShortcut(QKeyCombination(modifiers, key));
+    hotKey.inOwnWindows->setShortcutContext(Qt::ApplicationShortcut);
+    hotKey.inOwnWindows->setAutoRepeat(false);
+    connect(hotKey.inOwnWindows.get(), &QAction::triggered, [pressed = hotKey.pressed] { pressed(); });
+    if (NoteFrame* const note = NoteFrame::first()) note->addAction(hotKey.inOwnWindows.get());
+  }
+
+  /// GNOME's own part of the portal is asked there: where that has no shortcuts, the portal takes those of another
+  /// desktop that is installed, which never hear a key.
   void findPortal() {
-    if (!sessionBusExists()) return;
-    // The portal takes a program's name only from a connection on which it was asked for nothing else before; the
-    // toolkit may ask it for the desktop's colours on the shared one.
+    if (!isGnome()) return usePortal();
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.impl.portal.desktop.gnome"), QStringLiteral("/org/freedesktop/portal/desktop"),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << QStringLiteral("org.freedesktop.impl.portal.GlobalShortcuts") << QStringLiteral("version");
+    auto* const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+      if (!call->isError()) {
+        usePortal();
+      } else if (call->error().type() != QDBusError::NoReply) {
+        for (const Described& hotKey : describeHotKeys())
+          addToGnomeShortcuts(hotKey.action, hotKey.title, hotKey.gnome);
+      }
+      call->deleteLater();
+    });
+  }
+
+  void usePortal() {
+    // The portal takes a program's name only from a connection on which it was asked for nothing else before; Qt may
+    // ask it for the desktop's colours on the shared one.
     QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
     if (!bus.isConnected()) return;
     nameWatch_.setConnection(bus);
@@ -81,14 +128,9 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
             [this, bus](const QString& /*name*/, const QString& /*oldOwner*/, const QString& owner) {
               useShortcutsOf({bus, owner});
             });
-    wakePortal(bus);
-  }
-
-  /// The bus starts a portal that is installed.
-  void wakePortal(const QDBusConnection& bus) {
-    const Portal portal{bus, Portal::name()};
-    const QDBusMessage ping = portal.call(QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
-    auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(ping), this);
+    constexpr uint noFlags = 0;
+    const QDBusMessage start = callOfTheBus(QStringLiteral("StartServiceByName")) << Portal::name() << noFlags;
+    auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(start), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, bus] {
       if (!call->isError()) findOwner(bus);
       call->deleteLater();
@@ -97,10 +139,7 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
 
   /// The bus is asked: not every version of the toolkit tells whose an answer is.
   void findOwner(const QDBusConnection& bus) {
-    const QString busName = QStringLiteral("org.freedesktop.DBus");
-    QDBusMessage question = QDBusMessage::createMethodCall(busName, QStringLiteral("/org/freedesktop/DBus"), busName,
-                                                           QStringLiteral("GetNameOwner"));
-    question << Portal::name();
+    const QDBusMessage question = callOfTheBus(QStringLiteral("GetNameOwner")) << Portal::name();
     auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, bus] {
       const QDBusPendingReply<QString> owner = *call;
@@ -113,28 +152,35 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
   void useShortcutsOf(const Portal& portal) {
     if (shortcuts_ && shortcuts_->portal().owner == portal.owner) return;
     shortcuts_.reset();
-    const QList<PortalShortcut> wanted = portal.owner.isEmpty() ? QList<PortalShortcut>() : describeHotKeys();
+    if (portal.owner.isEmpty()) return;
+    QList<PortalShortcut> wanted;
+    for (const Described& hotKey : describeHotKeys()) {
+      wanted.append(
+          {hotKey.action,
+           {{QStringLiteral("description"), hotKey.title}, {QStringLiteral("preferred_trigger"), hotKey.trigger}}});
+    }
     if (wanted.isEmpty()) return;
     shortcuts_.emplace(portal, wanted, [this](const QString& id, const QString& token) { press(id, token); });
   }
 
   /// Each by the menu's command with the same key; a hot key without one has no name that the user would know.
-  QList<PortalShortcut> describeHotKeys() {
-    QList<PortalShortcut> described;
+  QList<Described> describeHotKeys() {
+    QList<Described> described;
     for (HotKey& hotKey : hotKeys_) {
       unsigned menuModifiers = 0;
       QString trigger;
+      QString binding;
       for (const Modifier& modifier : knownModifiers) {
         if ((hotKey.modifiers & modifier.ofHotKey) == 0) continue;
         menuModifiers |= modifier.ofMenu;
         trigger += toQString(modifier.ofTrigger);
+        binding += toQString(modifier.ofGnome);
       }
       const auto command = offeredCommandWithKey(hotKey.letter, menuModifiers);
       if (!command) continue;
       hotKey.id = toQString(command->action().name);
-      described.append({hotKey.id,
-                        {{QStringLiteral("description"), toQString(command->title())},
-                         {QStringLiteral("preferred_trigger"), trigger + toQString(hotKey.letter)}}});
+      const QString letter = toQString(hotKey.letter);
+      described.append({hotKey.id, toQString(command->title()), trigger + letter, binding + letter});
     }
     return described;
   }
@@ -143,8 +189,10 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     const auto hotKey =
         std::find_if(hotKeys_.begin(), hotKeys_.end(), [&](const HotKey& each) { return each.id == id; });
     if (id.isEmpty() || hotKey == hotKeys_.end()) return;
-    takeActivationToken(activationToken);
-    hotKey->pressed();
+    leaveGnomeOverview(*this, [activationToken, pressed = hotKey->pressed] {
+      takeActivationToken(activationToken);
+      pressed();
+    });
   }
 
   std::vector<HotKey> hotKeys_;

@@ -12,6 +12,11 @@
 namespace platform::desktop {
 namespace {
 
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds firstPause = 1s;
+constexpr std::chrono::milliseconds longestPause = 64s;  // and a session that lasts longer is a success
+
 const QString globalShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 
 }  // namespace
@@ -31,10 +36,20 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& s
 }
 
 PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated)
-    : portal_(std::move(portal)), shortcuts_(shortcuts), activated_(std::move(activated)) {
+    : portal_(std::move(portal)), shortcuts_(shortcuts), activated_(std::move(activated)), pause_(firstPause) {
   qDBusRegisterMetaType<PortalShortcut>();
   qDBusRegisterMetaType<QList<PortalShortcut>>();
+  renewal_.setSingleShot(true);
+  connect(&renewal_, &QTimer::timeout, this, &PortalShortcuts::createSession);
+  listen();
   tellName();
+}
+
+void PortalShortcuts::listen() {
+  portal_.bus.connect(portal_.owner, {}, QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Closed"),
+                      this, SLOT(onClosed(QDBusMessage)));
+  portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
+                      SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
 }
 
 /// A portal that knows programs by their names gives shortcuts to no other; one that cannot be told of it finds it out
@@ -53,22 +68,25 @@ void PortalShortcuts::createSession() {
   // Plasma 5.27 gives keys only to the shortcuts that it is told here; others do not look.
   const QVariantMap options{{QStringLiteral("session_handle_token"), QStringLiteral("quillberry")},
                             {QStringLiteral("shortcuts"), QVariant::fromValue(shortcuts_)}};
-  creation_.emplace(portal_, portal_.call(globalShortcuts, QStringLiteral("CreateSession")), options,
-                    [this](const QVariantMap& results) { onCreated(results); });
+  creation_.emplace(
+      portal_, portal_.call(globalShortcuts, QStringLiteral("CreateSession")), options,
+      [this](const QVariantMap& results) { onCreated(results); },
+      [this] {
+        // What closed the session may be starting anew itself; a portal that never gave one has none to give.
+        if (lifetime_.isValid()) renewLater();
+      });
 }
 
 void PortalShortcuts::onCreated(const QVariantMap& results) {
   // A string, whatever else handles are; what is no path comes out empty.
   session_ = QDBusObjectPath(results.value(QStringLiteral("session_handle")).toString()).path();
-  if (!session_.isEmpty()) bindUnlessBound();
+  if (session_.isEmpty()) return;
+  lifetime_.start();
+  bindUnlessBound();
 }
 
 /// Plasma 5.27 has bound them with the session, and would open its settings each time that it is asked to bind.
 void PortalShortcuts::bindUnlessBound() {
-  portal_.bus.connect(portal_.owner, session_, QStringLiteral("org.freedesktop.portal.Session"),
-                      QStringLiteral("Closed"), this, SLOT(onClosed()));
-  portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
-                      SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("ListShortcuts"));
   call << QVariant::fromValue(QDBusObjectPath(session_));
   listing_.emplace(
@@ -99,6 +117,17 @@ void PortalShortcuts::onActivated(const QDBusObjectPath& session, const QString&
   activated_(id, options.value(QStringLiteral("activation_token")).toString());
 }
 
-void PortalShortcuts::onClosed() { session_.clear(); }
+void PortalShortcuts::onClosed(const QDBusMessage& message) {
+  if (session_.isEmpty() || message.path() != session_) return;
+  session_.clear();
+  bound_ = false;
+  if (lifetime_.hasExpired(longestPause.count())) pause_ = firstPause;
+  renewLater();
+}
+
+void PortalShortcuts::renewLater() {
+  renewal_.start(pause_);
+  pause_ = std::min(2 * pause_, longestPause);
+}
 
 }  // namespace platform::desktop

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <QDBusObjectPath>
+#include <QElapsedTimer>
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QVariantMap>
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -20,7 +23,8 @@ struct PortalShortcut {
 };
 
 /// A session of global shortcuts with one process of the portal, asked for from construction on. Where the portal
-/// refuses it, has no shortcuts to give or closes the session, nothing is heard of it any more.
+/// refuses it or has no shortcuts to give, nothing is heard of it any more. Where it closes the session, another one is
+/// asked for after a pause, which grows until a session lasts.
 class PortalShortcuts : public QObject {
   Q_OBJECT
 
@@ -37,11 +41,13 @@ class PortalShortcuts : public QObject {
   Q_SLOT void onBound();
   Q_SLOT void onActivated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
                           const QVariantMap& options);
-  Q_SLOT void onClosed();
+  Q_SLOT void onClosed(const QDBusMessage& message);
 
+  void listen();
   void tellName();
   void createSession();
   void bindUnlessBound();
+  void renewLater();
   bool isEachIn(const QVariantMap& results) const;
   void bind();
 
@@ -50,6 +56,9 @@ class PortalShortcuts : public QObject {
   Activated activated_;
   QString session_;  ///< empty before it is created and after it is closed
   bool bound_ = false;
+  QTimer renewal_;
+  std::chrono::milliseconds pause_;
+  QElapsedTimer lifetime_;  ///< of the session
   std::optional<PortalRequest> creation_;
   std::optional<PortalRequest> listing_;
   std::optional<PortalRequest> binding_;

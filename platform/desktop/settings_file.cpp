@@ -4,7 +4,9 @@
 #include <QJsonDocument>
 #include <utility>
 
+#include "platform/application_metadata.h"
 #include "platform/desktop/atomic_file.h"
+#include "platform/desktop/base_directories.h"
 #include "platform/file_manager.h"
 
 namespace platform::desktop {
@@ -18,12 +20,24 @@ SettingsFile::SettingsFile(std::filesystem::path file) : file_(std::move(file)) 
   notRead_ = !document.isObject();
 }
 
+SettingsFile& SettingsFile::ofProgram() {
+  static SettingsFile settings(configHome() / metadata::name / "settings.json");
+  return settings;
+}
+
 void SettingsFile::store(const QString& key, const QJsonValue& value) {
-  if (values_.value(key) == value) return;
-  values_.insert(key, value);
-  if (notRead_ && NSFileManager::defaultManager().keepUnreadableItemAtURL(file_)) return;
+  if (values_.value(key) != value) {
+    values_.insert(key, value);
+    written_ = false;
+  }
+  write();
+}
+
+void SettingsFile::write() {
+  if (written_ || (notRead_ && NSFileManager::defaultManager().keepUnreadableItemAtURL(file_))) return;
   makeFolder(file_.parent_path(), true);
-  if (!replaceFile(file_, QJsonDocument(values_).toJson().toStdString())) notRead_ = false;
+  written_ = !replaceFile(file_, QJsonDocument(values_).toJson().toStdString());
+  if (written_) notRead_ = false;
 }
 
 }  // namespace platform::desktop

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "platform/desktop/application_service.h"
+#include "platform/desktop/bus.h"
 #include "platform/desktop/note_lock.h"
 
 namespace platform::desktop {
@@ -19,11 +20,11 @@ using namespace std::chrono_literals;
 
 constexpr auto patience = 3s;  // for a process that is starting or ending
 constexpr auto pause = 20ms;
-constexpr int callTimeout = 900;  // milliseconds
+constexpr auto patienceWithBus = 900ms;
 
 /// Asks the running process to come forward. False if nobody did.
 bool handOver() {
-  if (!sessionBusExists()) return false;
+  if (!Bus(QDBusConnection::SessionBus).answersWithin(patienceWithBus)) return false;
   const QString connectionName = QStringLiteral("hand over");
   bool done = false;
   {
@@ -32,7 +33,7 @@ bool handOver() {
         QDBusMessage::createMethodCall(serviceName(), servicePath(), serviceInterface(), QStringLiteral("Activate"));
     call.setAutoStartService(false);
     call << QVariantMap{{activationTokenKey(), qEnvironmentVariable("XDG_ACTIVATION_TOKEN")}};
-    done = bus.call(call, QDBus::Block, callTimeout).type() == QDBusMessage::ReplyMessage;
+    done = bus.call(call, QDBus::Block, patienceWithBus.count()).type() == QDBusMessage::ReplyMessage;
   }
   QDBusConnection::disconnectFromBus(connectionName);
   return done;

@@ -78,7 +78,7 @@ struct NSStatusItem::Impl {
 NSStatusItem::NSStatusItem() : impl_(std::make_unique<Impl>()) {}
 NSStatusItem::~NSStatusItem() = default;
 
-std::optional<QRect> desktop::placeInTray(const NSView& button) {
+std::optional<desktop::Anchor> desktop::placeInTray(const NSView& button) {
   return &button == shown.button ? shown.tray->place() : std::nullopt;
 }
 

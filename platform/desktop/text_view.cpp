@@ -27,13 +27,6 @@ namespace {
 
 NoteEditor& editorOf(const NSTextView& view) { return static_cast<NoteEditor&>(*view.native().widget); }
 
-/// The text of valid UTF-8, a byte-order mark included, which `QString::fromUtf8` would drop.
-QString decoded(std::string_view text) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  const QString rest = desktop::toQString(text);
-  return text.starts_with(byteOrderMark) ? QChar(QChar::ByteOrderMark) + rest : rest;
-}
-
 }  // namespace
 
 NSTextView::NSTextView(NSRect frame)
@@ -76,7 +69,7 @@ void NSTextView::setTextContainerInset(NSSize inset) {
 }
 
 std::string NSTextView::string() const { return impl_->editor.exactTextWithComposition().toStdString(); }
-void NSTextView::setString(std::string_view text) { impl_->editor.loadExactText(decoded(text)); }
+void NSTextView::setString(std::string_view text) { impl_->editor.loadExactText(desktop::exactlyDecoded(text)); }
 
 void NSTextView::setSelectedRange(NSRange range) {
   impl_->editor.selectExactly(static_cast<qsizetype>(range.location), static_cast<qsizetype>(range.length));

@@ -1,22 +1,38 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusVariant>
 #include <QObject>
 
 namespace platform::desktop {
 
-/// Takes the style's colours anew when the desktop's theme turns dark or light. The toolkit keeps those that it had at
-/// the start where the desktop names no colours of its own; where it does, they are followed by the toolkit.
+/// Dark or light as the desktop says, while the program runs: through its portal of settings, and where the theme that
+/// Qt follows changes. What the portal said last is remembered, for the first frame does not wait for a bus.
 class ThemeFollower : public QObject {
+  Q_OBJECT
+
  public:
-  /// To be made after the toolkit's application.
+  /// To be made after Qt's application.
   ThemeFollower();
+
+  /// Takes what the portal said last, and listens to it once the first frame has been drawn.
+  void followPortal();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  /// As the portal counts them.
+  enum class Scheme : uint { NoPreference = 0, Dark = 1, Light = 2 };
+
+  Q_SLOT void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+  void askPortal();
+  void setScheme(const QVariant& value);
+  void applyScheme();
+
   bool styleNamesTheColors_;
+  Scheme scheme_ = Scheme::NoPreference;
 };
 
 }  // namespace platform::desktop

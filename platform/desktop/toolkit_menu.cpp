@@ -16,7 +16,6 @@ QKeySequence shortcutOf(const NSMenuItem& item) {
   modifiers.setFlag(Qt::ShiftModifier, (mask & NSEventModifierFlagShift) != 0);
   modifiers.setFlag(Qt::ControlModifier, (mask & NSEventModifierFlagCommand) != 0);
   modifiers.setFlag(Qt::AltModifier, (mask & NSEventModifierFlagOption) != 0);
-  modifiers.setFlag(Qt::MetaModifier, (mask & NSEventModifierFlagControl) != 0);
   const char16_t letter = toQString(item.keyEquivalent()).at(0).toUpper().unicode();
   return QKeyCombination(modifiers, static_cast<Qt::Key>(letter));
 }
@@ -60,15 +59,12 @@ void ToolkitMenu::addItem(const std::shared_ptr<NSMenuItem>& item) {
   menu_.addAction(action);
 }
 
-std::vector<QAction*> ToolkitMenu::commands() const {
-  std::vector<QAction*> all;
+QList<QAction*> ToolkitMenu::commands() const {
+  QList<QAction*> all;
   for (const auto& action : actions_) {
-    if (!action->isSeparator()) all.push_back(action.get());
+    if (!action->isSeparator()) all.append(action.get());
   }
-  for (const auto& submenu : submenus_) {
-    const auto below = submenu->commands();
-    all.insert(all.end(), below.begin(), below.end());
-  }
+  for (const auto& submenu : submenus_) all.append(submenu->commands());
   return all;
 }
 

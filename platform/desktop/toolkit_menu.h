@@ -24,7 +24,8 @@ class ToolkitMenu {
   QMenu& menu() { return menu_; }
   /// The commands of this menu and those below it. Their shortcuts act in the widgets to which they are added; in a
   /// menu they are only shown.
-  std::vector<QAction*> commands() const;
+  QList<QAction*> commands() const;
+  const std::vector<std::unique_ptr<ToolkitMenu>>& submenus() const { return submenus_; }
 
  private:
   void addItem(const std::shared_ptr<NSMenuItem>& item);

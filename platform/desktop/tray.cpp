@@ -16,8 +16,6 @@ namespace {
 // Panels are light or dark whatever the desktop's palette is: 3 : 1 and more on white and on a panel of #303030.
 const QColor colourForAnyPanel(0x88, 0x88, 0x88);
 
-constexpr int distanceFromEnd = 24;  // of the screen, in points
-
 /// Hosts of notifier items draw a symbolic icon from the theme in their own colours.
 QIcon iconFor(const std::optional<NSImage>& image, TrayHosts::Kind kind) {
   if (!image) return {};
@@ -25,6 +23,29 @@ QIcon iconFor(const std::optional<NSImage>& image, TrayHosts::Kind kind) {
   const QString name = toQString(metadata::identifier) + QStringLiteral("-symbolic");
   const bool themed = kind == TrayHosts::Kind::StatusNotifier && QIcon::hasThemeIcon(name);
   return themed ? QIcon::fromTheme(name, drawn) : drawn;
+}
+
+/// The first screen that a panel takes room of, else the primary one.
+const QScreen& screenWithPanel() {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  const auto found = std::find_if(screens.begin(), screens.end(), [](const QScreen* screen) {
+    return screen->availableGeometry() != screen->geometry();
+  });
+  return found == screens.end() ? *QGuiApplication::primaryScreen() : **found;
+}
+
+/// The end of the panel: the last point in the direction of reading, or downward in one at a side. A screen without
+/// panels counts as one with a panel above.
+QRect endOfPanel() {
+  const QScreen& screen = screenWithPanel();
+  const QRect whole = screen.geometry();
+  const QRect room = screen.availableGeometry();
+  const bool above = room.top() > whole.top();
+  const bool below = room.bottom() < whole.bottom();
+  if (!above && !below && room.left() > whole.left()) return {whole.bottomLeft(), QSize(1, 1)};
+  if (!above && !below && room.right() < whole.right()) return {whole.bottomRight(), QSize(1, 1)};
+  const int end = QGuiApplication::isRightToLeft() ? whole.left() : whole.right();
+  return {QPoint(end, below && !above ? whole.bottom() : whole.top()), QSize(1, 1)};
 }
 
 }  // namespace
@@ -54,17 +75,10 @@ void Tray::hostsChanged() {
   onChange_(present);
 }
 
-std::optional<QRect> Tray::place() const {
+std::optional<Anchor> Tray::place() const {
   if (!item_) return std::nullopt;
   const QRect told = item_->geometry();
-  if (!told.isEmpty()) return told;
-  const QScreen& screen = *QGuiApplication::primaryScreen();
-  const QRect whole = screen.geometry();
-  const QRect room = screen.availableGeometry();
-  const bool panelBelow = room.bottom() < whole.bottom() && room.top() == whole.top();
-  const int end = QGuiApplication::isRightToLeft() ? whole.left() + distanceFromEnd : whole.right() - distanceFromEnd;
-  return panelBelow ? QRect(QPoint(end, room.bottom() + 1), QPoint(end, whole.bottom()))
-                    : QRect(QPoint(end, whole.top()), QPoint(end, std::max(whole.top(), room.top() - 1)));
+  return told.isEmpty() ? Anchor{endOfPanel(), false} : Anchor{told, true};
 }
 
 void Tray::showItem(TrayHosts::Kind kind) {

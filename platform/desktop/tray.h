@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/desktop/bubble.h"
 #include "platform/desktop/tray_hosts.h"
 #include "platform/image.h"
 
@@ -22,9 +23,9 @@ class Tray {
   Tray(const Tray&) = delete;
   Tray& operator=(const Tray&) = delete;
 
-  /// Where the item is: its own place where the tray tells it, else the end of the panel, or of the screen; none while
-  /// there is no tray.
-  std::optional<QRect> place() const;
+  /// Where the item is: its own place where the tray tells it, else the end of the panel that it is likely to be in,
+  /// which is not known; none while there is no tray.
+  std::optional<Anchor> place() const;
 
  private:
   void hostsChanged();

@@ -8,7 +8,8 @@
 #include <QDBusVariant>
 #include <utility>
 
-#include "platform/desktop/application_service.h"
+#include "platform/desktop/bus.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/x11.h"
 
 namespace platform::desktop {
@@ -25,16 +26,13 @@ TrayHosts::TrayHosts(std::function<void()> onChange) : onChange_(std::move(onCha
     trayWatch_ = std::make_unique<SelectionWatch>(connection, tray, [this] { setXEmbedTray(trayWatch_->isOwned()); });
     setXEmbedTray(trayWatch_->isOwned());
   }
-  watchNotifierHosts();
+  if (!sessionBus().answersWithin(std::chrono::milliseconds::zero())) setNotifierHost(false);
+  sessionBus().whenItAnswers(*this, [this] { watchNotifierHosts(); });
 }
 
 TrayHosts::~TrayHosts() = default;
 
 void TrayHosts::watchNotifierHosts() {
-  if (!sessionBusExists() || !QDBusConnection::sessionBus().isConnected()) {
-    setNotifierHost(false);
-    return;
-  }
   QDBusConnection bus = QDBusConnection::sessionBus();
   watcherWatch_.setConnection(bus);
   watcherWatch_.addWatchedService(watcherName);

@@ -10,6 +10,7 @@
 #include "platform/application_metadata.h"
 #include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/module.h"
 #include "platform/desktop/strings.h"
 
 namespace platform::desktop {
@@ -74,10 +75,10 @@ UpdateWindow::UpdateWindow(UpdateSource source) : source_(std::move(source)) {
 void UpdateWindow::check() {
   interrupted_ = false;
   if (!request_) ask();
-  addActions(mainMenuCommands());
+  addActions(applicationMenuCommands());
   if (!testAttribute(Qt::WA_Moved)) moveToMiddle();
   if (!isVisible()) NoteFrame::showBeside(*this);
-  windowSystem().activate(*this);
+  NoteFrame::activateBeside(*this);
 }
 
 /// Of the note's screen. Left to themselves, window managers put it into a corner.
@@ -109,9 +110,11 @@ void UpdateWindow::ask() {
   if (source_.feed.isEmpty()) {
     return tell(QStringLiteral("Updates of %1 come with your system's packages.").arg(programName()));
   }
-  const FeedModule module = loadFeedModule(source_.moduleFolders);
-  if (module.makeRequest == nullptr) return tellFailure(module.failure);
-  module.makeRequest(request_, QUrl(source_.feed), source_.patience, [this](const FeedAnswer& answer) {
+  QString failure;
+  const auto makeRequest = reinterpret_cast<MakeFeedRequest>(
+      loadFromModule(source_.moduleFolders, QLatin1String(feedModule), makeFeedRequestName, failure));
+  if (makeRequest == nullptr) return tellFailure(failure);
+  makeRequest(request_, QUrl(source_.feed), source_.patience, [this](const FeedAnswer& answer) {
     request_.reset();
     understand(answer);
   });

@@ -10,7 +10,7 @@
 #include <chrono>
 
 #include "platform/desktop/appcast.h"
-#include "platform/desktop/feed_module.h"
+#include "platform/desktop/feed_request.h"
 
 namespace platform::desktop {
 

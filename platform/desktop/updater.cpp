@@ -2,6 +2,7 @@
 #include "platform/updater.h"
 
 #include "platform/application_metadata.h"
+#include "platform/desktop/module.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/update_window.h"
 
@@ -19,7 +20,7 @@ SPUStandardUpdaterController::~SPUStandardUpdaterController() = default;
 void SPUStandardUpdaterController::checkForUpdates(NSObject* /*sender*/) {
   if (!impl_->window) {
     impl_->window = std::make_unique<desktop::UpdateWindow>(desktop::UpdateSource{
-        desktop::toQString(metadata::feed), desktop::toQString(metadata::version), desktop::feedModuleFolders()});
+        desktop::toQString(metadata::feed), desktop::toQString(metadata::version), desktop::moduleFolders()});
   }
   impl_->window->check();
 }

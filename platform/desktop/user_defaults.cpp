@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "platform/user_defaults.h"
 
-#include "platform/application_metadata.h"
-#include "platform/desktop/base_directories.h"
 #include "platform/desktop/settings_file.h"
 #include "platform/desktop/strings.h"
 
 namespace platform {
 
+using desktop::SettingsFile;
 using desktop::toQString;
 
-struct NSUserDefaults::Impl {
-  desktop::SettingsFile settings{desktop::configHome() / metadata::name / "settings.json"};
-};
+struct NSUserDefaults::Impl {};
 
-NSUserDefaults::NSUserDefaults() : impl_(std::make_unique<Impl>()) {}
+NSUserDefaults::NSUserDefaults() = default;
 NSUserDefaults::~NSUserDefaults() = default;
 
 NSUserDefaults& NSUserDefaults::standardUserDefaults() {
@@ -23,7 +20,7 @@ NSUserDefaults& NSUserDefaults::standardUserDefaults() {
 }
 
 std::optional<DefaultsValue> NSUserDefaults::storedObjectForKey(std::string_view key) const {
-  const QJsonValue value = impl_->settings.value(toQString(key));
+  const QJsonValue value = SettingsFile::ofProgram().value(toQString(key));
   switch (value.type()) {
     case QJsonValue::Undefined:
       return std::nullopt;
@@ -38,10 +35,12 @@ std::optional<DefaultsValue> NSUserDefaults::storedObjectForKey(std::string_view
   }
 }
 
-void NSUserDefaults::setBool(bool value, std::string_view key) { impl_->settings.store(toQString(key), value); }
+void NSUserDefaults::setBool(bool value, std::string_view key) {
+  SettingsFile::ofProgram().store(toQString(key), value);
+}
 
 void NSUserDefaults::setString(std::string_view value, std::string_view key) {
-  impl_->settings.store(toQString(key), toQString(value));
+  SettingsFile::ofProgram().store(toQString(key), toQString(value));
 }
 
 }  // namespace platform

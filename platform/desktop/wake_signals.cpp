@@ -9,10 +9,18 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
-#include "platform/desktop/application_service.h"
+#include "platform/desktop/bus.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/x11.h"
 #include "platform/desktop/x11_screen_watch.h"
 #include "platform/workspace.h"
+
+namespace platform {
+
+// The services are listened to whoever observes.
+void NSNotificationCenter::noteObserver(std::string_view /*name*/) {}
+
+}  // namespace platform
 
 namespace platform::desktop {
 namespace {
@@ -23,7 +31,7 @@ const QString loginManager = QStringLiteral("org.freedesktop.login1");
 const QString loginSession = QStringLiteral("org.freedesktop.login1.Session");
 const QString displayConfiguration = QStringLiteral("org.gnome.Mutter.DisplayConfig");
 
-/// Every desktop has its own screen saver under its own name; their signals are alike.
+/// Every desktop has its own screen saver under its own name, which is its interface's too; their signals are alike.
 constexpr const char* screenSavers[] = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
                                         "org.cinnamon.ScreenSaver", "org.mate.ScreenSaver", "org.xfce.ScreenSaver"};
 
@@ -54,8 +62,8 @@ bool isOurUser(const QVariant& value) {
 }  // namespace
 
 WakeSignals::WakeSignals() {
-  listenToLoginManager();
-  listenToSession();
+  systemBus().whenItAnswers(*this, [this] { listenToLoginManager(); });
+  sessionBus().whenItAnswers(*this, [this] { listenToSession(); });
   if (auto* const connection = x11::connection()) {
     screen_ = std::make_unique<X11ScreenWatch>(connection);
     screen_->onDisplayOn = [this] { whenUncovered(postScreensWake); };
@@ -66,7 +74,6 @@ WakeSignals::~WakeSignals() = default;
 
 void WakeSignals::listenToLoginManager() {
   QDBusConnection bus = QDBusConnection::systemBus();
-  if (!bus.isConnected()) return;
   bus.connect(loginManager, {}, QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForSleep"),
               this, SLOT(onPrepareForSleep(bool)));
   bus.connect(loginManager, {}, properties, propertiesChanged, {loginSession}, QStringLiteral("sa{sv}as"), this,
@@ -74,15 +81,21 @@ void WakeSignals::listenToLoginManager() {
 }
 
 void WakeSignals::listenToSession() {
-  if (!sessionBusExists()) return;
   QDBusConnection bus = QDBusConnection::sessionBus();
-  // From whoever sends them: a service may start later, or start again.
-  for (const char* const screenSaver : screenSavers) {
-    bus.connect({}, {}, QLatin1String(screenSaver), QStringLiteral("ActiveChanged"), this,
-                SLOT(onScreenSaverChanged(bool)));
+  // From the owners of the names alone, whenever they start.
+  for (const char* const name : screenSavers) {
+    const QLatin1String screenSaver(name);
+    bus.connect(screenSaver, {}, screenSaver, QStringLiteral("ActiveChanged"), this,
+                SLOT(onScreenSaverChanged(bool, QDBusMessage)));
   }
-  bus.connect({}, {}, properties, propertiesChanged, {displayConfiguration}, QStringLiteral("sa{sv}as"), this,
-              SLOT(onDisplayChanged(QString, QVariantMap, QStringList)));
+  bus.connect(displayConfiguration, {}, properties, propertiesChanged, {displayConfiguration},
+              QStringLiteral("sa{sv}as"), this, SLOT(onDisplayChanged(QString, QVariantMap, QStringList)));
+}
+
+bool WakeSignals::endsAbsence(const QString& source, bool away) {
+  if (!away) return away_.remove(source);
+  away_.insert(source);
+  return false;
 }
 
 void WakeSignals::onPrepareForSleep(bool goingToSleep) {
@@ -92,7 +105,7 @@ void WakeSignals::onPrepareForSleep(bool goingToSleep) {
 void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantMap& changed,
                                    const QStringList& /*invalidated*/, const QDBusMessage& message) {
   const QVariant locked = changed.value(QStringLiteral("LockedHint"));
-  if (!locked.isValid() || locked.toBool()) return;
+  if (!locked.isValid() || !endsAbsence(message.path(), locked.toBool())) return;
   // Other users of the machine have sessions too.
   QDBusMessage question =
       QDBusMessage::createMethodCall(loginManager, message.path(), properties, QStringLiteral("Get"));
@@ -105,14 +118,14 @@ void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantM
   });
 }
 
-void WakeSignals::onScreenSaverChanged(bool active) {
-  if (!active) whenUncovered(postUnlock);
+void WakeSignals::onScreenSaverChanged(bool active, const QDBusMessage& message) {
+  if (endsAbsence(message.interface(), active)) whenUncovered(postUnlock);
 }
 
-void WakeSignals::onDisplayChanged(const QString& /*interface*/, const QVariantMap& changed,
+void WakeSignals::onDisplayChanged(const QString& interface, const QVariantMap& changed,
                                    const QStringList& /*invalidated*/) {
   const QVariant powerSaveMode = changed.value(QStringLiteral("PowerSaveMode"));
-  if (powerSaveMode.isValid() && powerSaveMode.toInt() == 0) whenUncovered(postScreensWake);
+  if (powerSaveMode.isValid() && endsAbsence(interface, powerSaveMode.toInt() != 0)) whenUncovered(postScreensWake);
 }
 
 void WakeSignals::whenUncovered(void (*post)()) {

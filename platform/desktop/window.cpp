@@ -34,8 +34,9 @@ struct NSWindow::Impl {
   std::shared_ptr<NSView> content;  // before the frame, which has it inside
   NoteFrame frame;
   std::weak_ptr<NSWindowDelegate> delegate;
-  NSView* firstResponder = nullptr;
+  std::weak_ptr<NSView> firstResponder;
   std::string autosaveKey;
+  NSRect place;  ///< where the frame was last put
   QTimer keepFrameLater;
   desktop::ScreenChanges screenChanges{[this] { stayOnScreens(); }};
 
@@ -56,6 +57,7 @@ struct NSWindow::Impl {
   ~Impl() { keepFrame(); }
 
   void setFrame(NSRect rect) {
+    place = rect;
     frame.setGeometry(desktop::toToolkit(rect));
     content->setFrame({{}, rect.size});
   }
@@ -65,8 +67,16 @@ struct NSWindow::Impl {
     if (!answerer || answerer->windowShouldClose(owner)) frame.hide();
   }
 
+  /// A window whose display tells no places counts as where it was put.
+  NSRect placed(const QRect& geometry) const {
+    NSRect rect = desktop::fromToolkit(geometry);
+    if (!windowSystem().hasPlaces()) rect.origin = {place.minX(), place.maxY() - rect.size.height};
+    return rect;
+  }
+
   void stayOnScreens() {
-    const NSRect now = desktop::fromToolkit(frame.geometry());
+    if (frame.isZoomed()) return frame.zoomAnew();
+    const NSRect now = placed(frame.geometry());
     const NSRect whole = frameWholeOnScreens(now, desktop::screens());
     if (!(whole == now)) setFrame(whole);
   }
@@ -80,7 +90,7 @@ struct NSWindow::Impl {
   void keepFrame() {
     keepFrameLater.stop();
     if (autosaveKey.empty() || frame.isMaximized() || frame.isFullScreen()) return;
-    const NSRect rect = desktop::fromToolkit(frame.unzoomedGeometry());
+    const NSRect rect = placed(frame.unzoomedGeometry());
     const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
     NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);
   }
@@ -95,8 +105,8 @@ struct NSWindow::Impl {
   /// Escape puts the note away from every control in it.
   void passToFirstResponder(QKeyEvent& key) {
     if (key.key() != Qt::Key_Escape) return;
-    auto* const editor =
-        firstResponder == nullptr ? nullptr : dynamic_cast<desktop::NoteEditor*>(firstResponder->native().widget.get());
+    const auto first = firstResponder.lock();
+    auto* const editor = first ? dynamic_cast<desktop::NoteEditor*>(first->native().widget.get()) : nullptr;
     if (editor != nullptr && !editor->hasFocus() && editor->onKey) editor->onKey(key);
   }
 
@@ -112,7 +122,7 @@ NSWindow::NSWindow(NSRect contentRect, unsigned /*styleMask*/, NSBackingStoreTyp
 
 NSWindow::~NSWindow() { std::erase(windows, this); }
 
-// The one look of a title bar here: the content shows through all of it but the title and its buttons.
+// The frame has one look of a title bar, and belongs to its window.
 void NSWindow::setTitlebarAppearsTransparent(bool /*transparent*/) {}
 void NSWindow::setReleasedWhenClosed(bool /*released*/) {}
 
@@ -157,16 +167,13 @@ void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
 void NSWindow::orderOut(NSObject* /*sender*/) { impl_->frame.hide(); }
 
 void NSWindow::makeFirstResponder(NSView& view) {
-  impl_->firstResponder = &view;
+  impl_->firstResponder = std::static_pointer_cast<NSView>(view.shared_from_this());
   QWidget& widget = *view.native().widget;
   impl_->frame.setFocusProxy(&widget);
   widget.setFocus();
 }
 
-std::shared_ptr<NSView> NSWindow::firstResponder() const {
-  NSView* const view = impl_->firstResponder;
-  return view == nullptr ? nullptr : std::static_pointer_cast<NSView>(view->shared_from_this());
-}
+std::shared_ptr<NSView> NSWindow::firstResponder() const { return impl_->firstResponder.lock(); }
 
 bool NSWindow::isVisible() const { return impl_->frame.isVisible() && !impl_->frame.isMinimized(); }
 bool NSWindow::isKeyWindow() const { return impl_->frame.isVisible() && windowSystem().isActive(impl_->frame); }

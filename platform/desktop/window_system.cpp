@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/window_system.h"
 
+#include <QGuiApplication>
+
 #include "platform/desktop/x11.h"
 #include "platform/desktop/x11_window_system.h"
 
@@ -21,6 +23,7 @@ class PlainWindowSystem : public WindowSystem {
   void prepareToHide(QWidget& /*window*/) override {}
   bool isActive(const QWidget& window) override { return window.isActiveWindow(); }
   bool isSettled() const override { return true; }
+  bool hasPlaces() const override { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
   bool isComposited() override { return true; }
   void activatePreviousProgram() override {}
 };

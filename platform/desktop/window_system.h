@@ -34,6 +34,8 @@ class WindowSystem {
   virtual bool isSettled() const = 0;
   std::function<void()> onSettled;
 
+  /// Whether windows have places that this program can learn and choose.
+  virtual bool hasPlaces() const = 0;
   /// Whether windows may be see-through now. Each window is painted anew after a change.
   virtual bool isComposited() = 0;
   /// Gives the keyboard to the window that had it before one of ours did, if it is still there to be seen.

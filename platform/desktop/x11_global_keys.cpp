@@ -51,7 +51,6 @@ std::optional<xcb_keycode_t> keyAt(std::uint32_t virtualKeyCode) {
 /// Which bits of an event's state are which modifiers on this keyboard.
 struct Modifiers {
   unsigned alt = XCB_MOD_MASK_1;
-  unsigned super = XCB_MOD_MASK_4;
   unsigned locks = XCB_MOD_MASK_LOCK;
   friend bool operator==(const Modifiers&, const Modifiers&) = default;
 };
@@ -80,9 +79,8 @@ Modifiers readModifiers(xcb_connection_t* connection) {
     }
   }
   if (alt != 0) found.alt = alt;
-  if (super != 0) found.super = super;
   // A modifier that is held as well as locked is one that counts.
-  found.locks |= locks & ~(found.alt | found.super | XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL);
+  found.locks |= locks & ~(found.alt | super | XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL);
   return found;
 }
 
@@ -134,7 +132,9 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
   X11GlobalKeys(const X11GlobalKeys&) = delete;
   X11GlobalKeys& operator=(const X11GlobalKeys&) = delete;
   ~X11GlobalKeys() override {
-    if (qApp != nullptr) qApp->removeNativeEventFilter(this);
+    if (qApp == nullptr) return;
+    qApp->removeNativeEventFilter(this);
+    for (const HotKey& hotKey : hotKeys_) letGo(hotKey);  // before our connection ends
   }
 
   bool listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) override {
@@ -171,8 +171,6 @@ class X11GlobalKeys : public GlobalKeys, public QAbstractNativeEventFilter {
     unsigned state = 0;
     if ((hotKey.modifiers & cmdKey) != 0) state |= XCB_MOD_MASK_CONTROL;
     if ((hotKey.modifiers & optionKey) != 0) state |= modifiers_.alt;
-    if ((hotKey.modifiers & controlKey) != 0) state |= modifiers_.super;
-    if ((hotKey.modifiers & shiftKey) != 0) state |= XCB_MOD_MASK_SHIFT;
     return state;
   }
 

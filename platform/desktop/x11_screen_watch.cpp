@@ -20,7 +20,9 @@ X11ScreenWatch::X11ScreenWatch(xcb_connection_t* connection)
   if (extension != nullptr && extension->present != 0) {
     saverEvent_ = extension->first_event + XCB_SCREENSAVER_NOTIFY;
     xcb_screensaver_select_input(connection_, root_, XCB_SCREENSAVER_EVENT_NOTIFY_MASK);
-    xcb_flush(connection_);
+    const Reply<xcb_screensaver_query_info_reply_t> saver(
+        xcb_screensaver_query_info_reply(connection_, xcb_screensaver_query_info(connection_, root_), nullptr));
+    saverOn_ = saver && saver->state == XCB_SCREENSAVER_STATE_ON;
   }
   qApp->installNativeEventFilter(this);
 }
@@ -45,7 +47,9 @@ bool X11ScreenWatch::nativeEventFilter(const QByteArray& /*type*/, void* message
   const unsigned type = x11::typeOf(event);
   if (saverEvent_ && type == *saverEvent_) {
     const auto& change = reinterpret_cast<const xcb_screensaver_notify_event_t&>(event);
-    if (change.state == XCB_SCREENSAVER_STATE_OFF && onDisplayOn) onDisplayOn();
+    // The server tells of each reset, and media players reset it every few seconds.
+    const bool wasOn = std::exchange(saverOn_, change.state != XCB_SCREENSAVER_STATE_OFF);
+    if (wasOn && !saverOn_ && onDisplayOn) onDisplayOn();
   } else if (type == XCB_UNMAP_NOTIFY || type == XCB_DESTROY_NOTIFY) {
     // The window stands at the same place in both.
     const xcb_window_t gone = reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window;

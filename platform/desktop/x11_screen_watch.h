@@ -18,7 +18,7 @@ class X11ScreenWatch : public QAbstractNativeEventFilter {
   X11ScreenWatch& operator=(const X11ScreenWatch&) = delete;
   ~X11ScreenWatch() override;
 
-  /// The screen saver has ended.
+  /// The screen saver has ended: the screen was blank, and is not any more.
   std::function<void()> onDisplayOn;
 
   /// Runs `then` at once, or when the locker that now has the keyboard and covers the screen has gone.
@@ -37,6 +37,7 @@ class X11ScreenWatch : public QAbstractNativeEventFilter {
   xcb_connection_t* connection_;
   xcb_window_t root_;
   std::optional<unsigned> saverEvent_;
+  bool saverOn_ = false;
   std::vector<xcb_window_t> covers_;  ///< whose end is being waited for
   std::vector<std::function<void()>> waiting_;
 };

@@ -21,6 +21,7 @@
 #include "platform/desktop/escape_key.h"
 #include "platform/desktop/selection_watch.h"
 #include "platform/desktop/x11.h"
+#include "platform/desktop/x11_server_clock.h"
 
 namespace platform::desktop {
 namespace {
@@ -31,6 +32,11 @@ constexpr auto pager = XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER;  // a wish of the user
 
 using x11::Reply;
 
+// In _MOTIF_WM_HINTS: which of its fields count, and the functions of the second one.
+enum MotifFlags : std::uint32_t { hasFunctions = 1, hasDecorations = 2 };
+enum MotifFunctions : std::uint32_t { resize = 2, move = 4, maximize = 16, close = 32 };
+
+constexpr unsigned sentByClient = 0x80;  // of an event's type: a window manager tells where a window is in such a one
 constexpr std::chrono::seconds patience{1};  // with a window manager that does not activate a window
 
 xcb_window_t idOf(const QWidget& window) { return static_cast<xcb_window_t>(window.winId()); }
@@ -41,7 +47,9 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
       : connection_(connection),
         compositorWatch_(connection, "_NET_WM_CM_S" + std::to_string(x11::screenNumber()), repaintAll),
         escapeKey_(connection),
+        clock_(connection),
         stateAtom_(x11::atom(connection, "WM_STATE")),
+        motifHintsAtom_(x11::atom(connection, "_MOTIF_WM_HINTS")),
         screen_(x11::screenNumber()),
         root_(x11::rootWindow(connection)) {
     xcb_ewmh_init_atoms_replies(&ewmh_, xcb_ewmh_init_atoms(connection_, &ewmh_), nullptr);
@@ -67,6 +75,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     xcb_atom_t type = ewmh_._NET_WM_WINDOW_TYPE_UTILITY;
     xcb_ewmh_set_wm_window_type(&ewmh_, id, 1, &type);
     leaveProgramGroup(id);
+    if (window.windowFlags().testFlag(Qt::FramelessWindowHint)) forbidMinimizing(id);
     // A window manager wipes these when a window is withdrawn.
     std::array<xcb_atom_t, 4> states{ewmh_._NET_WM_STATE_SKIP_TASKBAR, ewmh_._NET_WM_STATE_SKIP_PAGER};
     std::uint32_t count = 2;
@@ -95,7 +104,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
 
   void activate(QWidget& window) override {
     window.raise();
-    if (activeWindow() == XCB_NONE) window.activateWindow();  // also where no window manager would answer
+    if (!managed_) window.activateWindow();
     if (focusesNewWindowsOnly_ && active_ != idOf(window) && isManaged(idOf(window))) mapAnew(idOf(window));
     requestActive(idOf(window), XCB_NONE);
     if (active_ != idOf(window)) expect({idOf(window), true});
@@ -117,6 +126,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   bool isComposited() override { return compositorWatch_.isOwned(); }
 
   bool isSettled() const override { return !expectation_; }
+  bool hasPlaces() const override { return true; }
 
   void activatePreviousProgram() override {
     if (previous_ != XCB_NONE && canBeSeen(previous_)) requestActive(previous_, activeWindow());
@@ -124,6 +134,8 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
 
   bool nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) override {
     const auto* const event = static_cast<const xcb_generic_event_t*>(message);
+    if (event->response_type == (XCB_CONFIGURE_NOTIFY | sentByClient))
+      putWhereAsked(reinterpret_cast<const xcb_configure_notify_event_t*>(event)->window);
     if (x11::typeOf(*event) != XCB_PROPERTY_NOTIFY) return false;
     const auto& change = *reinterpret_cast<const xcb_property_notify_event_t*>(event);
     if (change.window == root_ && change.atom == ewmh_._NET_ACTIVE_WINDOW) noteActiveWindow();
@@ -141,8 +153,15 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     xcb_icccm_set_wm_hints(connection_, id, &hints);
   }
 
+  /// What is in no taskbar could not be brought back. Qt says nothing of what a window without a frame allows.
+  void forbidMinimizing(xcb_window_t id) {
+    constexpr std::array<std::uint32_t, 5> hints{hasFunctions | hasDecorations, resize | move | maximize | close};
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, id, motifHintsAtom_, motifHintsAtom_, 32, hints.size(),
+                        hints.data());
+  }
+
   void requestActive(xcb_window_t window, xcb_window_t from) {
-    xcb_ewmh_request_change_active_window(&ewmh_, screen_, window, pager, XCB_CURRENT_TIME, from);
+    xcb_ewmh_request_change_active_window(&ewmh_, screen_, window, pager, clock_.now(), from);
     xcb_flush(connection_);
   }
 
@@ -162,7 +181,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     const xcb_window_t active = activeWindow();
     if (active != XCB_NONE && isPanel(active)) return;
     active_ = active;
-    if (active != XCB_NONE && !isOurs(active)) previous_ = active;
+    if (active == XCB_NONE ? besideWayland_ : !isOurs(active)) previous_ = active;
     if (expectation_ && expectation_->active && active_ == expectation_->window) settle();
   }
 
@@ -228,20 +247,18 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   }
 
   void settle() {
-    if (expectation_->active) putWhereAsked(expectation_->window);
+    if (expectation_->active) asked_.clear();  // from here on it is the user who moves windows
     expectation_.reset();
     deadline_.stop();
     if (onSettled) onSettled();
   }
 
-  /// Some window managers leave room for a decoration that the window then does not get, with each show more.
+  /// i3 moves windows that come up, to leave room for a decoration that they then do not get, with each show more.
   void putWhereAsked(xcb_window_t id) {
-    const auto asked = asked_.extract(id);
-    asked_.clear();  // the others of this show, which nobody activates
-    if (asked.empty()) return;
-    QWidget* const window = QWidget::find(id);
-    // Later, for the toolkit hands on where the window is after what is told here.
-    if (window != nullptr) QTimer::singleShot(0, window, [window, place = asked.mapped()] { window->move(place); });
+    const auto asked = asked_.find(id);
+    QWidget* const window = asked == asked_.end() ? nullptr : QWidget::find(id);
+    // Later, for Qt hands on where the window is after what is told here.
+    if (window != nullptr) QTimer::singleShot(0, window, [window, place = asked->second] { window->move(place); });
   }
 
   static bool isOurs(xcb_window_t id) {
@@ -271,15 +288,18 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
   xcb_connection_t* connection_;
   SelectionWatch compositorWatch_;
   EscapeKey escapeKey_;
+  X11ServerClock clock_;
   xcb_ewmh_connection_t ewmh_{};
   xcb_atom_t stateAtom_;
+  xcb_atom_t motifHintsAtom_;
   int screen_;
   xcb_window_t root_;
-  bool managed_ = false;                  ///< a window manager runs, and tells what it does
-  bool focusesNewWindowsOnly_ = false;    ///< it marks others as urgent when they ask for the keyboard
-  xcb_window_t active_ = XCB_NONE;        ///< the window that the user works in, by its word
-  xcb_window_t previous_ = XCB_NONE;      ///< the last active window that is not ours
-  std::map<xcb_window_t, QPoint> asked_;  ///< where windows are to be shown that have not been active since
+  bool managed_ = false;                ///< a window manager runs, and tells what it does
+  bool focusesNewWindowsOnly_ = false;  ///< it marks others as urgent when they ask for the keyboard
+  xcb_window_t active_ = XCB_NONE;      ///< the window that the user works in, by its word
+  xcb_window_t previous_ = XCB_NONE;    ///< the last active window that is not ours; none if that is no X11 window
+  const bool besideWayland_ = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");  ///< whose windows are none to X11
+  std::map<xcb_window_t, QPoint> asked_;  ///< where windows are to come up that are coming up now
   std::optional<Expectation> expectation_;
   QTimer deadline_;
 };

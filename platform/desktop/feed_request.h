@@ -3,13 +3,12 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 #include <QUrl>
 #include <chrono>
 #include <functional>
 #include <memory>
 
-/// What fetches the release feed is a module of its own, so that the network library is loaded when it is first needed.
+/// What the module that fetches the release feed, over the network, shares with the program.
 namespace platform::desktop {
 
 struct FeedAnswer {
@@ -31,17 +30,7 @@ class FeedRequest {
 /// of the event loop and within `patience`, and may destroy the request.
 extern "C" using MakeFeedRequest = void(*)(std::unique_ptr<FeedRequest> & request, const QUrl& url,
                                            std::chrono::milliseconds patience, FeedCallback callback);
-constexpr const char* makeFeedRequestName = "quillberryMakeFeedRequest";
-
-struct FeedModule {
-  MakeFeedRequest makeRequest = nullptr;
-  QString failure;  ///< why there is no function
-};
-
-/// Where the module is: beside the program, as it is built, and where it is installed.
-QStringList feedModuleFolders();
-
-/// Loads the module from the first of the folders that has it. It stays loaded.
-FeedModule loadFeedModule(const QStringList& folders);
+constexpr auto feedModule = "quillberry-feed";
+constexpr auto makeFeedRequestName = "quillberryMakeFeedRequest";
 
 }  // namespace platform::desktop

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/application.h"
 #include "platform/user_defaults.h"
 #include "tests/desktop/scratch.h"
 
@@ -38,11 +39,18 @@ TEST_F(SettingsFile, IsKeptBesideWhenItIsNoObject) {
   EXPECT_THAT(scratch::get(file), Optional(HasSubstr("\"pinned\": false")));
 }
 
-TEST_F(SettingsFile, HoldsForThisRunWhereNothingCanBeStored) {
-  scratch::put(file.parent_path(), "a file where the folder should be");
+TEST_F(SettingsFile, HoldsInMemoryAndIsWrittenAtTheNextChangeOrTheEnd) {
+  const auto app = NSApplication::sharedApplication();
   NSUserDefaults& defaults = NSUserDefaults::standardUserDefaults();
-  defaults.setBool(false, "pinned");
-  EXPECT_EQ(defaults.objectForKey("pinned"), DefaultsValue(false));
+  for (const bool atTheEnd : {false, true}) {
+    std::filesystem::remove_all(file.parent_path());
+    scratch::put(file.parent_path(), "a file where the folder should be");
+    defaults.setBool(atTheEnd, "pinned");
+    EXPECT_EQ(defaults.objectForKey("pinned"), DefaultsValue(atTheEnd));
+    std::filesystem::remove(file.parent_path());
+    atTheEnd ? app->terminate(nullptr) : defaults.setBool(false, "pinned");
+    EXPECT_THAT(scratch::get(file), Optional(HasSubstr(atTheEnd ? "true" : "false")));
+  }
 }
 
 }  // namespace

@@ -33,7 +33,9 @@ class Session {
       QMetaObject::invokeMethod(&shortcuts_, "onBound");
       bound_ = true;
     } else if (word == "closed") {
-      QMetaObject::invokeMethod(&shortcuts_, "onClosed");
+      const auto closed = QDBusMessage::createSignal(session_, QStringLiteral("a.b"), QStringLiteral("Closed"));
+      QMetaObject::invokeMethod(&shortcuts_, "onClosed", Q_ARG(QDBusMessage, closed));
+      if (!session_.isEmpty()) bound_ = false;
       session_.clear();
     } else if (word == "activated") {
       const QDBusObjectPath path(toText(fuzz::cut(line, ' ')));

@@ -8,63 +8,25 @@ import os
 import re
 import shutil
 import signal
+import struct
 import subprocess
 import tempfile
 import time
-import typing
 import unittest
 from pathlib import Path
 
-SCREEN = (1280, 800)
+from kinds import KINDS, SCREEN
+
 TOOLS = ("Xvfb", "dbus-daemon", "xdotool", "xprop", "xwininfo", "wmctrl", "xterm")
-
-
-class Kind(typing.NamedTuple):
-    """How to start a desktop. In command and files {home} is its folder; a compositor runs {home}/announce inside."""
-
-    command: str
-    environment: dict = {}
-    files: dict = {}  # by name in its folder
-    wayland: bool = False
-    message: str = ""  # of a tiling one: the tool that gives it commands
-    cannot: dict = {}  # what a test needs and does not get here, with the reason
-    copied: bool = False  # the program's file capabilities are not to be had here: a copy has none
-    never_root: bool = False
-
-
-NO_POINTER = {"drag": "without a screen this compositor has no pointer that a test could drag with"}
-ANY_SIZE = {"smallest": "a program that resizes windows makes them as small as it likes there"}
-SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
-# The strictest that they have against programs that bring themselves forward.
-STRICT_KWIN = {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}
-STRICT_MUTTER = {"xdg_config_home/glib-2.0/settings/keyfile":
-                 "[org/gnome/desktop/wm/preferences]\nfocus-new-windows='strict'\n"}
-MUTTER = SOFTWARE_GL | {"GSETTINGS_BACKEND": "keyfile"}
-SIZE = "{}x{}".format(*SCREEN)
-KINDS = {
-    "openbox": Kind("openbox"),
-    "xfwm4": Kind("xfwm4 --compositor=off"),
-    "mutter": Kind("mutter --x11 --sm-disable", MUTTER, STRICT_MUTTER),
-    "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"}, STRICT_KWIN),
-    "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg",
-               cannot=ANY_SIZE),
-    "mutter-wayland": Kind(f"mutter --wayland --headless --virtual-monitor {SIZE} --sm-disable {{home}}/announce",
-                           MUTTER, STRICT_MUTTER, wayland=True, cannot=NO_POINTER),
-    "kwin-wayland": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
-                         "{home}/announce", {"KWIN_COMPOSE": "Q"}, STRICT_KWIN, wayland=True, cannot=NO_POINTER,
-                         copied=True),
-    "sway": Kind("sway -c {home}/sway",
-                 {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"},
-                 {"sway": f"output HEADLESS-1 resolution {SIZE}\nexec xhost +local: && {{home}}/announce\n"},
-                 wayland=True, message="swaymsg", never_root=True, cannot=NO_POINTER | ANY_SIZE | {
-                     "pin": "it has no such states: a floating window is above the tiled ones, `sticky` is the user's",
-                     "position": "it places floating windows itself",
-                     "full screen": "it gives no other window the keyboard beside a full-screen one"}),
-}
 # Tells the environment of a compositor's session.
 ANNOUNCE = "#!/bin/sh\nenv -0 > {home}/telling\nmv {home}/telling {home}/told\nexec sleep infinity\n"
-ANNOUNCED = "DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "SWAYSOCK"
+ANNOUNCED = "DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "SWAYSOCK", "SESSION_MANAGER"
 NOBODY = 65534
+DEBIAN_PYTHON = "/usr/bin/python3"  # has the modules of the packages
+
+
+# Where every desktop is installed, one that does not start is a fault.
+NotStarted = AssertionError if os.environ.get("CI") else unittest.SkipTest
 
 
 def wait_until(predicate, what, timeout=20):
@@ -79,12 +41,26 @@ def wait_until(predicate, what, timeout=20):
         time.sleep(0.02)
 
 
+class Picture:
+    """Of the screen: each pixel is a colour of red, green and blue."""
+
+    def __init__(self, path, start, line, step, order):
+        self.bytes, self.line, self.step = path.read_bytes()[start:], line, step
+        self.places = [order.index(colour) for colour in "rgb"]
+
+    def __getitem__(self, place):
+        x, y = place
+        start = y * self.line + x * self.step
+        return tuple(self.bytes[start + offset] for offset in self.places)
+
+
 class Desktop:
     """A context; what was started in it ends with it."""
 
     def __init__(self, name, screen=SCREEN):
         self.name = name
         self.screen = screen
+        self.hands = None
         self._stack = contextlib.ExitStack()
 
     def __enter__(self):
@@ -98,40 +74,101 @@ class Desktop:
         self._stack.close()
 
     def _start(self):
-        missing = [tool for tool in TOOLS if not shutil.which(tool)]
+        kind = KINDS[self.name]
+        where = f"{os.environ['PATH']}:/usr/libexec"
+        missing = [tool for tool in (*TOOLS, *kind.programs.split()) if not shutil.which(tool, path=where)]
         if missing:
-            raise unittest.SkipTest(f"not installed: {', '.join(missing)}")
+            raise NotStarted(f"not installed: {', '.join(missing)}")
         self.home = Path(self._stack.enter_context(tempfile.TemporaryDirectory(ignore_cleanup_errors=True)))
         self._stack.callback(self._end_helpers)
         self.environment = {key: value for key, value in os.environ.items() if key == "PATH" or "SAN_OPTIONS" in key}
         self.environment |= {"HOME": str(self.home), "LC_ALL": "C.UTF-8", "XDG_SESSION_TYPE": "x11",
-                             "NO_AT_BRIDGE": "1"}
+                             "NO_AT_BRIDGE": "1"} | kind.environment
         for variable in ("XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"):
             folder = self.home / variable.lower()
             folder.mkdir(0o700)
             self.environment[variable] = str(folder)
         for name in "SYSTEM", "SESSION":
             self.bus, self.environment[f"DBUS_{name}_BUS_ADDRESS"] = self.start_bus()
-        kind = KINDS[self.name]
-        self.environment |= kind.environment
         if not kind.wayland:
             size = "{}x{}x24".format(*self.screen)
             self.server, number = self._spawn_announcing(
-                lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size} -nolisten tcp -noreset")
+                lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size} -fbdir {self.home} -nolisten tcp -noreset")
             self.environment["DISPLAY"] = f":{number}"
         command = self._prepare(kind)
+        if kind.programs:
+            self.spawn(DEBIAN_PYTHON, "-m", "dbusmock", "--system", "--template", "logind")
+            wait_until(lambda: self.has_owner("system", "org.freedesktop.login1"), "a login manager")
+        for settle in kind.before:
+            self.run(*settle.split(" ", 4))
         for _ in range(5):  # KWin at times aborts at its start
             if self._runs(kind, command):
-                return
-        raise unittest.SkipTest(f"{command[0]} ended with {self.manager.returncode} at its start")
+                try:
+                    return self._start_beside(kind)
+                except AssertionError as error:
+                    raise NotStarted(str(error)) from error
+        raise NotStarted(f"{command[0]} ended with {self.manager.returncode} at its start")
+
+    def _start_beside(self, kind):
+        self.run("dbus-update-activation-environment", *(name for name in ANNOUNCED if name in self.environment))
+        for program in kind.beside:
+            self.spawn(*program.split())
+        if kind.settled:
+            wait_until(lambda: self.shell(kind.settled) == "true", "the shell is settled")
+        if kind.tray:
+            wait_until(lambda: self.has_tray() and self.work_area()[2:] != self.screen, "a panel with a tray")
+        if kind.hands:
+            self.hands = self.start_service("hands.py", kind.hands, *map(str, self.screen))
+
+    def start_service(self, script, *arguments):
+        """A helper that obeys `tell`."""
+        service = self.spawn(DEBIAN_PYTHON, "-B", Path(__file__).with_name(script), *arguments,
+                             stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self._stack.callback(service.stdout.close)
+        self._stack.callback(service.stdin.close)
+        if service.stdout.readline() != "ready\n":
+            raise NotStarted(f"{script} does not start; it needs python3-dbus and python3-gi")
+        return service
+
+    @staticmethod
+    def tell(service, command, *arguments):
+        service.stdin.write(json.dumps([command, *arguments]) + "\n")
+        service.stdin.flush()
+        return json.loads(service.stdout.readline())
+
+    def picture(self):
+        """What is on the screen."""
+        path = self.home / "picture"
+        if KINDS[self.name].hands:
+            return Picture(path, 0, *self.tell(self.hands, "picture", str(path)))
+        screen = self.home / "Xvfb_screen0"
+        header = struct.unpack(">25I", screen.read_bytes()[:100])
+        return Picture(screen, header[0] + 12 * header[19], header[12], header[11] // 8, "bgr")
+
+    def has_tray(self):
+        with contextlib.suppress(AssertionError):
+            return "true" in self.call("session", "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+                                       "org.freedesktop.DBus.Properties.Get", "org.kde.StatusNotifierWatcher",
+                                       "IsStatusNotifierHostRegistered")
+        return False
+
+    def shell(self, script):
+        """What GNOME Shell answers to a line of its own language."""
+        told = self.run("gdbus", "call", "--session", "--dest", "org.gnome.Shell", "--object-path", "/org/gnome/Shell",
+                        "--method", "org.gnome.Shell.Eval", script)
+        return told.strip()[8:-2] if told.startswith("(true") else ""
+
+    def has_owner(self, bus, name):
+        return "true" in self.call(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                   "org.freedesktop.DBus.NameHasOwner", name)
 
     def _prepare(self, kind):
         """Writes the desktop's files; the command to start it with."""
         for name, text in kind.files.items():
             (self.home / name).parent.mkdir(parents=True, exist_ok=True)
             (self.home / name).write_text(text.format(home=self.home))
-        if kind.wayland:
-            self.environment["XDG_SESSION_TYPE"] = "wayland"
+        if kind.announces:
+            self.environment["XDG_SESSION_TYPE"] = "wayland" if kind.wayland else "x11"
             announce = self.home / "announce"
             announce.write_text(ANNOUNCE.format(home=self.home))
             announce.chmod(0o755)
@@ -151,14 +188,16 @@ class Desktop:
         self.manager = self._try_spawn(command)
 
         def ready():
-            if kind.wayland and "WAYLAND_DISPLAY" not in self.environment and told.exists():
+            if kind.ask and not told.exists():
+                self.shell(kind.ask.format(home=self.home))
+            if told.exists():
                 session = dict(line.split("=", 1) for line in told.read_text().split("\0") if "=" in line)
                 self.environment |= {name: session[name] for name in ANNOUNCED if name in session}
-            return "DISPLAY" in self.environment and self.prop("_NET_SUPPORTING_WM_CHECK")
+            return (told.exists() or not kind.announces) and self.prop("_NET_SUPPORTING_WM_CHECK")
         try:
             wait_until(lambda: self.manager.poll() is not None or ready(), f"{command[0]} is ready")
         except AssertionError as error:
-            raise unittest.SkipTest(str(error)) from error
+            raise NotStarted(str(error)) from error
         return self.manager.poll() is None
 
     def needs(self, what):
@@ -168,6 +207,10 @@ class Desktop:
 
     def can(self, what):
         return what not in KINDS[self.name].cannot
+
+    @property
+    def is_whole(self):
+        return bool(KINDS[self.name].programs)
 
     @property
     def tiles(self):
@@ -188,10 +231,23 @@ class Desktop:
         if message:
             self.run(message, "nop")
             return
+        if self.shell("1"):
+            return
+        if self.name == "xfce":  # its settings take part in the number of workspaces
+            panel = self.windows()[0]
+            before = self.prop("_NET_WM_STATE", panel)
+            for _ in range(2):
+                self.run("wmctrl", "-i", "-r", hex(panel), "-b", "toggle,skip_pager")
+                before = wait_until(lambda: {self.prop("_NET_WM_STATE", panel)} - {before}, "a state").pop()
+            return
         before = int(self.prop("_NET_NUMBER_OF_DESKTOPS"))
         for count in before + 1, before:
             self.run("wmctrl", "-n", count)
             wait_until(lambda: self.prop("_NET_NUMBER_OF_DESKTOPS") == str(count), f"{count} workspaces")
+
+    def work_area(self):
+        """The screen without the panels: x, y, width and height."""
+        return tuple(map(int, re.findall(r"\d+", self.prop("_NET_WORKAREA"))[:4])) or (0, 0, *self.screen)
 
     def workspace(self):
         """The number of the current one, from 0."""
@@ -233,14 +289,14 @@ class Desktop:
         with os.fdopen(read_end) as pipe:
             line = pipe.readline().strip()
         if not line:
-            raise unittest.SkipTest(f"{process.args[0]} does not start")
+            raise NotStarted(f"{process.args[0]} does not start")
         return process, line
 
     def _try_spawn(self, command, **options):
         try:
             return self.spawn(*command, **options)
         except OSError as error:
-            raise unittest.SkipTest(f"{command[0]}: {error}") from error
+            raise NotStarted(f"{command[0]}: {error}") from error
 
     def _end_helpers(self):
         """Ends what the bus or another process started in its turn: all of it has this home. Some of it mounts here."""
@@ -275,6 +331,47 @@ class Desktop:
     def xdotool(self, *arguments):
         self.run("xdotool", *arguments)
 
+    def keys(self, *combinations):
+        """Presses each, as "ctrl+n"."""
+        if self.hands:
+            self.tell(self.hands, "keys", *combinations)
+        else:
+            self.xdotool("key", *combinations)
+
+    def type(self, text, delay=4):
+        if self.hands:
+            self.tell(self.hands, "type", text)
+        else:
+            first, *others = text.split("\n")
+            self.xdotool("type", "--delay", delay, first)
+            for line in others:
+                self.xdotool("key", "Return", "type", "--delay", delay, line)
+
+    def move(self, x, y):
+        """Moves the pointer there."""
+        if self.hands:
+            self.tell(self.hands, "move", x, y)
+        else:
+            self.xdotool("mousemove", x, y)
+
+    def hold(self, button=1):
+        if self.hands:
+            self.tell(self.hands, "press", button)
+        else:
+            self.xdotool("mousedown", button)
+
+    def release(self, button=1):
+        if self.hands:
+            self.tell(self.hands, "release", button)
+        else:
+            self.xdotool("mouseup", button)
+
+    def click(self, x, y, button=1, times=1):
+        self.move(x, y)
+        for _ in range(times):
+            self.hold(button)
+            self.release(button)
+
     def prop(self, name, window=None):
         """The text of a property of a window or of the root; empty if there is none."""
         where = ["-root"] if window is None else ["-id", window]
@@ -298,8 +395,8 @@ class Desktop:
         return bool(focus) and (int(focus) == window or
                                 f"{int(focus):#x} " in self.run("xwininfo", "-tree", "-id", window))
 
-    def wait_active(self, window, what="the window is active"):
-        wait_until(lambda: self.is_active(window), what)
+    def wait_active(self, window, what="the window is active", timeout=20):
+        wait_until(lambda: self.is_active(window), what, timeout)
 
     def activate(self, window):
         if message := KINDS[self.name].message:

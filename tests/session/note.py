@@ -4,6 +4,7 @@
 import argparse
 import contextlib
 import json
+import shutil
 import subprocess
 import tempfile
 import time
@@ -25,11 +26,14 @@ class Note:
     def __init__(self, desktop, folder):
         self.desktop = desktop
         self.folder = Path(folder)
-        self.file = self.folder / "data/Quillberry/note.txt"
-        self.settings = self.folder / "config/Quillberry/settings.json"
-        self.environment = desktop.environment | {
-            "HOME": str(self.folder), "XDG_DATA_HOME": str(self.folder / "data"),
-            "XDG_CONFIG_HOME": str(self.folder / "config")}
+        self.environment = dict(desktop.environment)
+        if not desktop.is_whole:  # where other programs' settings count
+            self.environment |= {"HOME": str(folder), "XDG_DATA_HOME": f"{folder}/data",
+                                 "XDG_CONFIG_HOME": f"{folder}/config"}
+        self.file, self.settings = (Path(self.environment[f"XDG_{kind}_HOME"], "Quillberry", name)
+                                    for kind, name in (("DATA", "note.txt"), ("CONFIG", "settings.json")))
+        for place in self.file, self.settings:
+            shutil.rmtree(place.parent, ignore_errors=True)
         self.process = None
         self.window = None
         self.put_settings()
@@ -62,20 +66,18 @@ class Note:
                               text=True, timeout=timeout)
 
     def perform(self, action, parameter="[]"):
-        """Asks for an action over the session bus, as any program can."""
+        """Asks for an action over the session bus, as any program can that sees the name there."""
+        wait_until(lambda: self.desktop.has_owner("session", NAME), "the program is on the bus")
         self.desktop.call("session", NAME, PATH, f"{APPLICATION}.ActivateAction", action, parameter, "{}")
 
     def type(self, text):
-        first, *others = text.split("\n")
-        self.desktop.xdotool("type", "--delay", "4", first)
-        for line in others:
-            self.desktop.xdotool("key", "Return", "type", "--delay", "4", line)
+        self.desktop.type(text)
         self.wait_for_keys()
 
     def wait_for_keys(self):
         """Waits until the program has taken every key so far: it dates its window with each, by the server's clock."""
         before = time.monotonic() * 1000 - 5  # that clock may lag by one tick
-        self.desktop.xdotool("key", "Shift_L")
+        self.desktop.keys("shift")
 
         def dated():
             holder = self.desktop.prop("_NET_WM_USER_TIME_WINDOW", self.window)
@@ -103,11 +105,16 @@ class Note:
             raise AssertionError(f"{error}; it holds {self.text()!r}") from None
 
     def hide(self):
-        self.desktop.xdotool("key", "Escape")
+        self.desktop.keys("Escape")
         self.wait_hidden()
 
     def wait_hidden(self):
         wait_until(lambda: not self.desktop.is_viewable(self.window), "the note is hidden")
+
+    def click(self, x, y, **how):
+        """At a point inside the window."""
+        left, top, _, _ = self.geometry()
+        self.desktop.click(left + x, top + y, **how)
 
     def geometry(self):
         return self.desktop.geometry(self.window)

@@ -4,13 +4,10 @@
 
 Takes one command a line, and answers each with one line of JSON."""
 
-import json
-import sys
-
 import dbus
-import dbus.mainloop.glib
 import dbus.service
-from gi.repository import GLib
+
+from obeying import obey
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
@@ -77,23 +74,5 @@ class Host:
         self._menu().Event(number, "clicked", dbus.String("", variant_level=1), dbus.UInt32(0), dbus_interface=MENU)
 
 
-def main():
-    dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
-    host = Host(dbus.SessionBus())
-    loop = GLib.MainLoop()
-
-    def obey(source, condition):
-        line = sys.stdin.readline()
-        if not line:
-            loop.quit()
-            return False
-        command, *arguments = json.loads(line)
-        print(json.dumps(getattr(host, command)(*arguments)), flush=True)
-        return True
-    GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN | GLib.IO_HUP, obey)
-    print("ready", flush=True)
-    loop.run()
-
-
 if __name__ == "__main__":
-    main()
+    obey(Host(dbus.SessionBus()))

@@ -1,0 +1,96 @@
+# SPDX-License-Identifier: MIT
+"""The desktops that the tests know."""
+
+import typing
+
+SCREEN = (1280, 800)
+
+
+class Kind(typing.NamedTuple):
+    """How to start a desktop. In command and files {home} is its folder; a compositor runs {home}/announce inside."""
+
+    command: str
+    environment: dict = {}
+    files: dict = {}  # by name in its folder
+    wayland: bool = False
+    message: str = ""  # of a tiling one: the tool that gives it commands
+    cannot: dict = {}  # what a test needs and does not get here, with the reason
+    copied: bool = False  # the program's file capabilities are not to be had here: a copy has none
+    never_root: bool = False
+    hands: str = ""  # whose keyboard, pointer and screen of hands.py; without, those of the X server
+    programs: str = ""  # of a whole session
+    before: tuple = ()  # commands that settle something
+    ask: str = ""  # what makes GNOME Shell run {home}/announce
+    settled: str = ""  # what GNOME Shell says "true" to once its user can begin
+    beside: tuple = ()  # programs of the session
+    tray: bool = False
+    clicks: int = 1  # on its item, for the item's own action
+    light: str = ""  # a command for the user's choice
+    dark: str = ""
+    overview: str = ""  # the key for it
+    not_yet: dict = {}  # what the program does not do here, by the test that shows it, and why
+
+    @property
+    def announces(self):
+        return self.wayland or bool(self.programs)
+
+
+ESCAPE = {"escape": "in the shortcuts it at times hides the note too"}
+SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
+# The strictest that they have against programs that bring themselves forward.
+STRICT_KWIN = {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}
+STRICT_MUTTER = {"xdg_config_home/glib-2.0/settings/keyfile":
+                 "[org/gnome/desktop/wm/preferences]\nfocus-new-windows='strict'\n"}
+MUTTER = SOFTWARE_GL | {"GSETTINGS_BACKEND": "keyfile"}
+SIZE = "{}x{}".format(*SCREEN)
+KINDS = {
+    "openbox": Kind("openbox"),
+    "xfwm4": Kind("xfwm4 --compositor=off"),
+    "mutter": Kind("mutter --x11 --sm-disable", MUTTER, STRICT_MUTTER),
+    "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"}, STRICT_KWIN),
+    "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg"),
+    "mutter-wayland": Kind(f"mutter --wayland --headless --virtual-monitor {SIZE} --sm-disable {{home}}/announce",
+                           MUTTER, STRICT_MUTTER, wayland=True, hands="mutter", cannot=ESCAPE),
+    "kwin-wayland": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
+                         "{home}/announce", {"KWIN_COMPOSE": "Q", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1"},
+                         STRICT_KWIN, wayland=True, hands="kwin", copied=True),
+    "sway": Kind("sway -c {home}/sway",
+                 {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"},
+                 {"sway": f"output HEADLESS-1 resolution {SIZE}\nexec xhost +local: && {{home}}/announce\n"},
+                 wayland=True, message="swaymsg", never_root=True, hands="sway", cannot={
+                     "pin": "it has no such states: a floating window is above the tiled ones, `sticky` is the user's",
+                     "position": "it places floating windows itself",
+                     "full screen": "it gives no other window the keyboard beside a full-screen one"}),
+}
+
+WHOLE = "xdg-desktop-portal"
+ON_WAYLAND = f"{WHOLE} weston-terminal"
+GNOME = Kind(f"gnome-shell --unsafe-mode --headless --wayland --virtual-monitor {SIZE} --sm-disable",
+             SOFTWARE_GL | {"XDG_CURRENT_DESKTOP": "GNOME"}, wayland=True, hands="mutter", overview="super",
+             cannot=ESCAPE,
+             programs=f"{ON_WAYLAND} gsettings dconf-service gsd-media-keys gsd-xsettings xdg-desktop-portal-gnome",
+             before=("gsettings set org.gnome.shell welcome-dialog-last-shown-version 99",
+                     "gsettings set org.gnome.desktop.notifications show-banners false"),
+             ask="imports.gi.GLib.spawn_command_line_async('{home}/announce')",
+             settled="!Main.layoutManager._startingUp && (Main.overview.hide(), !Main.overview.visible)",
+             beside=("/usr/libexec/gsd-xsettings", "/usr/libexec/gsd-media-keys"),
+             light="gsettings set org.gnome.desktop.interface color-scheme default",
+             dark="gsettings set org.gnome.desktop.interface color-scheme prefer-dark")
+EXTENSION = "gsettings set org.gnome.shell enabled-extensions ['ubuntu-appindicators@ubuntu.com']"
+KINDS = {
+    "gnome": GNOME,
+    "gnome-tray": GNOME._replace(tray=True, clicks=2, before=(*GNOME.before, EXTENSION)),
+    "plasma": Kind(KINDS["kwin-wayland"].command,
+                   SOFTWARE_GL | {"KWIN_COMPOSE": "O2ES", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
+                                  "KDE_SESSION_VERSION": "5", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1",
+                                  "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1"},
+                   wayland=True, copied=True, hands="kwin", tray=True,
+                   programs=f"{ON_WAYLAND} plasmashell plasma-apply-colorscheme kded5", beside=("kded5", "plasmashell"),
+                   light="plasma-apply-colorscheme BreezeLight", dark="plasma-apply-colorscheme BreezeDark"),
+    "xfce": Kind("xfce4-session", {"XDG_CURRENT_DESKTOP": "XFCE"},
+                 {"xdg_config_home/autostart/a.desktop": "[Desktop Entry]\nType=Application\nExec={home}/announce\n"},
+                 programs=f"{WHOLE} xdg-desktop-portal-gtk xfwm4 xfce4-panel xfsettingsd", tray=True,
+                 light="xfconf-query -c xsettings -p /Net/ThemeName -s Adwaita",
+                 dark="xfconf-query -c xsettings -p /Net/ThemeName -s Adwaita-dark",
+                 not_yet={"dark": "the note does not follow Xfce's theme"}),
+} | KINDS

@@ -198,7 +198,7 @@ void NSApplication::setDelegate(const std::weak_ptr<NSApplicationDelegate>& dele
 
 void NSApplication::run() {
   Impl::noteLossOfDisplay();
-  impl_->themeFollower.followPortal();
+  impl_->themeFollower.followDesktop();
   QTimer::singleShot(0, [this] {
     if (const auto told = impl_->delegate.lock()) told->applicationDidFinishLaunching();
     QTimer::singleShot(0, [this] { impl_->firstFrameDrawn(*this); });

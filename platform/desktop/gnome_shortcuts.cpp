@@ -12,6 +12,7 @@
 #include "platform/desktop/application_service.h"
 #include "platform/desktop/gnome_settings.h"
 #include "platform/desktop/module.h"
+#include "platform/desktop/session_environment.h"
 #include "platform/user_defaults.h"
 
 namespace platform::desktop {
@@ -45,11 +46,6 @@ void askForOverview(QObject& context, const std::function<void()>& then, int que
 
 }  // namespace
 
-bool isGnome() {
-  const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
-  return desktops.contains(QStringLiteral("GNOME"));
-}
-
 void addToGnomeShortcuts(const QString& action, const QString& title, const QString& binding) {
   NSUserDefaults& defaults = NSUserDefaults::standardUserDefaults();
   const std::string wasAdded = "didAddGnomeShortcut " + action.toStdString();
@@ -66,7 +62,7 @@ void addToGnomeShortcuts(const QString& action, const QString& title, const QStr
 }
 
 void leaveGnomeOverview(QObject& context, const std::function<void()>& then) {
-  if (!isGnome()) return then();
+  if (!isSessionOf(gnome)) return then();
   askForOverview(context, then, mostQuestions);
 }
 

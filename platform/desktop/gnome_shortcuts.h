@@ -7,8 +7,8 @@
 
 namespace platform::desktop {
 
-/// Whether this is a session of GNOME's, or of a desktop made of it.
-bool isGnome();
+/// The desktop that they are of (see `isSessionOf`).
+inline const QString gnome = QStringLiteral("GNOME");
 
 /// Gives a command that is offered to other programs (see `offeredAction`) its keys among GNOME's own custom shortcuts;
 /// once in a user's life, so that what the user does with it there stays. Tried again at the next start where something

@@ -17,6 +17,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/gnome_shortcuts.h"
 #include "platform/desktop/portal_shortcuts.h"
+#include "platform/desktop/session_environment.h"
 #include "platform/desktop/strings.h"
 #include "platform/desktop/window_system.h"
 #include "platform/hot_key.h"
@@ -100,7 +101,7 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
   /// GNOME's own part of the portal is asked there: where that has no shortcuts, the portal takes those of another
   /// desktop that is installed, which never hear a key.
   void findPortal() {
-    if (!isGnome()) return usePortal();
+    if (!isSessionOf(gnome)) return usePortal();
     QDBusMessage question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.impl.portal.desktop.gnome"), QStringLiteral("/org/freedesktop/portal/desktop"),
         QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));

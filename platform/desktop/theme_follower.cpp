@@ -11,16 +11,45 @@
 
 #include "platform/desktop/bus.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/session_environment.h"
 #include "platform/user_defaults.h"
 
 namespace platform::desktop {
 namespace {
 
-const QString portal = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString settings = QStringLiteral("org.freedesktop.portal.Settings");
-const QString appearance = QStringLiteral("org.freedesktop.appearance");
-const QString colorScheme = QStringLiteral("color-scheme");
+/// A setting that a service of the session tells, and tells of when it changes.
+struct Source {
+  QString service;
+  QString path;
+  QString interface;
+  QString read;     ///< the call that answers with it
+  QString changed;  ///< the signal
+  QString group;
+  QString key;
+};
+
+Source portal() {
+  return {QStringLiteral("org.freedesktop.portal.Desktop"),
+          QStringLiteral("/org/freedesktop/portal/desktop"),
+          QStringLiteral("org.freedesktop.portal.Settings"),
+          QStringLiteral("Read"),
+          QStringLiteral("SettingChanged"),
+          QStringLiteral("org.freedesktop.appearance"),
+          QStringLiteral("color-scheme")};
+}
+
+/// Xfce has no choice of dark or light but that of the theme, of which no portal tells.
+Source xfceSettings() {
+  const QString name = QStringLiteral("org.xfce.Xfconf");
+  return {name,
+          QStringLiteral("/org/xfce/Xfconf"),
+          name,
+          QStringLiteral("GetProperty"),
+          QStringLiteral("PropertyChanged"),
+          QStringLiteral("xsettings"),
+          QStringLiteral("/Net/ThemeName")};
+}
+
 constexpr auto remembered = "colorSchemeIsDark";
 
 bool isDark(const QPalette& palette) {
@@ -50,10 +79,10 @@ ThemeFollower::ThemeFollower() : styleNamesTheColors_(QApplication::palette() ==
   qApp->installEventFilter(this);
 }
 
-void ThemeFollower::followPortal() {
+void ThemeFollower::followDesktop() {
   if (NSUserDefaults::standardUserDefaults().boolForKey(remembered)) scheme_ = Scheme::Dark;
   if (scheme_ == Scheme::Dark) applyScheme();
-  afterFirstFrame(*this, [this] { sessionBus().whenItAnswers(*this, [this] { askPortal(); }); });
+  afterFirstFrame(*this, [this] { sessionBus().whenItAnswers(*this, [this] { askDesktop(); }); });
 }
 
 bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
@@ -61,27 +90,35 @@ bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-void ThemeFollower::askPortal() {
+void ThemeFollower::askDesktop() {
+  const Source source = isSessionOf(QStringLiteral("XFCE")) ? xfceSettings() : portal();
   QDBusConnection bus = QDBusConnection::sessionBus();
-  bus.connect(portal, portalPath, settings, QStringLiteral("SettingChanged"), {appearance, colorScheme},
+  bus.connect(source.service, source.path, source.interface, source.changed, {source.group, source.key},
               QStringLiteral("ssv"), this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
-  QDBusMessage question = QDBusMessage::createMethodCall(portal, portalPath, settings, QStringLiteral("Read"));
-  question << appearance << colorScheme;
+  QDBusMessage question = QDBusMessage::createMethodCall(source.service, source.path, source.interface, source.read);
+  question << source.group << source.key;
   auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
   connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
     const QDBusPendingReply<QDBusVariant> answer = *call;
-    // The value is wrapped twice. A desktop that does not say has no preference.
-    if (answer.isValid()) setScheme(answer.value().variant().value<QDBusVariant>().variant());
+    // A desktop that does not say has no preference.
+    if (answer.isValid()) setScheme(schemeIn(answer.value().variant()));
     call->deleteLater();
   });
 }
 
 void ThemeFollower::onSettingChanged(const QString& /*group*/, const QString& /*key*/, const QDBusVariant& value) {
-  setScheme(value.variant());
+  setScheme(schemeIn(value.variant()));
 }
 
-void ThemeFollower::setScheme(const QVariant& value) {
-  const auto scheme = static_cast<Scheme>(value.toUInt());
+/// From the portal's number, wrapped twice in its answer, or the name of an Xfce theme.
+ThemeFollower::Scheme ThemeFollower::schemeIn(const QVariant& value) {
+  if (value.canConvert<QDBusVariant>()) return schemeIn(value.value<QDBusVariant>().variant());
+  if (value.typeId() != QMetaType::QString) return static_cast<Scheme>(value.toUInt());
+  const bool dark = value.toString().split(u'-').contains(QStringLiteral("dark"), Qt::CaseInsensitive);
+  return dark ? Scheme::Dark : Scheme::NoPreference;
+}
+
+void ThemeFollower::setScheme(Scheme scheme) {
   if (scheme == scheme_) return;
   scheme_ = scheme;
   NSUserDefaults::standardUserDefaults().setBool(scheme == Scheme::Dark, remembered);

@@ -6,8 +6,9 @@
 
 namespace platform::desktop {
 
-/// Dark or light as the desktop says, while the program runs: through its portal of settings, and where the theme that
-/// Qt follows changes. What the portal said last is remembered, for the first frame does not wait for a bus.
+/// Dark or light as the desktop says, while the program runs: through its portal of settings, in Xfce by the name of
+/// the theme, and where the theme that Qt follows changes. What the desktop said last is remembered, for the first
+/// frame does not wait for a bus.
 class ThemeFollower : public QObject {
   Q_OBJECT
 
@@ -15,20 +16,22 @@ class ThemeFollower : public QObject {
   /// To be made after Qt's application.
   ThemeFollower();
 
-  /// Takes what the portal said last, and listens to it once the first frame has been drawn.
-  void followPortal();
+  /// Takes what the desktop said last, and listens to it once the first frame has been drawn.
+  void followDesktop();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// As the portal counts them.
+  /// As the portal of settings counts them.
   enum class Scheme : uint { NoPreference = 0, Dark = 1, Light = 2 };
 
   Q_SLOT void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
-  void askPortal();
-  void setScheme(const QVariant& value);
+  static Scheme schemeIn(const QVariant& value);
+
+  void askDesktop();
+  void setScheme(Scheme scheme);
   void applyScheme();
 
   bool styleNamesTheColors_;

@@ -91,6 +91,5 @@ KINDS = {
                  {"xdg_config_home/autostart/a.desktop": "[Desktop Entry]\nType=Application\nExec={home}/announce\n"},
                  programs=f"{WHOLE} xdg-desktop-portal-gtk xfwm4 xfce4-panel xfsettingsd", tray=True,
                  light="xfconf-query -c xsettings -p /Net/ThemeName -s Adwaita",
-                 dark="xfconf-query -c xsettings -p /Net/ThemeName -s Adwaita-dark",
-                 not_yet={"dark": "the note does not follow Xfce's theme"}),
+                 dark="xfconf-query -c xsettings -p /Net/ThemeName -s Adwaita-dark"),
 } | KINDS

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace platform::desktop {
+
+/// Whether this is a session of the desktop with that registered name ("GNOME", "XFCE"), or of one that is made of it.
+inline bool isSessionOf(const QString& desktop) {
+  return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(desktop);
+}
+
+}  // namespace platform::desktop

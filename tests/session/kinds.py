@@ -35,7 +35,6 @@ class Kind(typing.NamedTuple):
         return self.wayland or bool(self.programs)
 
 
-ESCAPE = {"escape": "in the shortcuts it at times hides the note too"}
 SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
 # The strictest that they have against programs that bring themselves forward.
 STRICT_KWIN = {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}
@@ -50,7 +49,7 @@ KINDS = {
     "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"}, STRICT_KWIN),
     "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg"),
     "mutter-wayland": Kind(f"mutter --wayland --headless --virtual-monitor {SIZE} --sm-disable {{home}}/announce",
-                           MUTTER, STRICT_MUTTER, wayland=True, hands="mutter", cannot=ESCAPE),
+                           MUTTER, STRICT_MUTTER, wayland=True, hands="mutter"),
     "kwin-wayland": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
                          "{home}/announce", {"KWIN_COMPOSE": "Q", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1"},
                          STRICT_KWIN, wayland=True, hands="kwin", copied=True),
@@ -67,7 +66,6 @@ WHOLE = "xdg-desktop-portal"
 ON_WAYLAND = f"{WHOLE} weston-terminal"
 GNOME = Kind(f"gnome-shell --unsafe-mode --headless --wayland --virtual-monitor {SIZE} --sm-disable",
              SOFTWARE_GL | {"XDG_CURRENT_DESKTOP": "GNOME"}, wayland=True, hands="mutter", overview="super",
-             cannot=ESCAPE,
              programs=f"{ON_WAYLAND} gsettings dconf-service gsd-media-keys gsd-xsettings xdg-desktop-portal-gnome",
              before=("gsettings set org.gnome.shell welcome-dialog-last-shown-version 99",
                      "gsettings set org.gnome.desktop.notifications show-banners false"),

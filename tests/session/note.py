@@ -41,7 +41,7 @@ class Note:
     def start(self):
         """Starts the program and waits until it gets the keys."""
         self.launch()
-        self.desktop.wait_active(self.window, "the note is active after its start")
+        self.wait_active("the note is active after its start")
         return self
 
     def launch(self):
@@ -58,7 +58,13 @@ class Note:
         """A second start: it brings the running one forward and ends at once."""
         done = self.run_to_end()
         assert (done.returncode, done.stderr) == (0, ""), done
-        self.desktop.wait_active(self.window, "the note is active after a second start")
+        self.wait_active("the note is active after a second start")
+
+    def wait_active(self, what, timeout=20):
+        """Until the note gets the keys: those go nowhere while a compositor has not seen the active window's surface."""
+        self.desktop.wait_active(self.window, what, timeout)
+        if self.desktop.hands:
+            self.wait_for_keys()
 
     def run_to_end(self, timeout=5, **changes):
         environment = {key: value for key, value in (self.environment | changes).items() if value is not None}
@@ -76,13 +82,20 @@ class Note:
 
     def wait_for_keys(self):
         """Waits until the program has taken every key so far: it dates its window with each, by the server's clock."""
-        before = time.monotonic() * 1000 - 5  # that clock may lag by one tick
-        self.desktop.keys("shift")
+        time.sleep(0.01)  # ticks of that clock
+        before = int(time.monotonic() * 1000) - 5
 
         def dated():
             holder = self.desktop.prop("_NET_WM_USER_TIME_WINDOW", self.window)
-            return int(self.desktop.prop("_NET_WM_USER_TIME", holder or self.window) or 0)
-        wait_until(lambda: (dated() - int(before)) % 2**32 < 2**31, "the program has taken the keys")
+            date = int(self.desktop.prop("_NET_WM_USER_TIME", holder or self.window) or 0)
+            return (date - before) % 2**32 < 2**31
+
+        def taken():
+            self.desktop.keys("shift")
+            with contextlib.suppress(AssertionError):
+                return wait_until(dated, "the program has taken a key", 1)
+            return False
+        wait_until(taken, "the program has taken the keys")
 
     def text(self):
         with contextlib.suppress(FileNotFoundError):

@@ -120,13 +120,14 @@ extern "C" bool quillberryAddGnomeShortcut(const GnomeShortcut& shortcut) {
   if (!schemaOf(mediaKeys) || !schemaOf(customShortcut)) return false;
   const Settings settings(g_settings_new(mediaKeys));
   const std::vector<std::string> folders = foldersIn(settings.get());
-  if (areTaken(folders, partsOf(shortcut.binding))) return false;
   const std::string folder = customFolder + shortcut.folder + '/';
+  if (std::find(folders.begin(), folders.end(), folder) != folders.end()) return true;  // with the user's changes to it
+  if (areTaken(folders, partsOf(shortcut.binding))) return false;
   const Settings entry = customShortcutIn(folder);
   g_settings_set_string(entry.get(), "name", shortcut.name);
   g_settings_set_string(entry.get(), "command", shortcut.command);
   g_settings_set_string(entry.get(), "binding", shortcut.binding);
-  if (std::find(folders.begin(), folders.end(), folder) == folders.end()) append(settings.get(), folders, folder);
+  append(settings.get(), folders, folder);
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <algorithm>
 #include <utility>
 
 #include "platform/desktop/exact_text.h"
@@ -15,7 +16,7 @@ namespace platform::desktop {
 QString NoteEditor::exactTextWithComposition() const {
   if (composition_.isEmpty()) return above_ + exactText(*document());
   const QTextBlock block = textCursor().block();
-  const int at = block.position() + block.layout()->preeditAreaPosition();
+  const int at = block.position() + std::max(block.layout()->preeditAreaPosition(), 0);
   return above_ + exactText(*document(), 0, at) + withScalarValuesOnly(composition_) +
          exactText(*document(), at, document()->characterCount() - 1);
 }

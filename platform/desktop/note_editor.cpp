@@ -177,7 +177,7 @@ QMimeData* NoteEditor::createMimeDataFromSelection() const {
   return data.release();  // the caller's, as the toolkit asks
 }
 
-bool NoteEditor::canInsertFromMimeData(const QMimeData* source) const { return offeredText(*source).has_value(); }
+bool NoteEditor::canInsertFromMimeData(const QMimeData* source) const { return offersText(*source); }
 
 void NoteEditor::insertFromMimeData(const QMimeData* source) {
   if (const auto text = offeredText(*source)) insertExactly(*text);
@@ -191,7 +191,8 @@ void NoteEditor::insertExactly(const QString& text) {
 void NoteEditor::tellOfEdit() {
   // The toolkit reports a change of looks too; it leaves the revision alone.
   if (silent_ || document()->revision() == toldRevision_) return;
-  if (!document()->isRedoAvailable()) {
+  // Not under a composition: what is open in it belongs to the layout of its block.
+  if (composition_.isEmpty() && !document()->isRedoAvailable()) {
     const QScopedValueRollback quiet(silent_, true);
     arrangeBlock(textCursor());
   }

@@ -98,6 +98,21 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     if (NoteFrame* const note = NoteFrame::first()) note->addAction(hotKey.inOwnWindows.get());
   }
 
+  /// Not a service that is slow or fails: what is added to GNOME's settings stays.
+  static bool saysThereIsNone(const QDBusError& error) {
+    switch (error.type()) {
+      case QDBusError::InvalidArgs:
+      case QDBusError::ServiceUnknown:
+      case QDBusError::UnknownInterface:
+      case QDBusError::UnknownMethod:
+      case QDBusError::UnknownObject:
+      case QDBusError::UnknownProperty:
+        return true;
+      default:
+        return false;
+    }
+  }
+
   /// GNOME's own part of the portal is asked there: where that has no shortcuts, the portal takes those of another
   /// desktop that is installed, which never hear a key.
   void findPortal() {
@@ -108,11 +123,11 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     question << QStringLiteral("org.freedesktop.impl.portal.GlobalShortcuts") << QStringLiteral("version");
     auto* const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-      if (!call->isError()) {
-        usePortal();
-      } else if (call->error().type() != QDBusError::NoReply) {
+      if (saysThereIsNone(call->error())) {
         for (const Described& hotKey : describeHotKeys())
           addToGnomeShortcuts(hotKey.action, hotKey.title, hotKey.gnome);
+      } else {
+        usePortal();
       }
       call->deleteLater();
     });

@@ -70,17 +70,18 @@ void PortalShortcuts::createSession() {
                             {QStringLiteral("shortcuts"), QVariant::fromValue(shortcuts_)}};
   creation_.emplace(
       portal_, portal_.call(globalShortcuts, QStringLiteral("CreateSession")), options,
-      [this](const QVariantMap& results) { onCreated(results); },
-      [this] {
-        // What closed the session may be starting anew itself; a portal that never gave one has none to give.
-        if (lifetime_.isValid()) renewLater();
-      });
+      [this](const QVariantMap& results) { onCreated(results); }, [this] { askAgainIfGivenBefore(); });
+}
+
+/// What closed the session may be starting anew itself; a portal that never gave one has none to give.
+void PortalShortcuts::askAgainIfGivenBefore() {
+  if (lifetime_.isValid()) renewLater();
 }
 
 void PortalShortcuts::onCreated(const QVariantMap& results) {
   // A string, whatever else handles are; what is no path comes out empty.
   session_ = QDBusObjectPath(results.value(QStringLiteral("session_handle")).toString()).path();
-  if (session_.isEmpty()) return;
+  if (session_.isEmpty()) return askAgainIfGivenBefore();
   lifetime_.start();
   bindUnlessBound();
 }
@@ -120,6 +121,8 @@ void PortalShortcuts::onActivated(const QDBusObjectPath& session, const QString&
 void PortalShortcuts::onClosed(const QDBusMessage& message) {
   if (session_.isEmpty() || message.path() != session_) return;
   session_.clear();
+  listing_.reset();
+  binding_.reset();
   bound_ = false;
   if (lifetime_.hasExpired(longestPause.count())) pause_ = firstPause;
   renewLater();

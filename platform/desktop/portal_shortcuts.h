@@ -47,6 +47,7 @@ class PortalShortcuts : public QObject {
   void tellName();
   void createSession();
   void bindUnlessBound();
+  void askAgainIfGivenBefore();
   void renewLater();
   bool isEachIn(const QVariantMap& results) const;
   void bind();

@@ -7,8 +7,9 @@
 namespace platform::desktop {
 
 /// Whether this is a session of the desktop with that registered name ("GNOME", "XFCE"), or of one that is made of it.
+/// In capitals, as Qt compares it too.
 inline bool isSessionOf(const QString& desktop) {
-  return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(desktop);
+  return qEnvironmentVariable("XDG_CURRENT_DESKTOP").toUpper().split(u':').contains(desktop);
 }
 
 }  // namespace platform::desktop

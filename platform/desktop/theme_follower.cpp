@@ -100,8 +100,12 @@ void ThemeFollower::askDesktop() {
   auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
   connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
     const QDBusPendingReply<QDBusVariant> answer = *call;
-    // A desktop that does not say has no preference.
-    if (answer.isValid()) setScheme(schemeIn(answer.value().variant()));
+    // A desktop that does not say has no preference; one that is too busy to answer may have one.
+    if (!answer.isError()) {
+      setScheme(schemeIn(answer.value().variant()));
+    } else if (answer.error().type() != QDBusError::NoReply) {
+      setScheme(Scheme::NoPreference);
+    }
     call->deleteLater();
   });
 }

@@ -6,9 +6,9 @@
 
 namespace platform::desktop {
 
-/// Dark or light as the desktop says, while the program runs: through its portal of settings, in Xfce by the name of
-/// the theme, and where the theme that Qt follows changes. What the desktop said last is remembered, for the first
-/// frame does not wait for a bus.
+/// Dark or light as the desktop says, now and whenever it changes: the portal of settings, or in Xfce the name of the
+/// theme, decides between dark and light colours; the colours are those of Qt's own theme, if it has such. What the
+/// desktop said last is remembered, for the first frame does not wait for a bus.
 class ThemeFollower : public QObject {
   Q_OBJECT
 

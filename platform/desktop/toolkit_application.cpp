@@ -3,17 +3,20 @@
 
 #include <QAccessible>
 #include <QEvent>
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 
 #include "platform/desktop/bus.h"
+#include "platform/desktop/session_environment.h"
 
 namespace platform::desktop {
 namespace {
 
-constexpr std::chrono::milliseconds patienceWithBus{500};
+constexpr std::chrono::milliseconds patienceWithBus{2000};
 
 /// While the toolkit looks for a display: it would abort where there is none.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
@@ -35,15 +38,15 @@ std::unique_ptr<ToolkitApplication> makeApplication() {
 }
 
 /// A variable of the environment with another value, for a while.
-class Setting {
+class TemporaryVariable {
  public:
-  Setting(const char* name, const char* value)
+  TemporaryVariable(const char* name, const char* value)
       : name_(name), wasSet_(qEnvironmentVariableIsSet(name)), before_(qgetenv(name)) {
     qputenv(name, value);
   }
-  Setting(const Setting&) = delete;
-  Setting& operator=(const Setting&) = delete;
-  ~Setting() { wasSet_ ? qputenv(name_, before_) : qunsetenv(name_); }
+  TemporaryVariable(const TemporaryVariable&) = delete;
+  TemporaryVariable& operator=(const TemporaryVariable&) = delete;
+  ~TemporaryVariable() { wasSet_ ? qputenv(name_, before_) : qunsetenv(name_); }
 
  private:
   const char* name_;
@@ -53,24 +56,33 @@ class Setting {
 
 /// XWayland is preferred where there is one: only through it can a window stay on top and on every workspace. Whatever
 /// we start chooses for itself.
-std::optional<Setting> preferXWayland() {
+std::optional<TemporaryVariable> preferXWayland() {
   constexpr auto plugin = "QT_QPA_PLATFORM";
   if (!qEnvironmentVariableIsEmpty(plugin) || qEnvironmentVariableIsEmpty("DISPLAY")) return std::nullopt;
-  return std::optional<Setting>(std::in_place, plugin,
-                                qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
+  return std::optional<TemporaryVariable>(std::in_place, plugin,
+                                          qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
+}
+
+/// Where Qt would load GTK for its theme: GDK ends the process itself when the display is lost, without exit handlers
+/// and so without the last save. GTK would also take half as long again to start.
+bool wouldLoadGtk() {
+  constexpr std::array desktopsOfGtk{"GNOME", "X-CINNAMON", "PANTHEON", "UNITY", "MATE", "XFCE", "LXDE"};
+  return std::any_of(desktopsOfGtk.begin(), desktopsOfGtk.end(),
+                     [](const char* desktop) { return isSessionOf(QLatin1String(desktop)); });
 }
 
 }  // namespace
 
 std::unique_ptr<ToolkitApplication> ToolkitApplication::start(Bus& sessionBus) {
-  const std::optional<Setting> plugin = preferXWayland();
+  const std::optional<TemporaryVariable> plugin = preferXWayland();
   sessionBus.answersWithin(patienceWithBus);
-  if (!sessionBus.isSilent()) return makeApplication();
-  // The themes of some desktops ask the bus for colours.
-  const Setting noTheme("QT_QPA_PLATFORMTHEME", "generic");
-  const Setting noAssistiveTechnology("AT_SPI_BUS_ADDRESS", "disabled:");
+  // Of the other themes, some ask the bus for colours. A theme that the user names is loaded all the same.
+  QGuiApplication::setDesktopSettingsAware(!sessionBus.isSilent() && !wouldLoadGtk());
+  std::optional<TemporaryVariable> noAssistiveTechnology;
+  if (sessionBus.isSilent()) noAssistiveTechnology.emplace("AT_SPI_BUS_ADDRESS", "disabled:");
   auto application = makeApplication();
-  QAccessible::isActive();  // looks for assistive technology now
+  if (sessionBus.isSilent()) QAccessible::isActive();  // looks for assistive technology now
+  QGuiApplication::setDesktopSettingsAware(true);
   return application;
 }
 

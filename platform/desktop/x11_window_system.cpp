@@ -71,7 +71,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     const xcb_window_t id = idOf(window);
     // Some window managers go on calling a window active that was hidden.
     if (active_ == id) active_ = XCB_NONE;
-    asked_[id] = window.pos();
+    if (managed_) asked_[id] = window.pos();
     xcb_atom_t type = ewmh_._NET_WM_WINDOW_TYPE_UTILITY;
     xcb_ewmh_set_wm_window_type(&ewmh_, id, 1, &type);
     leaveProgramGroup(id);

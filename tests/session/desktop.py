@@ -339,8 +339,9 @@ class Desktop:
             self.xdotool("key", *combinations)
 
     def type(self, text, delay=4):
+        """Milliseconds between the characters."""
         if self.hands:
-            self.tell(self.hands, "type", text)
+            self.tell(self.hands, "type", text, delay)
         else:
             first, *others = text.split("\n")
             self.xdotool("type", "--delay", delay, first)

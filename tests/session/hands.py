@@ -35,8 +35,11 @@ class Hands:
                 for code in codes if down else reversed(codes):
                     self.key(code, down)
 
-    def type(self, text):
-        self.keys(*(f"shift+{SHIFTED[character]}" if character in SHIFTED else character for character in text))
+    def type(self, text, delay):
+        """With that many milliseconds after each character."""
+        for character in text:
+            self.keys(f"shift+{SHIFTED[character]}" if character in SHIFTED else character)
+            time.sleep(delay / 1000)
 
     def press(self, button=1):
         self.button(BUTTONS[button], True)

@@ -28,7 +28,6 @@ class Kind(typing.NamedTuple):
     light: str = ""  # a command for the user's choice
     dark: str = ""
     overview: str = ""  # the key for it
-    not_yet: dict = {}  # what the program does not do here, by the test that shows it, and why
 
     @property
     def announces(self):

@@ -111,7 +111,7 @@ class TestWindows(ShellTest):
         self.go_to_note()
         self.assertTrue(self.desktop.is_viewable(welcome))
         self.note.hide()
-        self.assertFalse(self.desktop.is_viewable(welcome))
+        wait_until(lambda: not self.desktop.is_viewable(welcome), "it goes with the note")
         self.toggle()
         self.wait_both_back(welcome)
         self.desktop.activate(welcome)
@@ -205,13 +205,13 @@ class TestWindows(ShellTest):
         self.assertTrue(self.desktop.tiles or self.lies_above(window))
         self.toggle()
         self.wait_put_away()
-        self.assertFalse(self.desktop.is_viewable(window))
+        wait_until(lambda: not self.desktop.is_viewable(window), "it goes with the note")
         self.toggle()
         self.wait_both_back(window)
         for hidden in False, True:
             with self.subTest(hidden=hidden):
+                self.go_to_note(100, 300)
                 if hidden:
-                    self.go_to_note(100, 300)
                     self.toggle()
                     self.wait_put_away()
                 self.note.perform("checkForUpdates")

@@ -70,7 +70,7 @@ class TestNative(SessionTest):
                 with log.open("wb") as stream:
                     self.start_native(note, stream)
                 self.wait_for_keys(note, "y")
-                print(json.dumps(["type", "x" * 3000]), file=desktop.hands.stdin, flush=True)
+                print(json.dumps(["type", "x" * 3000, 0]), file=desktop.hands.stdin, flush=True)
                 wait_until(lambda: len(re.findall(r"wl_keyboard.+\.key\(.+ 1\)\n", log.read_text())) > 50, "50 keys")
                 desktop.end(desktop.manager)
                 note.process.wait(20)

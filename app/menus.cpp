@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/app_delegate.h"
+#include "platform/localized_string.h"
 #include "platform/user_defaults.h"
 
 namespace quillberry {
@@ -29,7 +30,7 @@ void addSubmenu(NSMenu& menu, std::shared_ptr<NSMenu> submenu) {
   menu.addItem(std::move(item));
 }
 
-void addQuit(NSMenu& menu) { add(menu, "Quit Quillberry", {"terminate"}, "q"); }
+void addQuit(NSMenu& menu) { add(menu, NSLocalizedString("Quit Quillberry"), {"terminate"}, "q"); }
 
 }  // namespace
 
@@ -37,14 +38,14 @@ void AppDelegate::buildMainMenu() {
   auto application = std::make_shared<NSMenu>();
   addQuit(*application);
 
-  auto edit = std::make_shared<NSMenu>("Edit");
-  add(*edit, "Undo", {"undo"}, "z");
-  add(*edit, "Redo", {"redo"}, "z", commandShift);
+  auto edit = std::make_shared<NSMenu>(NSLocalizedString("Edit"));
+  add(*edit, NSLocalizedString("Undo"), {"undo"}, "z");
+  add(*edit, NSLocalizedString("Redo"), {"redo"}, "z", commandShift);
   edit->addItem(NSMenuItem::separatorItem());
-  add(*edit, "Cut", {"cut"}, "x");
-  add(*edit, "Copy", {"copy"}, "c");
-  add(*edit, "Paste", {"paste"}, "v");
-  add(*edit, "Select All", {"selectAll"}, "a");
+  add(*edit, NSLocalizedString("Cut"), {"cut"}, "x");
+  add(*edit, NSLocalizedString("Copy"), {"copy"}, "c");
+  add(*edit, NSLocalizedString("Paste"), {"paste"}, "v");
+  add(*edit, NSLocalizedString("Select All"), {"selectAll"}, "a");
 
   const auto menu = std::make_shared<NSMenu>();
   addSubmenu(*menu, std::move(application));
@@ -64,19 +65,19 @@ void AppDelegate::buildStatusItem() {
 
   const auto menu = std::make_shared<NSMenu>();
   const auto controller = self();
-  add(*menu, "Show / Hide Note", {"toggleWindow"}, "n", commandOption)->setTarget(controller);
-  pinMenuItem = add(*menu, "Keep on Top", {"togglePin"}, "p", commandOption);
+  add(*menu, NSLocalizedString("Show / Hide Note"), {"toggleWindow"}, "n", commandOption)->setTarget(controller);
+  pinMenuItem = add(*menu, NSLocalizedString("Keep on Top"), {"togglePin"}, "p", commandOption);
   pinMenuItem->setTarget(controller);
-  wakeMenuItem = add(*menu, "Show on Screen Wake", {"toggleShowOnWake"}, "");
+  wakeMenuItem = add(*menu, NSLocalizedString("Show on Screen Wake"), {"toggleShowOnWake"}, "");
   wakeMenuItem->setTarget(controller);
   wakeMenuItem->setState(showOnWake ? NSControlStateValueOn : NSControlStateValueOff);
   if (loginItemsExist()) {
-    loginMenuItem = add(*menu, "Start at Login", {"toggleLaunchAtLogin"}, "");
+    loginMenuItem = add(*menu, NSLocalizedString("Start at Login"), {"toggleLaunchAtLogin"}, "");
     loginMenuItem->setTarget(controller);
     showLoginItemStatus();
   }
   menu->addItem(NSMenuItem::separatorItem());
-  add(*menu, "Check for Updates…", {"checkForUpdates"}, "")->setTarget(updaterController);
+  add(*menu, NSLocalizedString("Check for Updates…"), {"checkForUpdates"}, "")->setTarget(updaterController);
   menu->addItem(NSMenuItem::separatorItem());
   addQuit(*menu);
   statusItem->setMenu(menu);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/app_delegate.h"
 #include "platform/button.h"
+#include "platform/localized_string.h"
 #include "platform/notification_center.h"
 #include "platform/scroll_view.h"
 
@@ -61,7 +62,7 @@ std::shared_ptr<NoteTextView> makeTextView(NSSize contentSize) {
 }
 
 std::shared_ptr<NSButton> makeInfoButton(NSRect contentBounds, const std::weak_ptr<NSObject>& target) {
-  const auto image = NSImage::imageWithSystemSymbolName("info.circle", "Shortcuts");
+  const auto image = NSImage::imageWithSystemSymbolName("info.circle", NSLocalizedString("Shortcuts"));
   auto button = NSButton::buttonWithImage(image, target, {"showInfo"});
   button->setBordered(false);
   button->setContentTintColor(NSColor::tertiaryLabelColor());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "onboarding/shortcut_grid.h"
 
+#include "platform/localized_string.h"
 #include "platform/text_field.h"
 
 namespace quillberry {
@@ -12,7 +13,7 @@ std::shared_ptr<NSGridView> makeShortcutGrid(const std::array<ShortcutRow, 3>& r
   grid->setColumnSpacing(metrics.columnSpacing);
   grid->setRowSpacing(metrics.rowSpacing);
   for (const ShortcutRow& row : rows) {
-    const auto keyCaps = NSTextField::labelWithString(row.keyCaps);
+    const auto keyCaps = NSTextField::labelWithString(NSLocalizedString(row.keyCaps));
     keyCaps->setFont(NSFont::monospacedSystemFontOfSize(metrics.fontSize, NSFontWeight::Semibold));
     const auto description = NSTextField::labelWithString(row.description);
     description->setFont(NSFont::systemFontOfSize(metrics.fontSize));

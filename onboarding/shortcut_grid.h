@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "platform/grid_view.h"
@@ -10,8 +11,8 @@
 namespace quillberry {
 
 struct ShortcutRow {
-  std::string_view keyCaps;
-  std::string_view description;
+  std::string_view keyCaps;  ///< in symbols
+  std::string description;
 };
 
 /// In points.

@@ -3,6 +3,7 @@
 #include "onboarding/shortcut_grid.h"
 #include "platform/button.h"
 #include "platform/layout.h"
+#include "platform/localized_string.h"
 #include "platform/popover.h"
 
 namespace quillberry {
@@ -11,19 +12,22 @@ using namespace platform;
 
 namespace {
 
-constexpr std::array rows{ShortcutRow{"⌥⌘N", "Show / hide from anywhere"},
-                          ShortcutRow{"⌥⌘P", "Keep on top (follows every Space)"},
-                          ShortcutRow{"esc", "Hide and go back to what you did"}};
 constexpr ShortcutGridMetrics metrics{13, 14, 6};
 constexpr double verticalMargin = 14;
 constexpr double horizontalMargin = 16;
+
+std::array<ShortcutRow, 3> rows() {
+  return {ShortcutRow{"⌥⌘N", NSLocalizedString("Show / hide from anywhere")},
+          ShortcutRow{"⌥⌘P", NSLocalizedString("Keep on top (follows every Space)")},
+          ShortcutRow{"esc", NSLocalizedString("Hide and go back to what you did")}};
+}
 
 }  // namespace
 
 void AppDelegate::showInfo(NSObject* sender) {
   auto* const button = dynamic_cast<NSButton*>(sender);
   if (button == nullptr) return;
-  const auto grid = makeShortcutGrid(rows, metrics);
+  const auto grid = makeShortcutGrid(rows(), metrics);
   const auto container = std::make_shared<NSView>(NSRect{});
   grid->setTranslatesAutoresizingMaskIntoConstraints(false);
   container->addSubview(grid);

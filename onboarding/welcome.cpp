@@ -6,6 +6,7 @@
 #include "platform/dispatch.h"
 #include "platform/image_view.h"
 #include "platform/layout.h"
+#include "platform/localized_string.h"
 #include "platform/popover.h"
 #include "platform/stack_view.h"
 #include "platform/text_field.h"
@@ -18,9 +19,6 @@ using namespace platform;
 namespace {
 
 constexpr double welcomeDelay = 0.5;  // seconds
-constexpr std::array rows{ShortcutRow{"⌥⌘N", "Show / hide from anywhere"},
-                          ShortcutRow{"⌥⌘P", "Keep on top (every Space)"},
-                          ShortcutRow{"esc", "Hide, back to what you did"}};
 constexpr ShortcutGridMetrics gridMetrics{12.5, 12, 6};
 
 // Lengths in points.
@@ -35,6 +33,12 @@ constexpr double spacingBelowBar = 14;
 constexpr NSSize barSize{40, 3};
 constexpr NSColor barColor = NSColor::colorWithSRGBRed(1.0, 0.847, 0.302, 1.0);
 constexpr NSColor buttonTint = NSColor::colorWithSRGBRed(0.69, 0.49, 0.06, 1.0);
+
+std::array<ShortcutRow, 3> rows() {
+  return {ShortcutRow{"⌥⌘N", NSLocalizedString("Show / hide from anywhere")},
+          ShortcutRow{"⌥⌘P", NSLocalizedString("Keep on top (every Space)")},
+          ShortcutRow{"esc", NSLocalizedString("Hide, back to what you did")}};
+}
 
 std::shared_ptr<NSTextField> makeLabel(std::string_view text, const NSFont& font) {
   auto label = NSTextField::labelWithString(text);
@@ -53,8 +57,8 @@ std::shared_ptr<NSStackView> makeHeader(const std::shared_ptr<NSImageView>& logo
 
 std::shared_ptr<NSTextField> makeBody() {
   auto body = NSTextField::wrappingLabelWithString(
-      "Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. "
-      "Summon it from anywhere with these:");
+      NSLocalizedString("Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. "
+                        "Summon it from anywhere with these:"));
   body->setFont(NSFont::systemFontOfSize(12.5));
   body->setTextColor(NSColor::secondaryLabelColor());
   body->setPreferredMaxLayoutWidth(bodyWidth);
@@ -62,7 +66,7 @@ std::shared_ptr<NSTextField> makeBody() {
 }
 
 std::shared_ptr<NSButton> makeGotItButton(const std::weak_ptr<NSObject>& target) {
-  auto button = NSButton::buttonWithTitle("Got it", target, {"dismissWelcome"});
+  auto button = NSButton::buttonWithTitle(NSLocalizedString("Got it"), target, {"dismissWelcome"});
   button->setBezelStyle(NSBezelStyleRounded);
   button->setKeyEquivalent("\r");
   button->setContentTintColor(buttonTint);
@@ -97,9 +101,9 @@ void AppDelegate::presentWelcome() {
   const auto container = std::make_shared<NSView>(NSRect{});
   const auto header = makeHeader(makeLogoMark(logoSide));
   const auto headline =
-      makeLabel("You'll find it up here \U0001F4DD", NSFont::systemFontOfSize(13.5, NSFontWeight::Semibold));
+      makeLabel(NSLocalizedString("You'll find it up here 📝"), NSFont::systemFontOfSize(13.5, NSFontWeight::Semibold));
   const auto body = makeBody();
-  const auto grid = makeShortcutGrid(rows, gridMetrics);
+  const auto grid = makeShortcutGrid(rows(), gridMetrics);
   const auto gotIt = makeGotItButton(self());
   const auto bar = makeAccentBar();
 

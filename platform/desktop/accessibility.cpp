@@ -59,10 +59,7 @@ class AccessibleBubble : public QAccessibleWidget {
   QString text(QAccessible::Text kind) const override {
     if (kind != QAccessible::Description) return QAccessibleWidget::text(kind);
     QStringList texts;
-    for (const auto* const label : widget()->findChildren<QLabel*>()) {
-      const QString inWords = label->accessibleDescription();
-      texts.append(inWords.isEmpty() ? label->text() : inWords);
-    }
+    for (const auto* const label : widget()->findChildren<QLabel*>()) texts.append(label->text());
     return texts.join(QLatin1String("\n"));
   }
 };

@@ -2,7 +2,6 @@
 #include "platform/application.h"
 
 #include <QApplication>
-#include <QLocale>
 #include <QPointer>
 #include <QScreen>
 #include <QSemaphore>
@@ -21,6 +20,7 @@
 #include "platform/desktop/bus.h"
 #include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/key_names.h"
 #include "platform/desktop/settings_file.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/desktop/strings.h"
@@ -28,6 +28,7 @@
 #include "platform/desktop/theme_follower.h"
 #include "platform/desktop/toolkit_application.h"
 #include "platform/desktop/toolkit_menu.h"
+#include "platform/desktop/translations.h"
 #include "platform/desktop/wake_signals.h"
 
 namespace platform {
@@ -43,6 +44,7 @@ struct Shared {
   WindowSystem* windowSystem = nullptr;
   desktop::RequestQueue* requests = nullptr;
   desktop::GlobalKeys* globalKeys = nullptr;
+  desktop::KeyNames* keyNames = nullptr;
   desktop::Bus* sessionBus = nullptr;
   desktop::Bus* systemBus = nullptr;
   bool owesFocus = false;
@@ -72,6 +74,8 @@ struct NSApplication::Impl {
   desktop::Bus sessionBus{QDBusConnection::SessionBus};
   desktop::Bus systemBus{QDBusConnection::SystemBus};
   std::unique_ptr<desktop::ToolkitApplication> toolkit = desktop::ToolkitApplication::start(sessionBus);
+  desktop::Translations translations;
+  desktop::KeyNames keyNames;
   desktop::ThemeFollower themeFollower;
   std::unique_ptr<WindowSystem> windowSystem = WindowSystem::forThisDisplay();
   desktop::RequestQueue requests{*windowSystem};
@@ -93,10 +97,11 @@ struct NSApplication::Impl {
     shared.windowSystem = windowSystem.get();
     shared.requests = &requests;
     shared.globalKeys = globalKeys.get();
+    shared.keyNames = &keyNames;
     shared.sessionBus = &sessionBus;
     shared.systemBus = &systemBus;
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setLayoutDirection(QLocale().textDirection());
+    QApplication::setLayoutDirection(translations.direction());
     QApplication::setApplicationName(desktop::toQString(metadata::name));
     QApplication::setDesktopFileName(desktop::toQString(metadata::identifier));
     QApplication::setApplicationVersion(desktop::toQString(metadata::version));
@@ -256,6 +261,7 @@ void showWithProgram(QWidget& window) { shared.hiddenWindows.emplace_back(&windo
 void leaveHidden(const QWidget& window) { std::erase(shared.hiddenWindows, &window); }
 RequestQueue& requests() { return *shared.requests; }
 GlobalKeys& globalKeys() { return *shared.globalKeys; }
+KeyNames& keyNames() { return *shared.keyNames; }
 Bus& sessionBus() { return *shared.sessionBus; }
 Bus& systemBus() { return *shared.systemBus; }
 QList<QAction*> mainMenuCommands() { return shared.mainMenuCommands; }

@@ -12,6 +12,7 @@
 #include "platform/desktop/base_directories.h"
 #include "platform/desktop/desktop_entry.h"
 #include "platform/file_manager.h"
+#include "platform/localized_string.h"
 
 namespace platform::desktop {
 namespace {
@@ -138,7 +139,7 @@ DesktopEntry newEntry() {
   DesktopEntry entry;
   entry.setString(type, application);
   entry.setString(name, std::string(metadata::name));
-  entry.setString(G_KEY_FILE_DESKTOP_KEY_COMMENT, "One plain-text note, always at hand");
+  entry.setString(G_KEY_FILE_DESKTOP_KEY_COMMENT, NSLocalizedString("One plain-text note, always at hand"));
   entry.setString(G_KEY_FILE_DESKTOP_KEY_ICON, std::string(metadata::identifier));
   entry.setBoolean(G_KEY_FILE_DESKTOP_KEY_TERMINAL, false);
   entry.setBoolean(G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY, false);

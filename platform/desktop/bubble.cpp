@@ -46,6 +46,7 @@ Bubble::Bubble(QWidget& content, bool transient)
   content_.setParent(this);
   content_.show();
   content_.adjustSize();
+  content_.installEventFilter(this);
   addActions(applicationMenuCommands());
 }
 
@@ -64,9 +65,17 @@ void Bubble::follow(QWidget& widget) {
 bool Bubble::eventFilter(QObject* watched, QEvent* event) {
   constexpr std::array telling{QEvent::Move, QEvent::Resize, QEvent::ParentChange, QEvent::Show};
   // Later, when all that belongs to the change has been done.
-  if (isVisible() && std::find(telling.begin(), telling.end(), event->type()) != telling.end())
+  if (watched == &content_) {
+    if (event->type() == QEvent::LayoutRequest) QTimer::singleShot(0, this, [this] { fitContent(); });
+  } else if (isVisible() && std::find(telling.begin(), telling.end(), event->type()) != telling.end()) {
     QTimer::singleShot(0, this, [this] { point(); });
+  }
   return QWidget::eventFilter(watched, event);
+}
+
+void Bubble::fitContent() {
+  content_.adjustSize();
+  if (anchor_) point();
 }
 
 void Bubble::point() {

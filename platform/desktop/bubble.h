@@ -42,6 +42,7 @@ class Bubble : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void fitContent();
   void point();
   void pointWithArrow(const QRect& anchor, const QRect& room);
   /// `inset` from the edges of the window on every side.

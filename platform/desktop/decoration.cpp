@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 #include <algorithm>
 #include <cstdlib>
@@ -58,11 +59,11 @@ void DragHandle::mouseMoveEvent(QMouseEvent* event) {
 }
 
 TitleBar::TitleBar() {
-  closeButton_.setSymbol("xmark.circle", QStringLiteral("Close"));
+  closeButton_.setSymbol("xmark.circle", qtTrId("Close"));
   setCursor(Qt::ArrowCursor);
   closeButton_.setParent(this);
   closeButton_.resize(closeButton_.sizeHint());
-  closeButton_.move(closeButtonMargin, (titleBarHeight - closeButton_.height()) / 2);
+  placeButtons();
 }
 
 TitleBar::~TitleBar() { setItemButton(nullptr); }
@@ -92,19 +93,22 @@ void TitleBar::setItemButton(QWidget* button) {
   if (itemButton_ != nullptr) {
     itemButton_->setParent(this);
     itemButton_->resize(itemButton_->sizeHint());
-    placeItemButton();
+    placeButtons();
     itemButton_->show();
   }
   update();
 }
 
-void TitleBar::placeItemButton() {
-  if (itemButton_ == nullptr) return;
-  const int fromRight = 2 * (closeButtonMargin + itemButton_->width());
-  itemButton_->move(width() - fromRight, closeButton_.y());
+void TitleBar::placeButtons() {
+  const auto place = [this](QWidget& button, int x) {
+    const QRect wanted(QPoint(x, (titleBarHeight - button.height()) / 2), button.size());
+    button.setGeometry(QStyle::visualRect(layoutDirection(), rect(), wanted));
+  };
+  place(closeButton_, closeButtonMargin);
+  if (itemButton_ != nullptr) place(*itemButton_, width() - 2 * (closeButtonMargin + itemButton_->width()));
 }
 
-void TitleBar::resizeEvent(QResizeEvent* /*event*/) { placeItemButton(); }
+void TitleBar::resizeEvent(QResizeEvent* /*event*/) { placeButtons(); }
 
 void TitleBar::startDrag(QWindow& window) { window.startSystemMove(); }
 
@@ -312,7 +316,8 @@ bool NoteFrame::focusNextPrevChild(bool next) {
     if (button->isVisible() && button->isEnabled() && button->focusPolicy() != Qt::NoFocus) stops.append(button);
   }
   std::sort(stops.begin() + 1, stops.end(), [this](const QWidget* a, const QWidget* b) {
-    return a->mapTo(this, QPoint()).x() < b->mapTo(this, QPoint()).x();
+    const int rightward = b->mapTo(this, QPoint()).x() - a->mapTo(this, QPoint()).x();
+    return isRightToLeft() ? rightward < 0 : rightward > 0;
   });
   const auto current = std::max<qsizetype>(0, stops.indexOf(focusWidget()));
   QWidget* const beside = windowBeside();

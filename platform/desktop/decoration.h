@@ -29,8 +29,8 @@ class DragHandle : public QWidget {
   std::optional<QPoint> pressedAt_;
 };
 
-/// The band at the top of the window: the title in its middle, the close button at its left. Dragging moves the
-/// window.
+/// The band at the top of the window: the title in its middle, the close button where lines begin. Dragging
+/// moves the window.
 class TitleBar : public DragHandle {
  public:
   TitleBar();
@@ -40,7 +40,7 @@ class TitleBar : public DragHandle {
 
   SymbolButton& closeButton() { return closeButton_; }
 
-  /// Puts a button beside the one in the upper right corner; null takes it out again. It stays its owner's.
+  /// Puts a button beside the one in the upper corner where lines end; null takes it out again. It stays its owner's.
   void setItemButton(QWidget* button);
 
  protected:
@@ -50,7 +50,7 @@ class TitleBar : public DragHandle {
   void startDrag(QWindow& window) override;
 
  private:
-  void placeItemButton();
+  void placeButtons();
 
   SymbolButton closeButton_;
   QPointer<QWidget> itemButton_;
@@ -121,7 +121,7 @@ class NoteFrame : public QWidget {
   void moveEvent(QMoveEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
-  /// From the text to the buttons from left to right, to a window beside this one, and back to the text.
+  /// From the text to the buttons in the direction of reading, to a window beside this one, and back to the text.
   bool focusNextPrevChild(bool next) override;
 
  private:

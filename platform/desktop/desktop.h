@@ -19,6 +19,7 @@ namespace platform::desktop {
 
 struct Anchor;
 class Bus;
+class KeyNames;
 
 WindowSystem& windowSystem();
 
@@ -30,6 +31,7 @@ QRect toToolkit(NSRect);
 /// What the user asks for from outside the program's windows.
 RequestQueue& requests();
 GlobalKeys& globalKeys();
+KeyNames& keyNames();
 
 /// The buses; each is used only once it answers.
 Bus& sessionBus();

@@ -45,13 +45,13 @@ FeedFetcher::FeedFetcher(const QUrl& url, std::chrono::milliseconds patience, Fe
   deadline_.setSingleShot(true);
   QObject::connect(&deadline_, &QTimer::timeout, &network_, [this] {
     const double seconds = std::chrono::duration<double>(deadline_.intervalAsDuration()).count();
-    fail(QStringLiteral("The server did not answer within %1 seconds.").arg(seconds));
+    fail(qtTrId("The server did not answer within %1 s.").arg(seconds));
   });
   deadline_.start(patience);
   if (mayBeAsked(url)) {
     ask(url);
   } else {
-    fail(QStringLiteral("The address of the feed is neither an HTTPS address nor one on this computer."));
+    fail(qtTrId("The address of the feed is neither an HTTPS address nor one on this computer."));
   }
 }
 
@@ -68,29 +68,29 @@ void FeedFetcher::judgeHeader() {
   if (!target.isEmpty()) {
     follow(reply_->url().resolved(target));
   } else if (status != statusOk) {
-    fail(QStringLiteral("The server answered with status %1.").arg(status));
+    fail(qtTrId("The server answered with status %1.").arg(status));
   } else if (reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > largestAnswer) {
-    fail(QStringLiteral("The answer is larger than 1 MB."));
+    fail(qtTrId("The answer is larger than 1 MB."));
   }
 }
 
 void FeedFetcher::follow(const QUrl& target) {
   if (target.scheme() != reply_->url().scheme() || !mayBeAsked(target)) {
-    return fail(QStringLiteral("The server redirects to an address that is not allowed: %1").arg(target.toString()));
+    return fail(qtTrId("The server redirects to an address that is not allowed: %1").arg(target.toString()));
   }
-  if (++redirects_ > mostRedirects) return fail(QStringLiteral("The server redirects too many times."));
+  if (++redirects_ > mostRedirects) return fail(qtTrId("The server redirects too many times."));
   leaveReply();
   ask(target);
 }
 
 void FeedFetcher::takeBytes() {
   bytes_ += reply_->readAll();
-  if (bytes_.size() > largestAnswer) fail(QStringLiteral("The answer is larger than 1 MB."));
+  if (bytes_.size() > largestAnswer) fail(qtTrId("The answer is larger than 1 MB."));
 }
 
 void FeedFetcher::replyFinished() {
   if (reply_->error() != QNetworkReply::NoError) {
-    return fail(QStringLiteral("The connection failed: %1").arg(reply_->errorString()));
+    return fail(qtTrId("The connection failed: %1").arg(reply_->errorString()));
   }
   leaveReply();
   answer({bytes_, {}});

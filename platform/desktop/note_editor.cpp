@@ -63,7 +63,7 @@ NoteEditor::NoteEditor() {
   document()->setDefaultTextOption(option);
   setBackgroundRole(QPalette::Base);
   setAutoFillBackground(true);
-  setAccessibleName(QStringLiteral("Note"));
+  setAccessibleName(qtTrId("Note"));
   roomAboveScroller_.setFixedHeight(titleBarHeight);
   addScrollBarWidget(&roomAboveScroller_, Qt::AlignTop);
   connect(this, &QPlainTextEdit::textChanged, [this] { tellOfEdit(); });

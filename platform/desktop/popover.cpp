@@ -2,12 +2,14 @@
 #include "platform/popover.h"
 
 #include <QPushButton>
+#include <QStyle>
 #include <utility>
 
 #include "platform/button.h"
 #include "platform/desktop/bubble.h"
 #include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/key_names.h"
 #include "platform/desktop/native_view.h"
 #include "platform/desktop/view_realizer.h"
 
@@ -37,7 +39,9 @@ desktop::Anchor placeOf(const NSView& anchor) {
   const NoteFrame* const note = NoteFrame::first();
   if (widget.parentWidget() != nullptr || note == nullptr) return {globalRect(widget), true};
   QRect end = widget.rect();
-  end.moveTopRight(globalRect(*note).topRight());
+  const QRect whole = globalRect(*note);
+  end.moveTopRight(whole.topRight());
+  end = QStyle::visualRect(note->layoutDirection(), whole, end);
   return {end, false};
 }
 
@@ -93,6 +97,9 @@ void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /
       if (NoteFrame* const note = NoteFrame::first()) note->close();
     };
   }
+  QObject::connect(
+      &desktop::keyNames(), &desktop::KeyNames::renamed, &bubble,
+      [&content](const QString& before, const QString& now) { desktop::renameKeys(content, before, now); });
   // Both edges that the program names are the lower ones of their anchors.
   bubble.follow(*anchor.native().widget);
   bubble.pointAt([weak = std::weak_ptr(anchor.shared_from_this()), last = placeOf(anchor)]() mutable {

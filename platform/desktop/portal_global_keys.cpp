@@ -16,6 +16,7 @@
 #include "platform/desktop/decoration.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/gnome_shortcuts.h"
+#include "platform/desktop/key_names.h"
 #include "platform/desktop/portal_shortcuts.h"
 #include "platform/desktop/session_environment.h"
 #include "platform/desktop/strings.h"
@@ -64,7 +65,7 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     if (hotKeys_.empty()) {
       afterFirstFrame(*this, [this] { sessionBus().whenItAnswers(*this, [this] { findPortal(); }); });
     }
-    hotKeys_.push_back({letter, modifiers, std::move(pressed), {}, std::make_unique<QAction>()});
+    hotKeys_.push_back({letter, modifiers, std::move(pressed), {}, {}, std::make_unique<QAction>()});
     listenInOwnWindows(hotKeys_.back());
     return true;
   }
@@ -74,6 +75,7 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     std::string_view letter;
     std::uint32_t modifiers;
     std::function<void()> pressed;
+    QKeySequence keys;
     QString id;  ///< none before the portal is told of it
     std::unique_ptr<QAction> inOwnWindows;
   };
@@ -91,7 +93,8 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     for (const Modifier& modifier : knownModifiers)
       modifiers.setFlag(modifier.ofQt, (hotKey.modifiers & modifier.ofHotKey) != 0);
     const auto key = static_cast<Qt::Key>(QChar::fromLatin1(hotKey.letter.front()).toUpper().unicode());
-    hotKey.inOwnWindows->setShortcut(QKeyCombination(modifiers, key));
+    hotKey.keys = QKeyCombination(modifiers, key);
+    hotKey.inOwnWindows->setShortcut(hotKey.keys);
     hotKey.inOwnWindows->setShortcutContext(Qt::ApplicationShortcut);
     hotKey.inOwnWindows->setAutoRepeat(false);
     connect(hotKey.inOwnWindows.get(), &QAction::triggered, [pressed = hotKey.pressed] { pressed(); });
@@ -176,7 +179,9 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
            {{QStringLiteral("description"), hotKey.title}, {QStringLiteral("preferred_trigger"), hotKey.trigger}}});
     }
     if (wanted.isEmpty()) return;
-    shortcuts_.emplace(portal, wanted, [this](const QString& id, const QString& token) { press(id, token); });
+    shortcuts_.emplace(
+        portal, wanted, [this](const QString& id, const QString& token) { press(id, token); },
+        [this](const QString& id, const QString& keys) { rename(id, keys); });
   }
 
   /// Each by the menu's command with the same key; a hot key without one has no name that the user would know.
@@ -201,10 +206,20 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     return described;
   }
 
-  void press(const QString& id, const QString& activationToken) {
+  /// Null if none has been told by that id.
+  const HotKey* hotKeyOf(const QString& id) const {
     const auto hotKey =
         std::find_if(hotKeys_.begin(), hotKeys_.end(), [&](const HotKey& each) { return each.id == id; });
-    if (id.isEmpty() || hotKey == hotKeys_.end()) return;
+    return id.isEmpty() || hotKey == hotKeys_.end() ? nullptr : &*hotKey;
+  }
+
+  void rename(const QString& id, const QString& keys) {
+    if (const HotKey* const hotKey = hotKeyOf(id)) keyNames().tell(hotKey->keys, keys);
+  }
+
+  void press(const QString& id, const QString& activationToken) {
+    const HotKey* const hotKey = hotKeyOf(id);
+    if (hotKey == nullptr) return;
     leaveGnomeOverview(*this, [activationToken, pressed = hotKey->pressed] {
       takeActivationToken(activationToken);
       pressed();

@@ -35,8 +35,12 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& s
   return argument;
 }
 
-PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated)
-    : portal_(std::move(portal)), shortcuts_(shortcuts), activated_(std::move(activated)), pause_(firstPause) {
+PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told)
+    : portal_(std::move(portal)),
+      shortcuts_(shortcuts),
+      activated_(std::move(activated)),
+      told_(std::move(told)),
+      pause_(firstPause) {
   qDBusRegisterMetaType<PortalShortcut>();
   qDBusRegisterMetaType<QList<PortalShortcut>>();
   renewal_.setSingleShot(true);
@@ -50,6 +54,8 @@ void PortalShortcuts::listen() {
                       this, SLOT(onClosed(QDBusMessage)));
   portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
                       SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+  portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("ShortcutsChanged"), this,
+                      SLOT(onShortcutsChanged(QDBusMessage)));
 }
 
 /// A portal that knows programs by their names gives shortcuts to no other; one that cannot be told of it finds it out
@@ -91,8 +97,8 @@ void PortalShortcuts::bindUnlessBound() {
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("ListShortcuts"));
   call << QVariant::fromValue(QDBusObjectPath(session_));
   listing_.emplace(
-      portal_, call, QVariantMap(), [this](const QVariantMap& results) { isEachIn(results) ? onBound() : bind(); },
-      [this] { bind(); });
+      portal_, call, QVariantMap(),
+      [this](const QVariantMap& results) { isEachIn(results) ? onBound(results) : bind(); }, [this] { bind(); });
 }
 
 bool PortalShortcuts::isEachIn(const QVariantMap& results) const {
@@ -107,10 +113,23 @@ void PortalShortcuts::bind() {
   const QString noParentWindow = QStringLiteral("");
   call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts_) << noParentWindow;
   // The user may have taken only some of them; the others are never pressed.
-  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& /*results*/) { onBound(); });
+  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& results) { onBound(results); });
 }
 
-void PortalShortcuts::onBound() { bound_ = true; }
+void PortalShortcuts::onBound(const QVariantMap& results) {
+  bound_ = true;
+  tellKeys(results.value(QStringLiteral("shortcuts")));
+}
+
+void PortalShortcuts::onShortcutsChanged(const QDBusMessage& message) {
+  const auto session = message.arguments().value(0).value<QDBusObjectPath>();
+  if (bound_ && session.path() == session_) tellKeys(message.arguments().value(1));
+}
+
+void PortalShortcuts::tellKeys(const QVariant& shortcuts) const {
+  for (const auto& shortcut : qdbus_cast<QList<PortalShortcut>>(shortcuts))
+    told_(shortcut.id, shortcut.properties.value(QStringLiteral("trigger_description")).toString());
+}
 
 void PortalShortcuts::onActivated(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
                                   const QVariantMap& options) {

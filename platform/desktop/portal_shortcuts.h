@@ -31,14 +31,18 @@ class PortalShortcuts : public QObject {
  public:
   /// Gets a shortcut's id, and a token that lets a window take the keyboard; empty if the portal gave none.
   using Activated = std::function<void(const QString& id, const QString& activationToken)>;
+  /// Gets a shortcut's id, and what the desktop calls the keys that the user has for it; empty if it does not tell.
+  using Told = std::function<void(const QString& id, const QString& keys)>;
 
-  PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated);
+  PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told);
 
   const Portal& portal() const { return portal_; }
 
  private:
   Q_SLOT void onCreated(const QVariantMap& results);
-  Q_SLOT void onBound();
+  Q_SLOT void onBound(const QVariantMap& results);
+  /// The user has chosen other keys.
+  Q_SLOT void onShortcutsChanged(const QDBusMessage& message);
   Q_SLOT void onActivated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
                           const QVariantMap& options);
   Q_SLOT void onClosed(const QDBusMessage& message);
@@ -50,11 +54,13 @@ class PortalShortcuts : public QObject {
   void askAgainIfGivenBefore();
   void renewLater();
   bool isEachIn(const QVariantMap& results) const;
+  void tellKeys(const QVariant& shortcuts) const;
   void bind();
 
   Portal portal_;
   QList<PortalShortcut> shortcuts_;
   Activated activated_;
+  Told told_;
   QString session_;  ///< empty before it is created and after it is closed
   bool bound_ = false;
   QTimer renewal_;

@@ -48,7 +48,12 @@ struct NSStatusItem::Impl {
   QAbstractButton& buttonWidget() const { return static_cast<QAbstractButton&>(*button->native().widget); }
 
   void openMenuAtButton() {
-    if (toolkitMenu) toolkitMenu->menu().popup(buttonWidget().mapToGlobal(buttonWidget().rect().bottomLeft()));
+    if (!toolkitMenu) return;
+    QMenu& opened = toolkitMenu->menu();
+    const QRect place = buttonWidget().rect();
+    const QPoint corner =
+        opened.isRightToLeft() ? place.bottomRight() - QPoint(opened.sizeHint().width() - 1, 0) : place.bottomLeft();
+    opened.popup(buttonWidget().mapToGlobal(corner));
   }
 
   void setMenu(const std::shared_ptr<NSMenu>& opened) {

@@ -4,6 +4,8 @@
 #include <QKeySequence>
 #include <utility>
 
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/key_names.h"
 #include "platform/desktop/strings.h"
 
 namespace platform::desktop {
@@ -43,7 +45,10 @@ void ToolkitMenu::addItem(const std::shared_ptr<NSMenuItem>& item) {
   actions_.push_back(std::make_unique<QAction>(withoutMnemonics(item->title())));
   QAction* const action = actions_.back().get();
   action->setSeparator(item->isSeparatorItem());
-  action->setShortcut(shortcutOf(*item));
+  // The desktop may give other keys for these, now or later.
+  const auto showKeys = [action, keys = shortcutOf(*item)] { action->setShortcut(keyNames().keysFor(keys)); };
+  showKeys();
+  QObject::connect(&keyNames(), &KeyNames::renamed, action, showKeys);
   // The item decides what its mark shows, also after a choice that the toolkit took for a toggle.
   item->onStateChange = [action, shown = item.get()] {
     action->setCheckable(shown->isCheckable());

@@ -57,9 +57,9 @@ UpdateWindow::UpdateWindow(UpdateSource source) : source_(std::move(source)) {
   message_.setFont(bold);
   notes_.setReadOnly(true);
   notes_.setTabChangesFocus(true);
-  notes_.setAccessibleName(QStringLiteral("What is new"));
+  notes_.setAccessibleName(qtTrId("What is new"));
   notes_.setFixedHeight(notes_.fontMetrics().lineSpacing() * notesHeight);
-  openPage_.setText(QStringLiteral("Open Page"));
+  openPage_.setText(qtTrId("Open Page"));
   QObject::connect(&openPage_, &QPushButton::clicked, this, [this] { openPage(); });
   QObject::connect(&close_, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -108,7 +108,7 @@ void UpdateWindow::showEvent(QShowEvent* event) {
 
 void UpdateWindow::ask() {
   if (source_.feed.isEmpty()) {
-    return tell(QStringLiteral("Updates of %1 come with your system's packages.").arg(programName()));
+    return tell(qtTrId("Updates of %1 come with your system's packages.").arg(programName()));
   }
   QString failure;
   const auto makeRequest = reinterpret_cast<MakeFeedRequest>(
@@ -124,30 +124,30 @@ void UpdateWindow::ask() {
 void UpdateWindow::understand(const FeedAnswer& answer) {
   if (!answer.failure.isEmpty()) return tellFailure(answer.failure);
   const std::optional<Appcast> appcast = readAppcast(answer.bytes);
-  if (!appcast) return tellFailure(QStringLiteral("What the server sent is not an appcast."));
+  if (!appcast) return tellFailure(qtTrId("What the server sent is not an appcast."));
   tellNewest(*appcast);
 }
 
 void UpdateWindow::tellChecking() {
-  tell(QStringLiteral("Checking for updates…"));
-  close_.setText(QStringLiteral("Cancel"));
+  tell(qtTrId("Checking for updates…"));
+  close_.setText(qtTrId("Cancel"));
 }
 
 void UpdateWindow::tellNewest(const Appcast& appcast) {
   if (appcast.newest && compareVersions(appcast.newest->version, source_.version) > 0) {
     return tellNewer(*appcast.newest);
   }
-  tell(QStringLiteral("%1 %2 is up to date.").arg(programName(), source_.version));
+  tell(qtTrId("%1 %2 is up to date.").arg(programName(), source_.version));
 }
 
 void UpdateWindow::tellNewer(const Release& release) {
-  tell(QStringLiteral("%1 %2 is available. You have %3.")
+  tell(qtTrId("%1 %2 is available. You have %3.")
            .arg(programName(), line(longestName, release.shownVersion), source_.version),
        line(longestLine, release.title), plainNotes(release.notes), release.page);
 }
 
 void UpdateWindow::tellFailure(const QString& reason) {
-  tell(QStringLiteral("Could not check for updates."), line(longestLine, reason));
+  tell(qtTrId("Could not check for updates."), line(longestLine, reason));
 }
 
 void UpdateWindow::tell(const QString& message, const QString& details, const QString& notes, const QUrl& page) {
@@ -158,7 +158,7 @@ void UpdateWindow::tell(const QString& message, const QString& details, const QS
   notes_.setVisible(!notes.isEmpty());
   page_ = page;
   openPage_.setVisible(!page.isEmpty());
-  close_.setText(QStringLiteral("Close"));
+  close_.setText(qtTrId("Close"));
   QPushButton& first = page.isEmpty() ? close_ : openPage_;
   first.setDefault(true);
   first.setFocus();
@@ -168,7 +168,7 @@ void UpdateWindow::tell(const QString& message, const QString& details, const QS
 
 void UpdateWindow::openPage() {
   if (QDesktopServices::openUrl(page_)) return;
-  details_.setText(QStringLiteral("There is no program that opens %1").arg(cutTo(longestLine, page_.toString())));
+  details_.setText(qtTrId("There is no program that opens %1").arg(cutTo(longestLine, page_.toString())));
   details_.show();
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/view.h"
 
+#include <QGuiApplication>
+#include <QStyle>
+
 #include "platform/desktop/native_view.h"
 
 namespace platform {
@@ -15,7 +18,11 @@ void NSView::showFrame() {
   if (native_->placedByParent) return;
   // The toolkit's y axis grows downward.
   const double top = superview_ != nullptr ? superview_->frame_.size.height - frame_.maxY() : frame_.minY();
-  native_->widget->setGeometry(QRectF(frame_.minX(), top, frame_.size.width, frame_.size.height).toAlignedRect());
+  const QRect place = QRectF(frame_.minX(), top, frame_.size.width, frame_.size.height).toAlignedRect();
+  if (superview_ == nullptr) return native_->widget->setGeometry(place);
+  // From right to left in the languages that are written so.
+  const QRect whole(0, 0, static_cast<int>(superview_->frame_.size.width), 0);
+  native_->widget->setGeometry(QStyle::visualRect(QGuiApplication::layoutDirection(), whole, place));
 }
 
 void NSView::showSubview(NSView& view) {

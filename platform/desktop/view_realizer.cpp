@@ -3,10 +3,14 @@
 
 #include <QBoxLayout>
 #include <QGridLayout>
-#include <QKeySequence>
 #include <QLabel>
 #include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+#include <algorithm>
 #include <cmath>
+#include <optional>
+#include <vector>
 
 #include "platform/box.h"
 #include "platform/desktop/appearance.h"
@@ -23,56 +27,66 @@ namespace {
 
 int whole(double points) { return static_cast<int>(std::lround(points)); }
 
-/// What a text of key symbols is called on this desktop; empty for any other text.
-QString keysInWords(const QString& text) {
-  if (text.size() < 2) return {};
-  if (text == QLatin1String("esc")) return QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText);
-  Qt::KeyboardModifiers modifiers;
-  for (const QChar symbol : text.chopped(1)) {
-    if (symbol == u'⌘') {
-      modifiers |= Qt::ControlModifier;
-    } else if (symbol == u'⌥') {
-      modifiers |= Qt::AltModifier;
-    } else {
-      return {};
-    }
-  }
-  if (!modifiers) return {};
-  const auto key = static_cast<Qt::Key>(text.back().unicode());
-  return QKeySequence(QKeyCombination(modifiers, key)).toString(QKeySequence::NativeText);
-}
-
 /// A label in a colour by its role, which follows the palette.
 class Label : public QLabel {
  public:
   explicit Label(const NSTextField& field) : QLabel(toQString(field.text())), color_(field.textColor()) {
     setTextFormat(Qt::PlainText);
     setFont(toQFont(field.font()));
-    setWordWrap(field.wraps());
-    const QString keys = keysInWords(QLabel::text());
-    setToolTip(keys);
-    setAccessibleDescription(keys);
-    const int room = field.wraps() ? whole(field.preferredMaxLayoutWidth()) : QWIDGETSIZE_MAX;
-    const QRectF text =
-        QFontMetricsF(font()).boundingRect(QRectF(0, 0, room, QWIDGETSIZE_MAX), flags(), QLabel::text());
-    setFixedSize(field.wraps() ? room : whole(std::ceil(text.width())), whole(std::ceil(text.height())));
+    if (field.wraps()) paragraphWidth_ = whole(field.preferredMaxLayoutWidth());
+  }
+
+  /// Takes a line. Where that is wider than the room, in points, it takes as many as it needs.
+  void fitInto(int room) {
+    breakLines(QWIDGETSIZE_MAX);
+    const int line = whole(std::ceil(lines_.maximumWidth()));
+    const int width = paragraphWidth_.value_or(std::min(line, room));
+    setFixedSize(width, breakLines(width));
+    above_ = 0;
+  }
+
+  /// Of the first line, which may be in a font that only the text asked for.
+  double ascent() const { return lines_.lineAt(0).ascent(); }
+
+  /// Takes room above, so that the first line stands on that of a label with this ascent.
+  void standOn(double ascent) {
+    above_ = whole(ascent - this->ascent());
+    setFixedHeight(height() + above_);
   }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     painter.setPen(toQColor(color_, palette()));
-    painter.setLayoutDirection(directionOf(text()));
-    painter.drawText(rect(), flags(), text());
+    lines_.draw(&painter, QPointF(0, above_));
   }
 
  private:
-  int flags() const {
-    const auto leading = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
-    return int(leading | Qt::AlignAbsolute | Qt::AlignTop) | (wordWrap() ? Qt::TextWordWrap : 0);
+  /// Their height, in points.
+  int breakLines(int width) {
+    QTextOption option;
+    // Of the language: a sentence may begin with a name in other letters.
+    option.setTextDirection(layoutDirection());
+    option.setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading));
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    lines_.setText(text());
+    lines_.setFont(font());
+    lines_.setTextOption(option);
+    lines_.beginLayout();
+    double height = 0;
+    for (QTextLine line = lines_.createLine(); line.isValid(); line = lines_.createLine()) {
+      line.setLineWidth(width);
+      line.setPosition(QPointF(0, height));
+      height += line.height();
+    }
+    lines_.endLayout();
+    return whole(std::ceil(height));
   }
 
   NSColor color_;
+  std::optional<int> paragraphWidth_;
+  QTextLayout lines_;
+  int above_ = 0;
 };
 
 class FilledBox : public QWidget {
@@ -131,7 +145,7 @@ void layOut(const NSGridView& grid) {
   layout->setVerticalSpacing(whole(grid.rowSpacing()));
   int cell = 0;
   for (const auto& view : grid.subviews()) {
-    layout->addWidget(&widgetOf(*view), cell / grid.columns(), cell % grid.columns(), Qt::AlignLeading);
+    layout->addWidget(&widgetOf(*view), cell / grid.columns(), cell % grid.columns(), Qt::AlignLeading | Qt::AlignTop);
     ++cell;
   }
   widgetOf(grid).setLayout(layout.release());  // a widget owns its layout
@@ -164,11 +178,49 @@ void fixSize(const NSView& view) {
   }
 }
 
-}  // namespace
+void fit(const NSView& view, int room);
 
-void realize(NSView& root) {
+/// The first lines of a row stand on one line, whatever their fonts.
+void alignRow(const NSGridView& grid, std::size_t first) {
+  std::vector<Label*> labels;
+  for (std::size_t cell = first; cell < first + std::size_t(grid.columns()) && cell < grid.subviews().size(); ++cell) {
+    if (auto* label = dynamic_cast<Label*>(&widgetOf(*grid.subviews()[cell]))) labels.push_back(label);
+  }
+  double ascent = 0;
+  for (const Label* label : labels) ascent = std::max(ascent, label->ascent());
+  for (Label* label : labels) label->standOn(ascent);
+}
+
+/// A column takes what it needs, up to half of what the ones before it leave; the last one takes the rest.
+void fit(const NSGridView& grid, int room) {
+  const auto& cells = grid.subviews();
+  for (int column = 0; column < grid.columns(); ++column) {
+    const bool last = column == grid.columns() - 1;
+    int widest = 0;
+    for (auto cell = std::size_t(column); cell < cells.size(); cell += std::size_t(grid.columns())) {
+      fit(*cells[cell], last ? room : room / 2);
+      widest = std::max(widest, widgetOf(*cells[cell]).width());
+    }
+    room -= widest + whole(grid.columnSpacing());
+  }
+  for (std::size_t first = 0; first < cells.size(); first += std::size_t(grid.columns())) alignRow(grid, first);
+}
+
+/// Gives the labels their sizes, in lines that are no wider than `room`, in points.
+void fit(const NSView& view, int room) {
+  for (const NSLayoutConstraint& constraint : view.constraints()) {
+    if (constraint.first.attribute == NSLayoutAttributeWidth && !constraint.second) room = whole(constraint.constant);
+  }
+  if (const auto* grid = dynamic_cast<const NSGridView*>(&view)) return fit(*grid, room);
+  if (auto* label = dynamic_cast<Label*>(&widgetOf(view))) label->fitInto(room);
+  for (const auto& subview : view.subviews()) {
+    fit(*subview, room - distance(*subview, NSLayoutAttributeLeading) - distance(*subview, NSLayoutAttributeTrailing));
+  }
+}
+
+void build(NSView& root) {
   if (auto widget = widgetFor(root)) root.native().widget = std::move(widget);
-  for (const auto& view : root.subviews()) realize(*view);
+  for (const auto& view : root.subviews()) build(*view);
   if (const auto* stack = dynamic_cast<const NSStackView*>(&root)) {
     layOut(*stack);
   } else if (const auto* grid = dynamic_cast<const NSGridView*>(&root)) {
@@ -179,6 +231,20 @@ void realize(NSView& root) {
   // Widgets made here came after those that were there before, in the order that a screen reader goes by.
   for (const auto& view : root.subviews()) widgetOf(*view).raise();
   fixSize(root);
+}
+
+}  // namespace
+
+void realize(NSView& root) {
+  build(root);
+  fit(root, QWIDGETSIZE_MAX);
+}
+
+void renameKeys(const NSView& root, const QString& before, const QString& now) {
+  for (auto* const label : widgetOf(root).findChildren<QLabel*>()) {
+    if (label->text() == before) label->setText(now);
+  }
+  fit(root, QWIDGETSIZE_MAX);
 }
 
 }  // namespace platform::desktop

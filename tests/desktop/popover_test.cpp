@@ -14,6 +14,8 @@
 
 #include "app/app_delegate.h"
 #include "platform/desktop/bubble.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/key_names.h"
 #include "tests/desktop/scratch.h"
 
 namespace quillberry {
@@ -59,6 +61,12 @@ class Popover : public testing::Test {
   static void press(QWidget& widget, int key) {
     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
     QCoreApplication::sendEvent(&widget, &event);
+  }
+
+  static std::vector<std::string> texts(QWidget& content) {
+    std::vector<std::string> all;
+    for (auto* const label : content.findChildren<QLabel*>()) all.push_back(label->text().toStdString());
+    return all;
   }
 
   /// The places of the labels and buttons in the content, from top to bottom.
@@ -157,7 +165,21 @@ TEST_F(Popover, WelcomeStaysUntilReturn) {
   EXPECT_EQ(shown(), nullptr);
 }
 
-TEST_F(Popover, ShortcutsHaveTheirMeasuresAndSayTheKeysInWords) {
+TEST_F(Popover, WelcomeGrowsInHeightAloneForKeysThatTheDesktopGives) {
+  launch(false);
+  QWidget& welcome = content(waitForBubble());
+  const QSize before = welcome.size();
+  platform::desktop::keyNames().tell(QKeyCombination(Qt::ControlModifier | Qt::AltModifier, Qt::Key_N),
+                                     QStringLiteral("Press Super+Shift+N or the lamp's key"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return welcome.height() > before.height(); }));
+  EXPECT_EQ(texts(welcome)[3], "Press Super+Shift+N or the lamp's key");
+  EXPECT_EQ(welcome.width(), before.width());
+  EXPECT_EQ(shown()->width(), before.width() + 2);
+  for (const QRect& place : places(welcome))
+    EXPECT_TRUE(welcome.rect().marginsRemoved({18, 18, 18, 18}).contains(place));
+}
+
+TEST_F(Popover, ShortcutsHaveTheirMeasuresAndNameTheKeys) {
   launch(true);
   clickInfo();
   QWidget& shortcuts = content(waitForBubble());
@@ -166,10 +188,9 @@ TEST_F(Popover, ShortcutsHaveTheirMeasuresAndSayTheKeysInWords) {
   EXPECT_EQ(rects[0].topLeft(), QPoint(16, 14));
   EXPECT_EQ(rects[1].x(), 16 + std::max({rects[0].width(), rects[2].width(), rects[4].width()}) + 14);
   EXPECT_EQ(shortcuts.height() - std::max(rects[4].bottom(), rects[5].bottom()) - 1, 14);
-  std::vector<QString> tips;
-  for (auto* const label : shortcuts.findChildren<QLabel*>()) tips.push_back(label->toolTip());
-  EXPECT_THAT(tips, ElementsAre(QStringLiteral("Ctrl+Alt+N"), QString(), QStringLiteral("Ctrl+Alt+P"), QString(),
-                                QStringLiteral("Esc"), QString()));
+  EXPECT_THAT(texts(shortcuts),
+              ElementsAre("Ctrl+Alt+N", "Show / hide the note", "Ctrl+Alt+P", "Keep on top, on every workspace", "Esc",
+                          "Hide and go back to what you did"));
   press(*shown(), Qt::Key_Escape);
   EXPECT_EQ(shown(), nullptr);
   clickInfo();

@@ -11,7 +11,8 @@
 
 namespace scratch {
 
-/// A folder of this process' own, gone at the end. Everything that the program keeps goes below it.
+/// A folder of this process' own, gone at the end. Everything that the program keeps goes below it; what it shows is in
+/// English.
 class Folder {
  public:
   Folder() {
@@ -21,6 +22,7 @@ class Folder {
     setenv("XDG_DATA_HOME", (path_ / "data").c_str(), 1);
     setenv("XDG_CONFIG_HOME", (path_ / "config").c_str(), 1);
     setenv("XDG_RUNTIME_DIR", path_.c_str(), 1);
+    setenv("LC_ALL", "C", 1);
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
   }
   Folder(const Folder&) = delete;

@@ -145,7 +145,7 @@ TEST_F(Updates, FetchesOnlyWhatIsFitToBeRead) {
     server.answers[path] = answer;
     EXPECT_THAT(fetch(server.url(path)), HasSubstr(expected)) << path;
   }
-  EXPECT_THAT(fetch(server.url("/silent"), 50ms), HasSubstr("did not answer within 0.05 seconds"));
+  EXPECT_THAT(fetch(server.url("/silent"), 50ms), HasSubstr("did not answer within 0.05 s."));
 
   server.connections = 0;
   fetch(server.url("/loop"));

@@ -78,15 +78,20 @@ TEST_F(NoteWindow, EscapeHidesWithEveryModifierAndFromEveryControl) {
 
 TEST_F(NoteWindow, ControlsKeepTheirPlacesAtEverySize) {
   launch();
-  for (const QSize size : {QSize(420, 320), QSize(260, 160), QSize(790, 590)}) {
-    frame().resize(size);
-    QCoreApplication::processEvents();
-    const QRect info = placeInFrame(button("Shortcuts"));
-    EXPECT_EQ(size.width() - info.x() - info.width(), 8);
-    EXPECT_EQ(info.y(), 5);
-    EXPECT_EQ(placeInFrame(button("Close")).x(), 8);
-    EXPECT_EQ(placeInFrame(editor()), QRect(QPoint(0, 0), size));
-    EXPECT_EQ(frame().childAt(info.center()), &button("Shortcuts")) << "the button lies over the title bar";
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    QApplication::setLayoutDirection(direction);
+    for (const QSize size : {QSize(420, 320), QSize(260, 160), QSize(790, 590)}) {
+      frame().resize(size);
+      QCoreApplication::processEvents();
+      const QRect info = placeInFrame(button("Shortcuts"));
+      const QRect close = placeInFrame(button("Close"));
+      const auto [first, last] = direction == Qt::LeftToRight ? std::pair(close, info) : std::pair(info, close);
+      EXPECT_EQ(size.width() - last.x() - last.width(), 8);
+      EXPECT_EQ(info.y(), 5);
+      EXPECT_EQ(first.x(), 8);
+      EXPECT_EQ(placeInFrame(editor()), QRect(QPoint(0, 0), size));
+      EXPECT_EQ(frame().childAt(info.center()), &button("Shortcuts")) << "the button lies over the title bar";
+    }
   }
   frame().resize(10, 10);
   EXPECT_EQ(frame().size(), QSize(260, 160));

@@ -30,7 +30,7 @@ class Session {
       QMetaObject::invokeMethod(&shortcuts_, "onCreated", Q_ARG(QVariantMap, results));
       session_ = QDBusObjectPath(results.value(QStringLiteral("session_handle")).toString()).path();
     } else if (word == "bound") {
-      QMetaObject::invokeMethod(&shortcuts_, "onBound");
+      QMetaObject::invokeMethod(&shortcuts_, "onBound", Q_ARG(QVariantMap, toMap(line)));
       bound_ = true;
     } else if (word == "closed") {
       const auto closed = QDBusMessage::createSignal(session_, QStringLiteral("a.b"), QStringLiteral("Closed"));
@@ -60,10 +60,13 @@ class Session {
   bool bound_ = false;
   int heard_ = 0;
   QString lastId_;
-  PortalShortcuts shortcuts_{silentPortal(), {}, [this](const QString& id, const QString& /*token*/) {
+  PortalShortcuts shortcuts_{silentPortal(),
+                             {},
+                             [this](const QString& id, const QString& /*token*/) {
                                ++heard_;
                                lastId_ = id;
-                             }};
+                             },
+                             [](const QString& /*id*/, const QString& /*keys*/) {}};
 };
 
 void checkRequest(uint code, const QVariantMap& results) {

@@ -22,7 +22,10 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "session"))
 from desktop import Desktop, wait_until  # noqa: E402
 from note import NAME, Note  # noqa: E402
 
-options = argparse.Namespace(build=None, cmake="cmake")
+TOP = Path(__file__).resolve().parent.parent.parent
+TABLES = TOP / "platform/desktop/translations"
+
+options = argparse.Namespace(build=None, cmake="cmake", lupdate="lupdate")
 
 
 def tool(name):
@@ -51,6 +54,36 @@ def command_line(value):
     """The arguments of an entry's Exec key, which has no field codes: quoted as a shell does."""
     assert "%" not in value, value
     return shlex.split(value)
+
+
+def read_tables():
+    """What each language has for each of the program's texts."""
+    return {table.stem.removeprefix("quillberry_"): {
+        message.get("id"): message.findtext("translation") for message in xml.parse(table).iter("message")}
+        for table in TABLES.glob("*.ts")}
+
+
+class TestTexts(unittest.TestCase):
+    def test_every_language_has_every_text(self):
+        tables = read_tables()
+        for language, table in tables.items():
+            with self.subTest(language):
+                self.assertEqual(table.keys(), tables["en"].keys())
+                for text, shown in table.items():
+                    self.assertTrue(shown, text)
+                    marks = [sorted(re.findall(r"%\d|&", each)) for each in (text, shown)]
+                    self.assertEqual(*marks, f"the placeholders and mnemonics of: {text}")
+
+    def test_the_tables_have_what_the_program_says(self):
+        """No more and no less, by what the toolkit's tool finds in the sources."""
+        with tempfile.TemporaryDirectory() as folder:
+            table = shutil.copy(TABLES / "quillberry_en.ts", folder)
+            output(options.lupdate, "-silent", "-locations", "none", "-no-obsolete", "-tr-function-alias",
+                   "qtTrId+=NSLocalizedString", "app", "note", "onboarding", "system", "platform/desktop", "-ts", table,
+                   cwd=TOP)
+            found = {message.get("id") for message in xml.parse(table).iter("message")}
+            self.assertEqual(found, read_tables()["en"].keys())
+            self.assertNotIn("unfinished", Path(table).read_text())
 
 
 class TestHardened(unittest.TestCase):
@@ -209,7 +242,8 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", type=Path, required=True)
     parser.add_argument("--cmake", default=options.cmake)
-    parser.add_argument("case", choices=("hardened", "installed", "started"))
+    parser.add_argument("--lupdate", default=options.lupdate)
+    parser.add_argument("case", choices=("hardened", "installed", "started", "texts"))
     parser.parse_args(namespace=options)
     tests = unittest.defaultTestLoader.loadTestsFromTestCase(globals()[f"Test{options.case.capitalize()}"])
     result = unittest.TextTestRunner(verbosity=2).run(tests)

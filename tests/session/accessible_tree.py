@@ -25,7 +25,7 @@ def describe(bus, name, path):
         return found.Get(ACCESSIBLE, property, dbus_interface=dbus.PROPERTIES_IFACE)
     low, high = ask("GetState")
     bits = int(low) | int(high) << 32
-    return {"role": ask("GetRoleName"), "name": get("Name"), "description": get("Description"),
+    return {"role": ask("GetRoleName"), "name": get("Name"),
             "states": [state for number, state in STATES.items() if bits >> number & 1],
             "children": [describe(bus, *child) for child in ask("GetChildren")]}
 

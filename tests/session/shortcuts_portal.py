@@ -25,6 +25,7 @@ KINDS = {
     "old": {},  # says only in its reply where it will answer
     "binding with the session": {},
     "with one shortcut to give": {},
+    "with other keys": {},
     "refuses to list": {"ListShortcuts": ("ua{sv}", REFUSED, {})},
     "refuses session": {"CreateSession": ("ua{sv}", REFUSED, {})},
     "refuses shortcuts": {"BindShortcuts": ("ua{sv}", REFUSED, {})},
@@ -87,11 +88,20 @@ class Portal(dbus.service.Object):
         assert session == self.session
         self.calls.append(["BindShortcuts", *described(shortcuts)])
         bound = shortcuts[:1] if self.kind == "with one shortcut to give" else shortcuts
+        if self.kind == "with other keys":
+            bound = self.named("Meta+N")
         return self._answer("BindShortcuts", sender, options, {"shortcuts": bound})
+
+    def named(self, keys):
+        """The first shortcut, by other keys."""
+        return dbus.Array([(self.shortcuts[0][0], {"trigger_description": keys})], signature="(sa{sv})")
 
     def press(self, shortcut, session=None):
         options = {"activation_token": "token"}
         self._send(PATH, SHORTCUTS, "Activated", "osta{sv}", session or self.session, shortcut, 0, options)
+
+    def rename(self, keys):
+        self._send(PATH, SHORTCUTS, "ShortcutsChanged", "oa(sa{sv})", self.session, self.named(keys))
 
     def close(self):
         self._send(self.session, SESSION, "Closed", "a{sv}", {})

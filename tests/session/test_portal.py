@@ -84,6 +84,19 @@ class TestPortal(ShellTest):
         self.assert_gives_keys(second, "togglePin")
         self.assert_gives_none(first)
 
+    def test_other_keys(self):
+        """The menu tells of what the user has chosen in the desktop's settings, then and now."""
+        host = self.desktop.start_service("notifier_host.py")
+        self.start_beside_companion()
+        portal = self.start_portal("with other keys")
+
+        def is_told(keys):
+            return self.desktop.tell(host, "menu")[0] == ["Show / Hide Note", keys, None]
+        wait_until(lambda: is_told("Super+N"), "the keys of the portal")
+        for keys, told in (("Ctrl+Shift+7", "Control+Shift+7"), ("Push the lamp", None), ("", "Control+Alt+N")):
+            self.desktop.tell(portal, "rename", keys)
+            wait_until(lambda: is_told(told), f"{keys} in the menu")
+
     def test_refusals_and_rubbish(self):
         self.start_beside_companion()
         for kind in "refuses session", "number for a handle", "answer of other types":

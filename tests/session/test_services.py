@@ -51,23 +51,23 @@ class TestServices(ShellTest):
         self.desktop.wait_active(wait_until(self.other_window, "the welcome"))
         note = ["frame Quillberry 📌", "text Note (editable, focusable, multi-line)", "push button Close (focusable)",
                 "push button Quillberry (focusable)", "push button Shortcuts (focusable)"]
-        shortcuts = ["label ⌥⌘N = Ctrl+Alt+N", "label ⌥⌘P = Ctrl+Alt+P", "label esc = Esc"]
+        shortcuts = {"label Ctrl+Alt+N", "label Ctrl+Alt+P", "label Esc"}
         wait_until(lambda: self.heard()[0] == note, "the note's tree")
         welcome = self.heard()[1]
         self.assertEqual([welcome[0], welcome[-1]],
                          ["dialog Quillberry (active)", "push button Got it (default, focusable, focused)"])
-        self.assertEqual([text for text in welcome if " = " in text], shortcuts)
+        self.assertLess(shortcuts, set(welcome))
         self.press("Return")
         note[:2] = "frame Quillberry 📌 (active)", "text Note (editable, focusable, focused, multi-line)"
         wait_until(lambda: self.heard() == [note], "the note has the focus again")
         self.note.click(*INFO_BUTTON)
         wait_until(lambda: "dialog Shortcuts (active, focusable, focused)" in self.heard()[0], "the shortcuts")
-        self.assertEqual([text for text in self.heard()[0] if " = " in text], shortcuts)
+        self.assertLess(shortcuts, set(self.heard()[0]))
         self.press("Escape")
         wait_until(lambda: self.heard() == [note], "the note has the focus again")
 
     def heard(self):
-        """Of each of the program's windows, what a screen reader tells: roles, names, keys in words, and states."""
+        """Of each of the program's windows, what a screen reader tells: roles, names and states."""
         reader = Path(__file__).with_name("accessible_tree.py")
         done = subprocess.run([DEBIAN_PYTHON, reader, str(self.note.process.pid)],
                               env=self.desktop.environment, capture_output=True, text=True, timeout=20)
@@ -76,9 +76,8 @@ class TestServices(ShellTest):
 
     def told(self, item):
         if item["name"]:
-            keys = f" = {item['description']}" if item["role"] == "label" and item["description"] else ""
             states = ", ".join(sorted(set(item["states"]) - {"enabled", "showing"}))
-            yield f"{item['role']} {item['name']}{keys}" + (f" ({states})" if states else "")
+            yield f"{item['role']} {item['name']}" + (f" ({states})" if states else "")
         for child in item["children"]:
             yield from self.told(child)
 

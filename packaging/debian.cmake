@@ -23,12 +23,12 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://quillberry.org/)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)  # among them libqt6gui6, which has the plug-in for X11
-# What no library names: the plug-ins for Wayland and for SVG, without which the tray has an
-# icon of one grey; the icons' theme; the font of the pushpin in the title; the bus; gapplication, which the desktop
-# entry's actions call.
+# What no library names: the plug-ins for Wayland and for SVG, without which the tray has an icon of one grey; Qt's own
+# texts in other languages than English; the icons' theme; the font of the pushpin in the title; the bus; gapplication,
+# which the desktop entry's actions call.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS
        "default-dbus-session-bus | dbus-session-bus" fonts-noto-color-emoji hicolor-icon-theme libglib2.0-bin
-       libqt6svg6 qt6-wayland)
+       libqt6svg6 qt6-translations-l10n qt6-wayland)
 
 execute_process(COMMAND date --utc --date ${RELEASE_DATE} +%s OUTPUT_VARIABLE releaseSeconds
                 OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

@@ -135,9 +135,20 @@ class InstalledTest(unittest.TestCase):
 class TestInstalled(InstalledTest):
     def test_desktop_entry(self):
         output(tool("desktop-file-validate"), "--warn-kde", self.entry_file)
+        for language, table in read_tables().items():
+            suffix = f"[{language}]" if language != "en" else ""
+            for key in "GenericName", "Comment", "Keywords":
+                self.assertTrue(self.entry["Desktop Entry"][key + suffix])
+            for action, text in ("toggleWindow", "Show / Hide Note"), ("togglePin", "Keep on Top"):
+                self.assertEqual(self.entry[f"Desktop Action {action}"]["Name" + suffix], table[text])
 
     def test_metainfo(self):
         output(tool("appstreamcli"), "validate", "--no-net", self.only("*.metainfo.xml"))
+        parts = [(part.tag, part.get("{http://www.w3.org/XML/1998/namespace}lang", "en"))
+                 for part in xml.parse(self.only("*.metainfo.xml")).iter()]
+        for language in read_tables():
+            told = [parts.count((tag, language)) for tag in ("summary", "p", "li", "caption")]
+            self.assertEqual(told, [1, 1, 5, 3], language)
 
     def test_manual_page(self):
         complaints = output(tool("man"), "--warnings", "--encoding=UTF-8", "--local-file", self.only("quillberry.1"),

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <ostream>
+
+#include "platform/application.h"
+#include "platform/localized_string.h"
+#include "tests/desktop/scratch.h"
+
+namespace platform {
+namespace {
+
+struct Asked {
+  QString environment;
+  const char* note;
+};
+
+void PrintTo(const Asked& asked, std::ostream* stream) { *stream << asked.environment.toStdString(); }
+
+/// One process each: the toolkit reads the environment once.
+class Language : public testing::TestWithParam<Asked> {};
+
+TEST_P(Language, IsTheOneThatTheEnvironmentAsksFor) {
+  const scratch::Folder scratch;
+  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"}) unsetenv(name);
+  for (const QString& setting : GetParam().environment.split(' ', Qt::SkipEmptyParts)) {
+    qputenv(setting.section('=', 0, 0).toUtf8().constData(), setting.section('=', 1).toUtf8());
+  }
+  const auto app = NSApplication::sharedApplication();
+  EXPECT_EQ(NSLocalizedString("Note"), GetParam().note);
+  EXPECT_EQ(QApplication::isRightToLeft(), NSLocalizedString("Note") == "פתק");
+  EXPECT_EQ(NSLocalizedString("What no table has"), "What no table has");
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, Language,
+                         testing::Values(Asked{"LANG=", "Note"}, Asked{"LANG=de_AT.UTF-8", "Notiz"},
+                                         Asked{"LANG=de_DE.UTF-8 LC_MESSAGES=it_CH.UTF-8", "Nota"},
+                                         Asked{"LC_MESSAGES=it_CH LC_ALL=uk_UA.UTF-8", "Нотатка"},
+                                         Asked{"LANG=pt_BR", "Nota"}, Asked{"LANG=zh_HK.UTF-8", "便條"},
+                                         Asked{"LANG=de_DE.UTF-8 LANGUAGE=sv:he", "פתק"},
+                                         Asked{"LANG=de_DE.UTF-8 LANGUAGE=en_GB:de", "Note"},
+                                         Asked{"LANG=fa_IR.UTF-8", "Note"},
+                                         Asked{"LANG=de_DE.UTF-8 LANGUAGE=de LC_ALL=C", "Note"}));
+
+}  // namespace
+}  // namespace platform

@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QHideEvent>
 #include <QTextDocumentFragment>
+#include <algorithm>
 #include <utility>
 
 #include "platform/application_metadata.h"
@@ -43,7 +44,9 @@ void setUpLabel(QLabel& label) {
   label.setTextFormat(Qt::PlainText);
   label.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   label.setWordWrap(true);
-  label.setFixedWidth(label.fontMetrics().averageCharWidth() * textWidth);
+  const QFontMetrics metrics = label.fontMetrics();
+  // The average of a font for Chinese or Japanese is twice that of its own Latin letters.
+  label.setFixedWidth(std::min(metrics.averageCharWidth(), metrics.horizontalAdvance(u'x')) * textWidth);
 }
 
 }  // namespace

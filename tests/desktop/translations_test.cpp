@@ -30,7 +30,6 @@ TEST_P(Language, IsTheOneThatTheEnvironmentAsksFor) {
   const auto app = NSApplication::sharedApplication();
   EXPECT_EQ(NSLocalizedString("Note"), GetParam().note);
   EXPECT_EQ(QApplication::isRightToLeft(), NSLocalizedString("Note") == "פתק");
-  EXPECT_EQ(NSLocalizedString("What no table has"), "What no table has");
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, Language,

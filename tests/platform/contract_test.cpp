@@ -8,6 +8,7 @@
 #include "platform/dispatch.h"
 #include "platform/file_manager.h"
 #include "platform/hot_key.h"
+#include "platform/localized_string.h"
 #include "platform/login_item.h"
 #include "platform/notification_center.h"
 #include "platform/process_info.h"
@@ -191,6 +192,10 @@ TEST_F(Contract, NotificationsReachWhoAskedForTheirSender) {
   NSDistributedNotificationCenter::defaultCenter().postNotificationName(NSWorkspaceDidWakeNotification, nullptr);
   EXPECT_EQ(anybody->told, 2);
   EXPECT_EQ(one->told, 1);
+}
+
+TEST_F(Contract, ATextThatNoTableHasIsShownAsItIs) {
+  for (const char* const text : {"", "N", "⌘", "A text of nobody's… 📌"}) EXPECT_EQ(NSLocalizedString(text), text);
 }
 
 TEST_F(Contract, MenuItemsActOnTheirTargetsAndShowTheirState) {

@@ -53,7 +53,7 @@
     </message>
     <message id="Check for Updates…">
         <source></source>
-        <translation>Procurar atualizações…</translation>
+        <translation>Verificar atualizações…</translation>
     </message>
     <message id="Shortcuts">
         <source></source>
@@ -117,7 +117,7 @@
     </message>
     <message id="Checking for updates…">
         <source></source>
-        <translation>Procurando atualizações…</translation>
+        <translation>Verificando atualizações…</translation>
     </message>
     <message id="Cancel">
         <source></source>
@@ -133,7 +133,7 @@
     </message>
     <message id="Could not check for updates.">
         <source></source>
-        <translation>Não foi possível procurar atualizações.</translation>
+        <translation>Não foi possível verificar as atualizações.</translation>
     </message>
     <message id="There is no program that opens %1">
         <source></source>

@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry живе в системному лотку або, якщо його немає, у заголовку нотатки, і з’являється поверх інших вікон, коли комп’ютер прокидається. Клавіші:</translation>
+        <translation>Quillberry живе в системному лотку або, якщо його немає, у заголовку вікна нотатки, і з’являється поверх інших вікон, коли комп’ютер прокидається. Клавіші:</translation>
     </message>
     <message id="Got it">
         <source></source>

@@ -19,6 +19,12 @@ constexpr std::chrono::milliseconds longestPause = 64s;  // and a session that l
 
 const QString globalShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 
+/// Empty for an answer of another type: the toolkit does not come to the end of one that it reads as this.
+QList<PortalShortcut> shortcutsIn(const QVariant& answer) {
+  const bool readable = answer.value<QDBusArgument>().currentSignature() == QLatin1String("a(sa{sv})");
+  return readable ? qdbus_cast<QList<PortalShortcut>>(answer) : QList<PortalShortcut>();
+}
+
 }  // namespace
 
 QDBusArgument& operator<<(QDBusArgument& argument, const PortalShortcut& shortcut) {
@@ -102,7 +108,7 @@ void PortalShortcuts::bindUnlessBound() {
 }
 
 bool PortalShortcuts::isEachIn(const QVariantMap& results) const {
-  const auto bound = qdbus_cast<QList<PortalShortcut>>(results.value(QStringLiteral("shortcuts")));
+  const auto bound = shortcutsIn(results.value(QStringLiteral("shortcuts")));
   return std::all_of(shortcuts_.begin(), shortcuts_.end(), [&](const PortalShortcut& wanted) {
     return std::any_of(bound.begin(), bound.end(), [&](const PortalShortcut& each) { return each.id == wanted.id; });
   });
@@ -127,7 +133,7 @@ void PortalShortcuts::onShortcutsChanged(const QDBusMessage& message) {
 }
 
 void PortalShortcuts::tellKeys(const QVariant& shortcuts) const {
-  for (const auto& shortcut : qdbus_cast<QList<PortalShortcut>>(shortcuts))
+  for (const PortalShortcut& shortcut : shortcutsIn(shortcuts))
     told_(shortcut.id, shortcut.properties.value(QStringLiteral("trigger_description")).toString());
 }
 

@@ -26,6 +26,7 @@ KINDS = {
     "binding with the session": {},
     "with one shortcut to give": {},
     "with other keys": {},
+    "lists other types": {"ListShortcuts": ("ua{sv}", GRANTED, {"shortcuts": dbus.Array(["x"])})},
     "refuses to list": {"ListShortcuts": ("ua{sv}", REFUSED, {})},
     "refuses session": {"CreateSession": ("ua{sv}", REFUSED, {})},
     "refuses shortcuts": {"BindShortcuts": ("ua{sv}", REFUSED, {})},
@@ -101,7 +102,8 @@ class Portal(dbus.service.Object):
         self._send(PATH, SHORTCUTS, "Activated", "osta{sv}", session or self.session, shortcut, 0, options)
 
     def rename(self, keys):
-        self._send(PATH, SHORTCUTS, "ShortcutsChanged", "oa(sa{sv})", self.session, self.named(keys))
+        for kind, shortcuts in ("as", ["x"]), ("a{sv}", {"x": "y"}), ("a(sa{sv})", self.named(keys)):
+            self._send(PATH, SHORTCUTS, "ShortcutsChanged", "o" + kind, self.session, shortcuts)
 
     def close(self):
         self._send(self.session, SESSION, "Closed", "a{sv}", {})

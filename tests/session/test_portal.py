@@ -62,6 +62,7 @@ class TestPortal(ShellTest):
         self.wait_forward()
         for kind, pins, calls in (("good", ["togglePin"], ALL), ("old", ["togglePin"], ALL),
                                   ("with one shortcut to give", [], ALL), ("refuses to list", ["togglePin"], ALL),
+                                  ("lists other types", ["togglePin"], ALL),
                                   ("binding with the session", ["togglePin"], [REGISTER, CREATE, LIST])):
             with self.subTest(kind):
                 portal = self.start_portal(kind, calls)

@@ -151,7 +151,8 @@ class KWin(Wayland):
     def picture(self, path):
         screen = dbus.SessionBus().get_object("org.kde.KWin", "/org/kde/KWin/ScreenShot2")
         read_end, write_end = os.pipe()
-        told = screen.CaptureActiveScreen({}, dbus.types.UnixFd(write_end), dbus_interface="org.kde.KWin.ScreenShot2")
+        told = screen.CaptureActiveScreen({"native-resolution": True}, dbus.types.UnixFd(write_end),
+                                          dbus_interface="org.kde.KWin.ScreenShot2")
         os.close(write_end)
         with os.fdopen(read_end, "rb") as pipe:
             Path(path).write_bytes(pipe.read())

@@ -16,7 +16,7 @@ bool isPart(const QWidget& window) {
   return window.windowType() == Qt::Popup && dynamic_cast<const Bubble*>(&window) != nullptr;
 }
 
-/// The note's window. A popover that closes by itself hangs in its tree, for the toolkit's own list of windows leaves
+/// The note's window. A popover that closes by itself hangs in its tree, for Qt's own list of windows leaves
 /// such ones out.
 class AccessibleNote : public QAccessibleWidget {
  public:
@@ -65,7 +65,7 @@ class AccessibleBubble : public QAccessibleWidget {
 };
 
 QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
-  // The toolkit owns what it is given.
+  // Qt owns what it is given.
   if (auto* const frame = dynamic_cast<NoteFrame*>(object)) return new AccessibleNote(*frame);
   if (auto* const bubble = dynamic_cast<Bubble*>(object)) return new AccessibleBubble(*bubble);
   return nullptr;

@@ -3,7 +3,7 @@
 
 namespace platform::desktop {
 
-/// Tells assistive technology what the program's own windows are: the toolkit knows them for plain widgets. Nothing
+/// Tells assistive technology what the program's own windows are: Qt knows them for plain widgets. Nothing
 /// is made before somebody asks.
 void describeWindowsToAssistiveTechnology();
 

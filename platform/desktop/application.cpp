@@ -37,7 +37,7 @@ using desktop::WindowSystem;
 
 namespace {
 
-constexpr std::chrono::milliseconds longestLastSave{5000};  // that a toolkit's thread waits for before it ends us
+constexpr std::chrono::milliseconds longestLastSave{5000};  // that a thread of Qt waits for before it ends us
 
 /// What the functions of desktop.h reach, while the application object lives.
 struct Shared {
@@ -57,7 +57,7 @@ struct Shared {
   QList<QAction*> applicationMenuCommands;
 } shared;
 
-/// The windows that the user sees of the program. Its icon in an X11 tray is one only for the toolkit.
+/// The windows that the user sees of the program. Its icon in an X11 tray is one only for Qt.
 QWidgetList visibleWindows() {
   QWidgetList windows = QApplication::topLevelWidgets();
   windows.removeIf([](const QWidget* window) {
@@ -88,7 +88,7 @@ struct NSApplication::Impl {
 
   /// For the exit handler, which gets no argument.
   inline static Impl* current = nullptr;
-  /// Free once the delegate has done what it does at the end; the toolkit's threads may wait for that while this goes.
+  /// Free once the delegate has done what it does at the end; Qt's threads may wait for that while this goes.
   inline static QSemaphore lastSaves{0};
 
   Impl() {
@@ -132,7 +132,7 @@ struct NSApplication::Impl {
     QCoreApplication::exit(EXIT_SUCCESS);
   }
 
-  /// The toolkit ends the process itself when the display goes away: on X11 so that exit handlers run, on Wayland at
+  /// Qt ends the process itself when the display goes away: on X11 so that exit handlers run, on Wayland at
   /// once, after a last warning.
   static void noteLossOfDisplay() {
     std::atexit(tellOfTerminationOnce);
@@ -145,7 +145,7 @@ struct NSApplication::Impl {
     if (message.startsWith(QLatin1String("The Wayland connection"))) saveFromAnyThread();
   }
 
-  /// Comes back when all is saved: several threads warn of the same loss, and the toolkit ends the process after any.
+  /// Comes back when all is saved: several threads warn of the same loss, and Qt ends the process after any.
   static void saveFromAnyThread() {
     if (lastSaves.available() > 0) return;
     if (QThread::currentThread() == qApp->thread()) return tellOfTerminationOnce();

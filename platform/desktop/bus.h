@@ -17,7 +17,7 @@
 namespace platform::desktop {
 
 /// The session's or the system's message bus, asked at the first use whether it answers. One that takes connections and
-/// never answers holds whoever connects through the toolkit for good: nobody does before it has answered here.
+/// never answers holds whoever connects through Qt for good: nobody does before it has answered here.
 class Bus {
  public:
   explicit Bus(QDBusConnection::BusType type) : type_(type) {}

@@ -21,7 +21,7 @@ CaretRest::CaretRest(QObject& editor) : untilRest_(&editor) {
   untilRest_.setInterval(blinkingTime);
   untilRest_.callOnTimeout([this] {
     rests_ = true;
-    // The toolkit's editors know one setting for all of them; ours is the only one in the program.
+    // Qt's editors know one setting for all of them; ours is the only one in the program.
     QGuiApplication::styleHints()->setCursorFlashTime(neverBlinks);
   });
 }

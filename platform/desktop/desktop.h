@@ -38,7 +38,7 @@ Bus& sessionBus();
 Bus& systemBus();
 
 /// Keeps what is shown until it is let go of, on a later turn of the loop: its own code may be running now. What is
-/// kept at the end is gone before the toolkit is.
+/// kept at the end is gone before Qt is.
 void keepWhileShown(std::shared_ptr<NSObject> object);
 void letGo(const NSObject& object);
 

@@ -16,7 +16,7 @@ namespace platform::desktop {
 /// for itself. It waits its turn behind the keys before it, also those that an input method still thinks about.
 class EscapeKey : public QObject, public QAbstractNativeEventFilter {
  public:
-  /// `connection` is the toolkit's and stays its own.
+  /// `connection` is Qt's and stays its own.
   explicit EscapeKey(xcb_connection_t* connection);
   EscapeKey(const EscapeKey&) = delete;
   EscapeKey& operator=(const EscapeKey&) = delete;

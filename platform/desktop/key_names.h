@@ -12,14 +12,14 @@ namespace platform::desktop {
 /// The keys of a combination in symbols, "⌥⌘N" or "esc"; none in any other text.
 std::optional<QKeySequence> keysOfSymbols(const QString& text);
 
-/// What the user's combinations are called: as the toolkit names them, in the user's language, unless the desktop gives
+/// What the user's combinations are called: as Qt names them, in the user's language, unless the desktop gives
 /// other keys in their place.
 class KeyNames : public QObject {
   Q_OBJECT
 
  public:
   QString nameOf(const QKeySequence& keys) const;
-  /// The keys that act for these. Empty where the desktop has told of some that the toolkit cannot read.
+  /// The keys that act for these. Empty where the desktop has told of some that Qt cannot read.
   QKeySequence keysFor(const QKeySequence& keys) const;
   /// The desktop gives others in their place, by the name that it has for them; an empty name takes that back.
   void tell(const QKeySequence& keys, const QString& name);

@@ -9,7 +9,7 @@
 namespace platform::desktop {
 namespace {
 
-// The kind is that of an object. Of all properties of a character this is the one that the toolkit does not hand on to
+// The kind is that of an object. Of all properties of a character this is the one that Qt does not hand on to
 // what is typed behind it. LF has none.
 constexpr int property = QTextFormat::ObjectType;
 constexpr int firstKind = QTextFormat::UserObject;

@@ -5,7 +5,7 @@
 #include <QTextCursor>
 #include <vector>
 
-/// The toolkit lays a paragraph out whole at each key, which for a long one takes seconds to minutes. So a long one is
+/// Qt lays a paragraph out whole at each key, which for a long one takes seconds to minutes. So a long one is
 /// shown in several blocks, with joints between them that are no part of the text.
 namespace platform::desktop {
 

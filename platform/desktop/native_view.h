@@ -9,7 +9,7 @@
 
 namespace platform {
 
-/// A view's widget. The view owns it; the toolkit's parent only places it.
+/// A view's widget. The view owns it; Qt's parent only places it.
 struct NSView::Native {
   explicit Native(std::unique_ptr<QWidget> owned) : widget(std::move(owned)) {}
 

@@ -58,10 +58,10 @@ void NoteEditor::inputMethodEvent(QInputMethodEvent* event) {
   const bool edits = replacesSelection || !event->commitString().isEmpty() || event->replacementLength() > 0;
   composition_ = event->preeditString();
   {
-    // The toolkit reports the composition as a change too.
+    // Qt reports the composition as a change too.
     const QScopedValueRollback quiet(silent_, true);
     if (needsExactInsertion(event->commitString())) {
-      // The toolkit would fold what the document cannot hold: it gets the rest of the event, we put in the text.
+      // Qt would fold what the document cannot hold: it gets the rest of the event, we put in the text.
       QInputMethodEvent removal;
       removal.setCommitString({}, event->replacementStart(), event->replacementLength());
       QPlainTextEdit::inputMethodEvent(&removal);

@@ -74,7 +74,7 @@ void NoteEditor::editKey(QKeyEvent& key) {
   const QString text = typedText(key);
   if (const auto direction = directionOfEdit(key)) stepOverJointsTo(*direction);
   if (endsLine(key)) {
-    // The toolkit's own Return drops a line end's kind, and its Shift+Return types U+2028.
+    // Qt's own Return drops a line end's kind, and its Shift+Return types U+2028.
     insertLineEnd(textCursor());
     ensureCursorVisible();
   } else if (needsExactInsertion(text)) {
@@ -143,7 +143,7 @@ void NoteEditor::focusOutEvent(QFocusEvent* event) {
 
 void NoteEditor::showEvent(QShowEvent* event) {
   QPlainTextEdit::showEvent(event);
-  // The toolkit scrolled to the caret before it had wrapped the lines.
+  // Qt scrolled to the caret before it had wrapped the lines.
   if (!std::exchange(wasShown_, true)) ensureCursorVisible();
 }
 
@@ -154,7 +154,7 @@ void NoteEditor::paintEvent(QPaintEvent* event) {
 
 bool NoteEditor::event(QEvent* event) {
   if (actsOnText(*event)) prepareForUser(*event);
-  // The toolkit's editor would keep the keys of the main menu to itself.
+  // Qt's editor would keep the keys of the main menu to itself.
   if (event->type() == QEvent::ShortcutOverride) {
     event->ignore();
     return true;
@@ -174,7 +174,7 @@ QMimeData* NoteEditor::createMimeDataFromSelection() const {
   auto data = std::make_unique<QMimeData>();
   const QTextCursor cursor = textCursor();
   data->setText(exactText(*document(), cursor.selectionStart(), cursor.selectionEnd()));
-  return data.release();  // the caller's, as the toolkit asks
+  return data.release();  // the caller's, as Qt asks
 }
 
 bool NoteEditor::canInsertFromMimeData(const QMimeData* source) const { return offersText(*source); }
@@ -189,7 +189,7 @@ void NoteEditor::insertExactly(const QString& text) {
 }
 
 void NoteEditor::tellOfEdit() {
-  // The toolkit reports a change of looks too; it leaves the revision alone.
+  // Qt reports a change of looks too; it leaves the revision alone.
   if (silent_ || document()->revision() == toldRevision_) return;
   // Not under a composition: what is open in it belongs to the layout of its block.
   if (composition_.isEmpty() && !document()->isRedoAvailable()) {

@@ -10,7 +10,7 @@
 
 namespace platform::desktop {
 
-/// The toolkit's plain-text editor, made exact: it holds every text without a loss (see exact_text.h), and tells of
+/// Qt's plain-text editor, made exact: it holds every text without a loss (see exact_text.h), and tells of
 /// edits only, not of an input method's open composition.
 class NoteEditor : public QPlainTextEdit {
   Q_OBJECT

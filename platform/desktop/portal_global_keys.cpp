@@ -156,7 +156,7 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     });
   }
 
-  /// The bus is asked: not every version of the toolkit tells whose an answer is.
+  /// The bus is asked: not every version of Qt tells whose an answer is.
   void findOwner(const QDBusConnection& bus) {
     const QDBusMessage question = callOfTheBus(QStringLiteral("GetNameOwner")) << Portal::name();
     auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);

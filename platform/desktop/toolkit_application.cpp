@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::chrono::milliseconds patienceWithBus{2000};
 
-/// While the toolkit looks for a display: it would abort where there is none.
+/// While Qt looks for a display: it would abort where there is none.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
   if (type == QtFatalMsg) {
     std::fputs("Quillberry: there is no display that it could run on.\n", stderr);

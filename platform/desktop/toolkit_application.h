@@ -9,12 +9,12 @@ namespace platform::desktop {
 
 class Bus;
 
-/// The toolkit's application, but for its way to quit: it would first close the windows, which never close.
+/// Qt's application, but for its way to quit: it would first close the windows, which never close.
 class ToolkitApplication : public QApplication {
  public:
   using QApplication::QApplication;
 
-  /// Ends the process with a message where there is no display. The toolkit asks the session bus at its start, and
+  /// Ends the process with a message where there is no display. Qt asks the session bus at its start, and
   /// waits as long as that takes: with one that does not answer soon, it goes without in this run.
   static std::unique_ptr<ToolkitApplication> start(Bus& sessionBus);
 

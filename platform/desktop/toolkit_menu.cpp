@@ -49,7 +49,7 @@ void ToolkitMenu::addItem(const std::shared_ptr<NSMenuItem>& item) {
   const auto showKeys = [action, keys = shortcutOf(*item)] { action->setShortcut(keyNames().keysFor(keys)); };
   showKeys();
   QObject::connect(&keyNames(), &KeyNames::renamed, action, showKeys);
-  // The item decides what its mark shows, also after a choice that the toolkit took for a toggle.
+  // The item decides what its mark shows, also after a choice that Qt took for a toggle.
   item->onStateChange = [action, shown = item.get()] {
     action->setCheckable(shown->isCheckable());
     action->setChecked(shown->state() == NSControlStateValueOn);

@@ -10,7 +10,7 @@
 
 namespace platform::desktop {
 
-/// A menu of the program's as one of the toolkit's. Its check marks follow the items' states.
+/// A menu of the program's as one of Qt's. Its check marks follow the items' states.
 class ToolkitMenu {
  public:
   using Run = void (*)(const std::function<void()>& command);

@@ -31,7 +31,7 @@ bool loadFirstTable(QTranslator& table) {
   });
 }
 
-/// The locale of messages has no language: then LANGUAGE, which the toolkit heeds always, does not count.
+/// The locale of messages has no language: then LANGUAGE, which Qt heeds always, does not count.
 bool isWithoutLanguage() {
   for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const QByteArray name = qgetenv(variable);

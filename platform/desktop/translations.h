@@ -6,7 +6,7 @@
 namespace platform::desktop {
 
 /// The tables from the program's texts to what the user reads, in the process from construction to destruction: English
-/// in a desktop's words and, over it, the language that the user's environment asks for, with the toolkit's own texts
+/// in a desktop's words and, over it, the language that the user's environment asks for, with Qt's own texts
 /// in it where they are installed.
 class Translations {
  public:

@@ -10,7 +10,7 @@
 
 namespace platform::desktop {
 
-/// Tells which trays there are, without touching the toolkit's own: that would settle for good which kind it uses.
+/// Tells which trays there are, without touching Qt's own: that would settle for good which kind it uses.
 class TrayHosts : public QObject {
   Q_OBJECT
 

@@ -16,7 +16,7 @@ NSView::NSView(NSRect frame, std::shared_ptr<Native> native) : frame_(frame), na
 
 void NSView::showFrame() {
   if (native_->placedByParent) return;
-  // The toolkit's y axis grows downward.
+  // Qt's y axis grows downward.
   const double top = superview_ != nullptr ? superview_->frame_.size.height - frame_.maxY() : frame_.minY();
   const QRect place = QRectF(frame_.minX(), top, frame_.size.width, frame_.size.height).toAlignedRect();
   if (superview_ == nullptr) return native_->widget->setGeometry(place);

@@ -9,9 +9,9 @@
 namespace platform::desktop {
 namespace {
 
-constexpr auto activationToken = "XDG_ACTIVATION_TOKEN";  // which the toolkit shows with the next activation
+constexpr auto activationToken = "XDG_ACTIVATION_TOKEN";  // which Qt shows with the next activation
 
-/// A display on which the toolkit's own words have to do.
+/// A display on which Qt's own words have to do.
 class PlainWindowSystem : public WindowSystem {
  public:
   void prepareToShow(QWidget& /*window*/, Placement /*placement*/) override {}

@@ -13,7 +13,7 @@ struct Placement {
   bool onEveryWorkspace = false;
 };
 
-/// What the toolkit has no word for, on the kind of display that the program runs on. Chosen once.
+/// What Qt has no word for, on the kind of display that the program runs on. Chosen once.
 class WindowSystem {
  public:
   static std::unique_ptr<WindowSystem> forThisDisplay();

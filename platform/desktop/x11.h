@@ -17,7 +17,7 @@ struct Free {
 template <typename T>
 using Reply = std::unique_ptr<T, Free>;
 
-/// The toolkit's connection, which stays its own; null on other displays than X11.
+/// Qt's connection, which stays its own; null on other displays than X11.
 xcb_connection_t* connection();
 /// The number of the screen that the display's name asks for.
 int screenNumber();

@@ -216,7 +216,7 @@ class X11WindowSystem : public WindowSystem, public QAbstractNativeEventFilter {
     return text;
   }
 
-  /// Behind the toolkit's back, for nothing changes but that the window is a new one for the window manager.
+  /// Behind Qt's back, for nothing changes but that the window is a new one for the window manager.
   void mapAnew(xcb_window_t id) {
     xcb_unmap_window(connection_, id);
     xcb_map_window(connection_, id);

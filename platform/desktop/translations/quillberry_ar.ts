@@ -41,11 +41,11 @@
     </message>
     <message id="Keep on Top">
         <source></source>
-        <translation>إبقاء في المقدمة</translation>
+        <translation>الإبقاء في المقدمة</translation>
     </message>
     <message id="Show on Screen Wake">
         <source></source>
-        <translation>إظهار عند استيقاظ الشاشة</translation>
+        <translation>الإظهار عند استيقاظ الشاشة</translation>
     </message>
     <message id="Start at Login">
         <source></source>
@@ -53,7 +53,7 @@
     </message>
     <message id="Check for Updates…">
         <source></source>
-        <translation>التحقق من التحديثات…</translation>
+        <translation>التحقق من وجود تحديثات…</translation>
     </message>
     <message id="Shortcuts">
         <source></source>
@@ -65,19 +65,19 @@
     </message>
     <message id="Keep on top (follows every Space)">
         <source></source>
-        <translation>إبقاء في المقدمة، في كل مساحات العمل</translation>
+        <translation>الإبقاء في المقدمة على كل مساحات العمل</translation>
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>إخفاء والعودة إلى ما كنت تفعله</translation>
+        <translation>الإخفاء والعودة إلى ما كنت تفعله</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
-        <translation>في المقدمة، في كل مساحات العمل</translation>
+        <translation>في المقدمة على كل مساحات العمل</translation>
     </message>
     <message id="Hide, back to what you did">
         <source></source>
-        <translation>إخفاء والعودة إلى العمل</translation>
+        <translation>الإخفاء والعودة إلى العمل</translation>
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>يوجد Quillberry في صينية النظام، أو في شريط عنوان الملاحظة إن لم تكن هناك صينية، ويظهر في المقدمة عند استيقاظ الحاسوب. الاختصارات:</translation>
+        <translation>يوجد Quillberry في صينية النظام، أو في شريط عنوان الملاحظة إن لم تكن هناك صينية، وتظهر الملاحظة في المقدمة عند استيقاظ الحاسوب. الاختصارات:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -101,7 +101,7 @@
     </message>
     <message id="What is new">
         <source></source>
-        <translation>الجديد</translation>
+        <translation>ما الجديد</translation>
     </message>
     <message id="Open Page">
         <source></source>
@@ -117,7 +117,7 @@
     </message>
     <message id="Checking for updates…">
         <source></source>
-        <translation>يجري التحقق من التحديثات…</translation>
+        <translation>جارٍ التحقق من وجود تحديثات…</translation>
     </message>
     <message id="Cancel">
         <source></source>
@@ -125,19 +125,19 @@
     </message>
     <message id="%1 %2 is up to date.">
         <source></source>
-        <translation>أحدث إصدار مثبت لديك: %1 %2.</translation>
+        <translation>لديك أحدث إصدار: %1 %2.</translation>
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>يتوفر %1 %2. الإصدار لديك هو %3.</translation>
+        <translation>يتوفر إصدار جديد: %1 %2. الإصدار المثبت لديك: %3.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
-        <translation>تعذر التحقق من التحديثات.</translation>
+        <translation>تعذر التحقق من وجود تحديثات.</translation>
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>لا يوجد برنامج يفتح %1</translation>
+        <translation>لا يوجد برنامج لفتح %1</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
@@ -149,19 +149,19 @@
     </message>
     <message id="The server answered with status %1.">
         <source></source>
-        <translation>أجاب الخادم برمز الحالة %1.</translation>
+        <translation>ردّ الخادم برمز الحالة %1.</translation>
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>حجم الإجابة أكبر من 1 ميغابايت.</translation>
+        <translation>حجم الرد أكبر من 1 ميغابايت.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
-        <translation>يعيد الخادم التوجيه إلى عنوان غير مسموح به: %1</translation>
+        <translation>أعاد الخادم التوجيه إلى عنوان غير مسموح به: %1</translation>
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>يعيد الخادم التوجيه مرات كثيرة جدًا.</translation>
+        <translation>أعاد الخادم التوجيه مرات كثيرة جدًا.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -13,7 +13,7 @@
     </message>
     <message id="Undo">
         <source></source>
-        <translation>ביטול</translation>
+        <translation>ביטול פעולה</translation>
     </message>
     <message id="Redo">
         <source></source>
@@ -69,7 +69,7 @@
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>הסתרה וחזרה למה שעשית</translation>
+        <translation>הסתרה וחזרה לעיסוק הקודם</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
@@ -77,7 +77,7 @@
     </message>
     <message id="Hide, back to what you did">
         <source></source>
-        <translation>הסתרה וחזרה למה שעשית</translation>
+        <translation>הסתרה וחזרה לעבודה</translation>
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
@@ -109,7 +109,7 @@
     </message>
     <message id="Updates of %1 come with your system's packages.">
         <source></source>
-        <translation>עדכונים של %1 מגיעים עם חבילות המערכת.</translation>
+        <translation>העדכונים של %1 מגיעים עם חבילות המערכת.</translation>
     </message>
     <message id="What the server sent is not an appcast.">
         <source></source>
@@ -125,31 +125,31 @@
     </message>
     <message id="%1 %2 is up to date.">
         <source></source>
-        <translation>הגרסה העדכנית מותקנת: %1 %2.</translation>
+        <translation>הגרסה העדכנית ביותר מותקנת: %1 %2.</translation>
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>זמינה הגרסה %1 %2. מותקנת אצלך גרסה %3.</translation>
+        <translation>גרסה חדשה זמינה: %1 %2. הגרסה המותקנת: %3.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
-        <translation>לא ניתן לבדוק אם יש עדכונים.</translation>
+        <translation>בדיקת העדכונים נכשלה.</translation>
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>אין יישום שפותח את %1</translation>
+        <translation>אין יישום שיכול לפתוח את %1</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
-        <translation>השרת לא השיב תוך %1 שנ׳.</translation>
+        <translation>השרת לא השיב בתוך %1 שניות.</translation>
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>כתובת ההזנה אינה כתובת HTTPS וגם לא כתובת במחשב הזה.</translation>
+        <translation>כתובת ערוץ העדכונים אינה כתובת HTTPS וגם לא כתובת במחשב הזה.</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
-        <translation>השרת השיב עם קוד המצב %1.</translation>
+        <translation>השרת השיב בקוד מצב %1.</translation>
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>

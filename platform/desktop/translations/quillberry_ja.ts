@@ -73,7 +73,7 @@
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
-        <translation>全ワークスペースで手前に</translation>
+        <translation>全ワークスペースで手前に表示</translation>
     </message>
     <message id="Hide, back to what you did">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry はシステムトレイ（ない環境ではメモのタイトルバー）にあり、コンピューターがスリープから復帰すると手前に表示されます。ショートカット：</translation>
+        <translation>Quillberry はシステムトレイ（トレイがない場合はメモのタイトルバー）から使えます。コンピューターがスリープから復帰すると、メモが手前に表示されます。ショートカット:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -157,11 +157,11 @@
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
-        <translation>サーバーが許可されていないアドレスにリダイレクトしています: %1</translation>
+        <translation>許可されていないアドレスにリダイレクトされました: %1</translation>
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>サーバーのリダイレクトが多すぎます。</translation>
+        <translation>リダイレクトの回数が多すぎます。</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -81,11 +81,11 @@
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
-        <translation>메모가 언제나 가까이에 📝</translation>
+        <translation>메모는 언제나 가까이에 📝</translation>
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry는 시스템 트레이에 있으며, 트레이가 없으면 메모의 제목 표시줄에 있습니다. 컴퓨터가 절전 모드에서 깨어나면 맨 앞에 나타납니다. 단축키:</translation>
+        <translation>Quillberry는 시스템 트레이에 있으며, 트레이가 없으면 메모의 제목 표시줄에 있습니다. 컴퓨터가 절전 모드에서 깨어나면 메모가 맨 앞에 나타납니다. 단축키:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -101,7 +101,7 @@
     </message>
     <message id="What is new">
         <source></source>
-        <translation>새로운 기능</translation>
+        <translation>새로운 내용</translation>
     </message>
     <message id="Open Page">
         <source></source>
@@ -109,7 +109,7 @@
     </message>
     <message id="Updates of %1 come with your system's packages.">
         <source></source>
-        <translation>%1의 업데이트는 시스템 패키지로 제공됩니다.</translation>
+        <translation>%1 업데이트는 시스템 패키지로 제공됩니다.</translation>
     </message>
     <message id="What the server sent is not an appcast.">
         <source></source>
@@ -125,19 +125,19 @@
     </message>
     <message id="%1 %2 is up to date.">
         <source></source>
-        <translation>%1 %2은(는) 최신 버전입니다.</translation>
+        <translation>최신 버전(%1 %2)을 사용하고 있습니다.</translation>
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>%1 %2을(를) 사용할 수 있습니다. 현재 버전은 %3입니다.</translation>
+        <translation>%1 %2 버전을 사용할 수 있습니다. 현재 버전은 %3입니다.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
-        <translation>업데이트를 확인할 수 없습니다.</translation>
+        <translation>업데이트를 확인하지 못했습니다.</translation>
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>%1을(를) 여는 프로그램이 없습니다</translation>
+        <translation>%1 주소를 열 수 있는 프로그램이 없습니다</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
@@ -149,7 +149,7 @@
     </message>
     <message id="The server answered with status %1.">
         <source></source>
-        <translation>서버가 상태 코드 %1(으)로 응답했습니다.</translation>
+        <translation>서버에서 상태 코드 %1 응답을 받았습니다.</translation>
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
@@ -157,11 +157,11 @@
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
-        <translation>서버가 허용되지 않은 주소로 리디렉션합니다: %1</translation>
+        <translation>허용되지 않은 주소로 리디렉션되었습니다: %1</translation>
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>서버가 너무 여러 번 리디렉션합니다.</translation>
+        <translation>리디렉션이 너무 많습니다.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry znajduje się w zasobniku systemowym lub, gdy go nie ma, na pasku tytułu notatki, i pojawia się na wierzchu po wybudzeniu komputera. Skróty:</translation>
+        <translation>Quillberry znajduje się w zasobniku systemowym, a gdy go nie ma – na pasku tytułowym notatki. Po wybudzeniu komputera notatka pojawia się na wierzchu. Skróty:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -129,7 +129,7 @@
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>Dostępny jest %1 %2. Zainstalowana wersja to %3.</translation>
+        <translation>Dostępna jest nowa wersja: %1 %2. Zainstalowana wersja to %3.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
@@ -137,7 +137,7 @@
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>Brak programu otwierającego %1</translation>
+        <translation>Brak programu, który może otworzyć %1</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
@@ -145,7 +145,7 @@
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>Adres kanału nie jest ani adresem HTTPS, ani adresem tego komputera.</translation>
+        <translation>Adres kanału aktualizacji nie jest ani adresem HTTPS, ani adresem na tym komputerze.</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Serwer przekierowuje zbyt wiele razy.</translation>
+        <translation>Zbyt wiele przekierowań.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

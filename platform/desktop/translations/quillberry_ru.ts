@@ -69,7 +69,7 @@
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>Скрыть и вернуться к прежнему занятию</translation>
+        <translation>Скрыть и вернуться к своим делам</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry живёт в системном лотке, а если его нет — в заголовке окна заметки, и появляется поверх других окон, когда компьютер выходит из сна. Клавиши:</translation>
+        <translation>Quillberry находится в системном лотке, а если его нет — в заголовке окна заметки. После пробуждения компьютера заметка появляется поверх других окон. Комбинации клавиш:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -109,7 +109,7 @@
     </message>
     <message id="Updates of %1 come with your system's packages.">
         <source></source>
-        <translation>Обновления %1 приходят с пакетами вашей системы.</translation>
+        <translation>Обновления %1 поставляются с пакетами вашей системы.</translation>
     </message>
     <message id="What the server sent is not an appcast.">
         <source></source>
@@ -137,7 +137,7 @@
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>Нет программы, которая открывает %1</translation>
+        <translation>Нет программы, способной открыть %1</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
@@ -153,7 +153,7 @@
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>Ответ больше 1 МБ.</translation>
+        <translation>Размер ответа превышает 1 МБ.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Сервер перенаправляет слишком много раз.</translation>
+        <translation>Слишком много перенаправлений.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -69,7 +69,7 @@
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>Gizle ve yaptığınız işe dön</translation>
+        <translation>Gizle ve önceki işinize dön</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
@@ -77,15 +77,15 @@
     </message>
     <message id="Hide, back to what you did">
         <source></source>
-        <translation>Gizle ve işe dön</translation>
+        <translation>Gizle ve önceki işe dön</translation>
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
-        <translation>Notunuz elinizin altında 📝</translation>
+        <translation>Notunuz hep elinizin altında 📝</translation>
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry sistem tepsisinde, tepsi yoksa notun başlık çubuğunda durur ve bilgisayarınız uyandığında öne gelir. Kısayolları:</translation>
+        <translation>Quillberry sistem tepsisinde, tepsi yoksa notun başlık çubuğunda durur; bilgisayarınız uyandığında not öne gelir. Kısayollar:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -137,7 +137,7 @@
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>%1 adresini açan bir program yok</translation>
+        <translation>%1 adresini açabilecek bir program yok</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
@@ -145,7 +145,7 @@
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>Akışın adresi ne bir HTTPS adresi ne de bu bilgisayardaki bir adres.</translation>
+        <translation>Güncelleme akışının adresi ne bir HTTPS adresi ne de bu bilgisayardaki bir adres.</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Sunucu çok fazla kez yönlendiriyor.</translation>
+        <translation>Sunucu çok fazla yönlendirme yapıyor.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -57,7 +57,7 @@
     </message>
     <message id="Shortcuts">
         <source></source>
-        <translation>Клавіатурні скорочення</translation>
+        <translation>Комбінації клавіш</translation>
     </message>
     <message id="Show / hide from anywhere">
         <source></source>
@@ -65,15 +65,15 @@
     </message>
     <message id="Keep on top (follows every Space)">
         <source></source>
-        <translation>Тримати поверх інших, у кожному робочому просторі</translation>
+        <translation>Тримати поверх інших, на всіх робочих просторах</translation>
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>Сховати й повернутися до попередньої справи</translation>
+        <translation>Сховати й повернутися до своїх справ</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
-        <translation>Поверх інших, у кожному робочому просторі</translation>
+        <translation>Поверх інших, на всіх робочих просторах</translation>
     </message>
     <message id="Hide, back to what you did">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry живе в системному лотку або, якщо його немає, у заголовку вікна нотатки, і з’являється поверх інших вікон, коли комп’ютер прокидається. Клавіші:</translation>
+        <translation>Quillberry міститься в системному лотку, а якщо його немає — у заголовку вікна нотатки. Коли комп’ютер прокидається, нотатка з’являється поверх інших вікон. Комбінації клавіш:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -137,7 +137,7 @@
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>Немає програми, яка відкриває %1</translation>
+        <translation>Немає програми, яка може відкрити %1</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
@@ -145,7 +145,7 @@
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>Адреса каналу не є ні адресою HTTPS, ні адресою на цьому комп’ютері.</translation>
+        <translation>Адреса каналу оновлень не є ні адресою HTTPS, ні адресою на цьому комп’ютері.</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Сервер переспрямовує надто багато разів.</translation>
+        <translation>Забагато переспрямувань.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -81,11 +81,11 @@
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
-        <translation>您的便笺，随时在手边 📝</translation>
+        <translation>您的便笺，触手可及 📝</translation>
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry 位于系统托盘中；没有托盘时，则位于便笺的标题栏中。电脑唤醒时，便笺会显示在最前面。快捷键：</translation>
+        <translation>Quillberry 位于系统托盘中；没有托盘时，则位于便笺的标题栏中。电脑唤醒后，便笺会显示在最前面。快捷键：</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -101,7 +101,7 @@
     </message>
     <message id="What is new">
         <source></source>
-        <translation>新增内容</translation>
+        <translation>更新内容</translation>
     </message>
     <message id="Open Page">
         <source></source>
@@ -113,7 +113,7 @@
     </message>
     <message id="What the server sent is not an appcast.">
         <source></source>
-        <translation>服务器的回复不是版本列表（appcast）。</translation>
+        <translation>服务器的响应不是版本列表（appcast）。</translation>
     </message>
     <message id="Checking for updates…">
         <source></source>
@@ -129,7 +129,7 @@
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>%1 %2 可供更新。您当前的版本是 %3。</translation>
+        <translation>有新版本可用：%1 %2。您当前的版本是 %3。</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
@@ -153,7 +153,7 @@
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>回复超过 1 MB。</translation>
+        <translation>响应超过 1 MB。</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>

@@ -73,7 +73,7 @@
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
-        <translation>在所有工作區的最上層</translation>
+        <translation>在所有工作區保持在最上層</translation>
     </message>
     <message id="Hide, back to what you did">
         <source></source>
@@ -81,11 +81,11 @@
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
-        <translation>您的便條，隨時在手邊 📝</translation>
+        <translation>您的便條，觸手可及 📝</translation>
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry 位於系統匣中；沒有系統匣時，則位於便條的標題列中。電腦喚醒時，便條會顯示在最前面。快捷鍵：</translation>
+        <translation>Quillberry 位於系統匣中；沒有系統匣時，則位於便條的標題列中。電腦喚醒後，便條會顯示在最前面。快捷鍵：</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -101,7 +101,7 @@
     </message>
     <message id="What is new">
         <source></source>
-        <translation>新增內容</translation>
+        <translation>更新內容</translation>
     </message>
     <message id="Open Page">
         <source></source>
@@ -129,7 +129,7 @@
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>%1 %2 已可供更新。您目前的版本是 %3。</translation>
+        <translation>有可用的新版本：%1 %2。您目前的版本是 %3。</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
@@ -145,11 +145,11 @@
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>更新來源的位址既不是 HTTPS 位址，也不是這部電腦上的位址。</translation>
+        <translation>更新來源的位址既不是 HTTPS 位址，也不是本機位址。</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
-        <translation>伺服器回應了狀態碼 %1。</translation>
+        <translation>伺服器傳回狀態碼 %1。</translation>
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop/atomic_file.h"
+#include "platform/desktop/files/atomic_file.h"
 
 namespace {
 

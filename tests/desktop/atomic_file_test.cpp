@@ -9,8 +9,8 @@
 #include <csignal>
 #include <vector>
 
-#include "platform/desktop/atomic_file.h"
-#include "platform/desktop/base_directories.h"
+#include "platform/desktop/files/atomic_file.h"
+#include "platform/desktop/files/base_directories.h"
 #include "tests/desktop/scratch.h"
 
 namespace platform::desktop {

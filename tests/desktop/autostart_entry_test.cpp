@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/autostart_entry.h"
+#include "platform/desktop/session/autostart_entry.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

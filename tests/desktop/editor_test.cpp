@@ -10,7 +10,7 @@
 #include <QTextBlock>
 #include <memory>
 
-#include "platform/desktop/note_editor.h"
+#include "platform/desktop/text/note_editor.h"
 
 namespace platform::desktop {
 namespace {

@@ -13,9 +13,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop/exact_text.h"
-#include "platform/desktop/long_paragraphs.h"
-#include "platform/desktop/note_editor.h"
+#include "platform/desktop/text/exact_text.h"
+#include "platform/desktop/text/long_paragraphs.h"
+#include "platform/desktop/text/note_editor.h"
 
 namespace platform::desktop {
 namespace {

@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "app/app_delegate.h"
-#include "platform/desktop/bubble.h"
-#include "platform/desktop/desktop.h"
-#include "platform/desktop/key_names.h"
+#include "platform/desktop/application/desktop.h"
+#include "platform/desktop/shortcuts/key_names.h"
+#include "platform/desktop/windows/bubble.h"
 #include "tests/desktop/scratch.h"
 
 namespace quillberry {

@@ -9,9 +9,9 @@
 #include <QNetworkProxy>
 
 #include "platform/application.h"
-#include "platform/desktop/appcast.h"
-#include "platform/desktop/module.h"
-#include "platform/desktop/update_window.h"
+#include "platform/desktop/application/module.h"
+#include "platform/desktop/updates/appcast.h"
+#include "platform/desktop/updates/update_window.h"
 #include "tests/desktop/feed_server.h"
 #include "tests/desktop/scratch.h"
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "app/app_delegate.h"
-#include "platform/desktop/note_editor.h"
+#include "platform/desktop/text/note_editor.h"
 #include "tests/desktop/scratch.h"
 
 namespace quillberry {

@@ -2,7 +2,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include "platform/desktop/application_service.h"
+#include "platform/desktop/session/application_service.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/appcast.h"
+#include "platform/desktop/updates/appcast.h"
 
 #include "tests/fuzz/fuzz.h"
 

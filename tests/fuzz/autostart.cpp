@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-#include "platform/desktop/autostart_entry.h"
-#include "platform/desktop/desktop_entry.h"
+#include "platform/desktop/session/autostart_entry.h"
+#include "platform/desktop/session/desktop_entry.h"
 #include "tests/desktop/scratch.h"
 #include "tests/fuzz/fuzz.h"
 

@@ -3,7 +3,7 @@
 #include <QStringDecoder>
 #include <QTextDocument>
 
-#include "platform/desktop/exact_text.h"
+#include "platform/desktop/text/exact_text.h"
 #include "platform/text_view.h"
 #include "platform/utf8.h"
 #include "tests/fuzz/fuzz.h"

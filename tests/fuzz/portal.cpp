@@ -3,7 +3,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "platform/desktop/portal_shortcuts.h"
+#include "platform/desktop/shortcuts/portal_shortcuts.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {

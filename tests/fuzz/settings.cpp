@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QJsonDocument>
 
-#include "platform/desktop/settings_file.h"
+#include "platform/desktop/files/settings_file.h"
 #include "tests/desktop/scratch.h"
 #include "tests/fuzz/fuzz.h"
 

@@ -23,7 +23,7 @@ from desktop import Desktop, wait_until  # noqa: E402
 from note import NAME, Note  # noqa: E402
 
 TOP = Path(__file__).resolve().parent.parent.parent
-TABLES = TOP / "platform/desktop/translations"
+TABLES = TOP / "platform/desktop/language/translations"
 
 options = argparse.Namespace(build=None, cmake="cmake", lupdate="lupdate")
 

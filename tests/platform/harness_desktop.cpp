@@ -11,8 +11,8 @@
 #include <algorithm>
 
 #include "platform/application.h"
-#include "platform/desktop/desktop.h"
-#include "platform/desktop/native_view.h"
+#include "platform/desktop/application/desktop.h"
+#include "platform/desktop/views/native_view.h"
 #include "tests/desktop/scratch.h"
 
 namespace platform::harness {

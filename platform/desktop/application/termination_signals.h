@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSocketNotifier>
+#include <functional>
+#include <memory>
+
+#include "platform/desktop/files/unique_fd.h"
+
+namespace platform::desktop {
+
+/// Turns SIGTERM, SIGINT and SIGHUP into calls from the main loop, for as long as it lives. One instance at a time.
+class TerminationSignals {
+ public:
+  TerminationSignals();
+  ~TerminationSignals();
+  TerminationSignals(const TerminationSignals&) = delete;
+  TerminationSignals& operator=(const TerminationSignals&) = delete;
+
+  /// What came before is delivered too, once the loop runs.
+  void deliverTo(std::function<void()> terminate);
+
+ private:
+  UniqueFd readEnd_;
+  UniqueFd writeEnd_;
+  std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+}  // namespace platform::desktop

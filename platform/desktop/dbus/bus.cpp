@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/dbus/bus.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/desktop/dbus/bus_address.h"
+
+namespace platform::desktop {
+namespace {
+
+/// A socket's address, and how long it is; 0 for a name that is too long for one.
+std::pair<sockaddr_un, socklen_t> addressOf(const QByteArray& socket) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  if (socket.size() >= qsizetype(sizeof address.sun_path)) return {address, 0};
+  std::copy(socket.begin(), socket.end(), address.sun_path);
+  return {address, static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + socket.size())};
+}
+
+/// Asks as every connection begins: the answer comes from the one loop in which a bus does all of its work. It will
+/// come over what is returned; none where there is no bus.
+UniqueFd askAt(const QByteArray& name) {
+  const auto [address, length] = addressOf(name);
+  UniqueFd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  if (length == 0 || connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), length) != 0) {
+    // The queue of a bus that has long been silent is full: no answer can come.
+    return UniqueFd(length > 0 && errno == EAGAIN ? eventfd(0, EFD_CLOEXEC) : -1);
+  }
+  const QByteArray question = '\0' + ("AUTH EXTERNAL " + QByteArray::number(getuid()).toHex() + "\r\n");
+  [[maybe_unused]] const auto sent = send(socket.get(), question.data(), question.size(), MSG_NOSIGNAL);
+  return socket;
+}
+
+}  // namespace
+
+void Bus::ask() {
+  if (std::exchange(asked_, true)) return;
+  const QByteArray address = addressOfBus(type_);
+  const QList<QByteArray> sockets = socketsIn(address);
+  answers_ = !address.isEmpty() && sockets.isEmpty();  // as far as one can tell
+  for (auto name = sockets.begin(); name != sockets.end() && !question_; ++name) question_ = askAt(*name);
+}
+
+bool Bus::answersWithin(std::chrono::milliseconds patience) {
+  ask();
+  if (!isSilent()) return answers_;
+  pollfd asked{question_.get(), POLLIN, 0};
+  if (poll(&asked, 1, static_cast<int>(patience.count())) > 0) noteAnswer();
+  return answers_;
+}
+
+void Bus::whenItAnswers(QObject& context, std::function<void()> begin) {
+  if (answersWithin(std::chrono::milliseconds::zero())) return begin();
+  if (!isSilent()) return;
+  waiting_.emplace_back(&context, std::move(begin));
+  if (notifier_ != nullptr) return;
+  notifier_ = std::make_unique<QSocketNotifier>(question_.get(), QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { noteAnswer(); });
+}
+
+void Bus::noteAnswer() {
+  if (notifier_ != nullptr) {
+    notifier_->setEnabled(false);
+    notifier_.release()->deleteLater();  // which may have brought us here
+  }
+  char byte = 0;
+  answers_ = read(question_.get(), &byte, 1) == 1;
+  question_ = UniqueFd();
+  for (const auto& [context, begin] : std::exchange(waiting_, {})) {
+    if (answers_ && !context.isNull()) begin();
+  }
+}
+
+QDBusMessage callOfTheBus(const QString& method) {
+  const QString name = QStringLiteral("org.freedesktop.DBus");
+  return QDBusMessage::createMethodCall(name, QStringLiteral("/org/freedesktop/DBus"), name, method);
+}
+
+}  // namespace platform::desktop

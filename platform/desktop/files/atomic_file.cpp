@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/files/atomic_file.h"
+
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+
+#include "platform/desktop/files/unique_fd.h"
+
+namespace platform::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int longestLinkChain = 40;  // as the kernel's own
+constexpr std::size_t longestNameKept = 200;
+constexpr std::string_view auxiliaryMark = ".quillberry-";
+
+std::error_code lastError() { return {errno, std::generic_category()}; }
+
+/// Runs a system call again for as long as a signal interrupts it.
+template <typename Call>
+auto uninterrupted(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+/// The file that a chain of symbolic links ends at; it need not exist. No value and an error where that cannot be
+/// told: a link taken for a file would be replaced by one.
+std::optional<fs::path> finalTarget(fs::path path, std::error_code& error) {
+  for (int hops = 0; hops <= longestLinkChain; ++hops) {
+    const fs::path target = fs::read_symlink(path, error);
+    if (error == std::errc::invalid_argument || error == std::errc::no_such_file_or_directory) {
+      error.clear();
+      return path;
+    }
+    if (error) return std::nullopt;
+    path = target.is_absolute() ? target : path.parent_path() / target;
+  }
+  error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+  return std::nullopt;
+}
+
+fs::path folderOf(const fs::path& file) { return file.has_parent_path() ? file.parent_path() : fs::path("."); }
+
+UniqueFd openFolder(const fs::path& folder) {
+  return UniqueFd(uninterrupted([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+}
+
+/// Auxiliary files of `file` have this and a random number as their names.
+std::string auxiliaryPrefix(const fs::path& file) {
+  std::string prefix(1, '.');
+  prefix.append(file.filename().string(), 0, longestNameKept).append(auxiliaryMark);
+  return prefix;
+}
+
+std::string randomDigits() {
+  std::uint64_t number = 0;
+  uninterrupted([&] { return getrandom(&number, sizeof number, 0); });
+  std::array<char, 17> digits{};
+  std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(number));
+  return digits.data();
+}
+
+/// A new file beside the target. It is gone again at the end unless it was renamed away.
+class AuxiliaryFile {
+ public:
+  AuxiliaryFile(int folder, const fs::path& target)
+      : folder_(folder), name_(auxiliaryPrefix(target) + randomDigits()), fd_(uninterrupted([this] {
+          return openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+        })) {
+    present_ = bool(fd_);
+  }
+  AuxiliaryFile(const AuxiliaryFile&) = delete;
+  AuxiliaryFile& operator=(const AuxiliaryFile&) = delete;
+  ~AuxiliaryFile() {
+    if (present_) unlinkat(folder_, name_.c_str(), 0);
+  }
+
+  explicit operator bool() const { return present_; }
+
+  bool write(std::string_view contents) {
+    while (!contents.empty()) {
+      const auto written = uninterrupted([&] { return ::write(fd_.get(), contents.data(), contents.size()); });
+      if (written < 0) return false;
+      contents.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+  }
+
+  /// As far as the file system and our rights allow; the contents matter more.
+  void takeModeAndOwner(const struct stat& existing) {
+    if (fchown(fd_.get(), existing.st_uid, existing.st_gid) != 0 &&
+        fchown(fd_.get(), static_cast<uid_t>(-1), existing.st_gid) != 0) {
+      // Another group would gain what the old one was given.
+      fchmod(fd_.get(), existing.st_mode & 0707U);
+      return;
+    }
+    fchmod(fd_.get(), existing.st_mode & 07777U);
+  }
+
+  bool finish() {
+    return uninterrupted([this] { return fsync(fd_.get()); }) == 0 && fd_.close();
+  }
+
+  bool renameTo(const std::string& name) {
+    if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
+    present_ = false;
+    return true;
+  }
+
+ private:
+  int folder_;
+  std::string name_;
+  UniqueFd fd_;
+  bool present_ = false;
+};
+
+std::error_code syncFolder(int folder) {
+  if (uninterrupted([&] { return fsync(folder); }) == 0) return {};
+  // Some file systems know no syncing of a folder.
+  return errno == EINVAL ? std::error_code() : lastError();
+}
+
+}  // namespace
+
+std::optional<std::string> readFile(const fs::path& path, std::size_t largest, std::error_code& error) {
+  const auto failed = [&error](std::error_code code) {
+    error = code;
+    return std::nullopt;
+  };
+  const UniqueFd fd(uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
+  struct stat status {};
+  if (!fd || fstat(fd.get(), &status) != 0) return failed(lastError());
+  if (S_ISDIR(status.st_mode)) return failed(std::make_error_code(std::errc::is_a_directory));
+  if (!S_ISREG(status.st_mode)) return failed(std::make_error_code(std::errc::not_supported));
+
+  // By its size before any memory is taken; by what is read as well, since it may grow meanwhile.
+  const auto tooLarge = std::make_error_code(std::errc::file_too_large);
+  if (static_cast<std::uintmax_t>(status.st_size) > largest) return failed(tooLarge);
+  // One byte more than expected, in which the end shows.
+  std::string contents(static_cast<std::size_t>(status.st_size) + 1, '\0');
+  std::size_t length = 0;
+  while (length <= largest) {
+    if (length == contents.size()) contents.resize(length + 4096);
+    const auto got = uninterrupted([&] { return read(fd.get(), contents.data() + length, contents.size() - length); });
+    if (got < 0) return failed(lastError());
+    if (got == 0) break;
+    length += static_cast<std::size_t>(got);
+  }
+  if (length > largest) return failed(tooLarge);
+  contents.resize(length);
+  error.clear();
+  return contents;
+}
+
+std::error_code replaceFile(const fs::path& path, std::string_view contents) {
+  std::error_code error;
+  const auto target = finalTarget(path, error);
+  if (!target) return error;
+  const std::string name = target->filename().string();
+  const UniqueFd folder = openFolder(folderOf(*target));
+  if (!folder) return lastError();
+  AuxiliaryFile auxiliary(folder.get(), *target);
+  if (!auxiliary || !auxiliary.write(contents)) return lastError();
+  struct stat existing {};
+  if (fstatat(folder.get(), name.c_str(), &existing, AT_SYMLINK_NOFOLLOW) == 0) auxiliary.takeModeAndOwner(existing);
+  if (!auxiliary.finish() || !auxiliary.renameTo(name)) return lastError();
+  syncFolder(folder.get());  // the text is in place, whether or not
+  return {};
+}
+
+void sweepAuxiliaryFiles(const fs::path& path) {
+  std::error_code error;
+  const auto target = finalTarget(path, error);
+  if (!target) return;
+  const std::string prefix = auxiliaryPrefix(*target);
+  for (fs::directory_iterator entry(folderOf(*target), error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code unremovable;
+    if (entry->path().filename().string().starts_with(prefix)) fs::remove(entry->path(), unremovable);
+  }
+}
+
+std::error_code keepFile(const fs::path& path, std::string_view suffix) {
+  std::error_code error;
+  const auto target = finalTarget(path, error);
+  if (!target) return error;
+  const UniqueFd folder = openFolder(folderOf(*target));
+  if (!folder) return lastError();
+  const std::string name = target->filename().string();
+  const std::string kept = name + std::string(suffix);
+  if (linkat(folder.get(), name.c_str(), folder.get(), kept.c_str(), 0) != 0) {
+    error = lastError();
+    std::error_code ignored;
+    if (error == std::errc::file_exists) {
+      return fs::equivalent(*target, folderOf(*target) / kept, ignored) ? std::error_code() : error;
+    }
+    if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
+    // Some file systems give nothing a second name, and some files are not ours to link.
+    if (renameat2(folder.get(), name.c_str(), folder.get(), kept.c_str(), RENAME_NOREPLACE) != 0) return lastError();
+  }
+  return syncFolder(folder.get());
+}
+
+std::error_code makeFolder(const fs::path& path, bool withParents) {
+  if (mkdir(path.c_str(), 0700) == 0) {
+    // Else a power cut could take it away again, with all that is synced inside.
+    if (const UniqueFd parent = openFolder(folderOf(path))) syncFolder(parent.get());
+    return {};
+  }
+  if (errno == ENOENT && withParents && path.has_parent_path() && path.parent_path() != path) {
+    if (const auto error = makeFolder(path.parent_path(), true)) return error;
+    return makeFolder(path, false);
+  }
+  const std::error_code error = lastError();
+  std::error_code ignored;
+  return error == std::errc::file_exists && fs::is_directory(path, ignored) ? std::error_code() : error;
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/session/wake_signals.h"
+
+#include <unistd.h>
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include "platform/desktop/application/desktop.h"
+#include "platform/desktop/dbus/bus.h"
+#include "platform/desktop/session/x11_screen_watch.h"
+#include "platform/desktop/x11/x11.h"
+#include "platform/workspace.h"
+
+namespace platform {
+
+// The services are listened to whoever observes.
+void NSNotificationCenter::noteObserver(std::string_view /*name*/) {}
+
+}  // namespace platform
+
+namespace platform::desktop {
+namespace {
+
+const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
+const QString propertiesChanged = QStringLiteral("PropertiesChanged");
+const QString loginManager = QStringLiteral("org.freedesktop.login1");
+const QString loginSession = QStringLiteral("org.freedesktop.login1.Session");
+const QString displayConfiguration = QStringLiteral("org.gnome.Mutter.DisplayConfig");
+
+/// Every desktop has its own screen saver under its own name, which is its interface's too; their signals are alike.
+constexpr const char* screenSavers[] = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
+                                        "org.cinnamon.ScreenSaver", "org.mate.ScreenSaver", "org.xfce.ScreenSaver"};
+
+void postUnlock() {
+  NSDistributedNotificationCenter::defaultCenter().postNotificationName("com.apple.screenIsUnlocked", nullptr);
+}
+
+void postSystemWake() {
+  NSWorkspace::sharedWorkspace().notificationCenter().postNotificationName(NSWorkspaceDidWakeNotification, nullptr);
+}
+void postScreensWake() {
+  NSWorkspace::sharedWorkspace().notificationCenter().postNotificationName(NSWorkspaceScreensDidWakeNotification,
+                                                                           nullptr);
+}
+
+/// Whether a session's property User, a number and a path, names the user of this process.
+bool isOurUser(const QVariant& value) {
+  if (!value.canConvert<QDBusArgument>()) return false;
+  const auto argument = value.value<QDBusArgument>();
+  if (argument.currentType() != QDBusArgument::StructureType) return false;
+  uint user = 0;
+  argument.beginStructure();
+  argument >> user;
+  argument.endStructure();
+  return user == getuid();
+}
+
+}  // namespace
+
+WakeSignals::WakeSignals() {
+  systemBus().whenItAnswers(*this, [this] { listenToLoginManager(); });
+  sessionBus().whenItAnswers(*this, [this] { listenToSession(); });
+  if (auto* const connection = x11::connection()) {
+    screen_ = std::make_unique<X11ScreenWatch>(connection);
+    screen_->onDisplayOn = [this] { whenUncovered(postScreensWake); };
+  }
+}
+
+WakeSignals::~WakeSignals() = default;
+
+void WakeSignals::listenToLoginManager() {
+  QDBusConnection bus = QDBusConnection::systemBus();
+  bus.connect(loginManager, {}, QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForSleep"),
+              this, SLOT(onPrepareForSleep(bool)));
+  bus.connect(loginManager, {}, properties, propertiesChanged, {loginSession}, QStringLiteral("sa{sv}as"), this,
+              SLOT(onSessionChanged(QString, QVariantMap, QStringList, QDBusMessage)));
+}
+
+void WakeSignals::listenToSession() {
+  QDBusConnection bus = QDBusConnection::sessionBus();
+  // From the owners of the names alone, whenever they start.
+  for (const char* const name : screenSavers) {
+    const QLatin1String screenSaver(name);
+    bus.connect(screenSaver, {}, screenSaver, QStringLiteral("ActiveChanged"), this,
+                SLOT(onScreenSaverChanged(bool, QDBusMessage)));
+  }
+  bus.connect(displayConfiguration, {}, properties, propertiesChanged, {displayConfiguration},
+              QStringLiteral("sa{sv}as"), this, SLOT(onDisplayChanged(QString, QVariantMap, QStringList)));
+}
+
+bool WakeSignals::endsAbsence(const QString& source, bool away) {
+  if (!away) return away_.remove(source);
+  away_.insert(source);
+  return false;
+}
+
+void WakeSignals::onPrepareForSleep(bool goingToSleep) {
+  if (!goingToSleep) whenUncovered(postSystemWake);
+}
+
+void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantMap& changed,
+                                   const QStringList& /*invalidated*/, const QDBusMessage& message) {
+  const QVariant locked = changed.value(QStringLiteral("LockedHint"));
+  if (!locked.isValid() || !endsAbsence(message.path(), locked.toBool())) return;
+  // Other users of the machine have sessions too.
+  QDBusMessage question =
+      QDBusMessage::createMethodCall(loginManager, message.path(), properties, QStringLiteral("Get"));
+  question << loginSession << QStringLiteral("User");
+  auto* const call = new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(question), this);
+  connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+    const QDBusPendingReply<QDBusVariant> answer = *call;
+    if (answer.isValid() && isOurUser(answer.value().variant())) whenUncovered(postUnlock);
+    call->deleteLater();
+  });
+}
+
+void WakeSignals::onScreenSaverChanged(bool active, const QDBusMessage& message) {
+  if (endsAbsence(message.interface(), active)) whenUncovered(postUnlock);
+}
+
+void WakeSignals::onDisplayChanged(const QString& interface, const QVariantMap& changed,
+                                   const QStringList& /*invalidated*/) {
+  const QVariant powerSaveMode = changed.value(QStringLiteral("PowerSaveMode"));
+  if (powerSaveMode.isValid() && endsAbsence(interface, powerSaveMode.toInt() != 0)) whenUncovered(postScreensWake);
+}
+
+void WakeSignals::whenUncovered(void (*post)()) {
+  if (screen_) {
+    screen_->whenUncovered(post);
+  } else {
+    post();
+  }
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/text/line_ends.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <algorithm>
+
+namespace platform::desktop {
+namespace {
+
+// The kind is that of an object. Of all properties of a character this is the one that Qt does not hand on to
+// what is typed behind it. LF has none.
+constexpr int property = QTextFormat::ObjectType;
+constexpr int firstKind = QTextFormat::UserObject;
+
+}  // namespace
+
+QStringView spelling(LineEnd kind) {
+  switch (kind) {
+    case LineEnd::LineFeed:
+      return u"\n";
+    case LineEnd::CarriageReturnLineFeed:
+      return u"\r\n";
+    case LineEnd::CarriageReturn:
+      return u"\r";
+    case LineEnd::ParagraphSeparator:
+      return u"\u2029";
+    case LineEnd::Joint:
+      return u"";
+  }
+  return u"\n";
+}
+
+LineEnd lineEndBefore(const QTextBlock& block) {
+  const QTextCharFormat format = block.charFormat();
+  return format.hasProperty(property) ? static_cast<LineEnd>(format.intProperty(property) - firstKind)
+                                      : LineEnd::LineFeed;
+}
+
+bool isJoined(const QTextBlock& block) { return block.isValid() && lineEndBefore(block) == LineEnd::Joint; }
+
+QTextCharFormat formatOf(LineEnd kind) {
+  QTextCharFormat format;
+  if (kind != LineEnd::LineFeed) format.setProperty(property, firstKind + static_cast<int>(kind));
+  return format;
+}
+
+void setLineEnds(QTextDocument& document, int first, int last, LineEnd kind) {
+  QTextCursor cursor(document.findBlockByNumber(first));
+  cursor.setPosition(document.findBlockByNumber(last).position(), QTextCursor::KeepAnchor);
+  cursor.setBlockCharFormat(formatOf(kind));
+}
+
+bool hasUnusualLineEnds(const QTextDocument& document) {
+  const QList<QTextFormat> formats = document.allFormats();
+  return std::any_of(formats.begin(), formats.end(),
+                     [](const QTextFormat& format) { return format.hasProperty(property); });
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/tray/tray.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+#include <utility>
+
+#include "platform/application_metadata.h"
+#include "platform/desktop/language/strings.h"
+#include "platform/desktop/views/symbols.h"
+
+namespace platform::desktop {
+namespace {
+
+// Panels are light or dark whatever the desktop's palette is: 3 : 1 and more on white and on a panel of #303030.
+const QColor colourForAnyPanel(0x88, 0x88, 0x88);
+
+/// Hosts of notifier items draw a symbolic icon from the theme in their own colours.
+QIcon iconFor(const std::optional<NSImage>& image, TrayHosts::Kind kind) {
+  if (!image) return {};
+  const QIcon drawn = symbolIcon(image->symbolName, colourForAnyPanel);
+  const QString name = toQString(metadata::identifier) + QStringLiteral("-symbolic");
+  const bool themed = kind == TrayHosts::Kind::StatusNotifier && QIcon::hasThemeIcon(name);
+  return themed ? QIcon::fromTheme(name, drawn) : drawn;
+}
+
+/// The first screen that a panel takes room of, else the primary one.
+const QScreen& screenWithPanel() {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  const auto found = std::find_if(screens.begin(), screens.end(), [](const QScreen* screen) {
+    return screen->availableGeometry() != screen->geometry();
+  });
+  return found == screens.end() ? *QGuiApplication::primaryScreen() : **found;
+}
+
+/// The end of the panel: the last point in the direction of reading, or downward in one at a side. A screen without
+/// panels counts as one with a panel above.
+QRect endOfPanel() {
+  const QScreen& screen = screenWithPanel();
+  const QRect whole = screen.geometry();
+  const QRect room = screen.availableGeometry();
+  const bool above = room.top() > whole.top();
+  const bool below = room.bottom() < whole.bottom();
+  if (!above && !below && room.left() > whole.left()) return {whole.bottomLeft(), QSize(1, 1)};
+  if (!above && !below && room.right() < whole.right()) return {whole.bottomRight(), QSize(1, 1)};
+  const int end = QGuiApplication::isRightToLeft() ? whole.left() : whole.right();
+  return {QPoint(end, below && !above ? whole.bottom() : whole.top()), QSize(1, 1)};
+}
+
+}  // namespace
+
+Tray::Tray(std::optional<NSImage> image, QMenu& menu, std::function<void()> onPrimaryClick,
+           std::function<void(bool)> onChange)
+    : image_(std::move(image)),
+      menu_(menu),
+      onPrimaryClick_(std::move(onPrimaryClick)),
+      onChange_(std::move(onChange)),
+      hosts_([this] { hostsChanged(); }) {}
+
+void Tray::hostsChanged() {
+  if (!kind_) {
+    if (hosts_.has(TrayHosts::Kind::StatusNotifier)) {
+      kind_ = TrayHosts::Kind::StatusNotifier;
+    } else if (hosts_.has(TrayHosts::Kind::XEmbed)) {
+      kind_ = TrayHosts::Kind::XEmbed;
+    }
+  }
+  const bool present = kind_ && hosts_.has(*kind_);
+  if (!present) {
+    item_.reset();
+  } else if (!item_) {
+    showItem(*kind_);
+  }
+  onChange_(present);
+}
+
+std::optional<Anchor> Tray::place() const {
+  if (!item_) return std::nullopt;
+  const QRect told = item_->geometry();
+  return told.isEmpty() ? Anchor{endOfPanel(), false} : Anchor{told, true};
+}
+
+void Tray::showItem(TrayHosts::Kind kind) {
+  item_ = std::make_unique<QSystemTrayIcon>(iconFor(image_, kind));
+  item_->setToolTip(toQString(metadata::name));
+  item_->setContextMenu(&menu_);
+  QObject::connect(item_.get(), &QSystemTrayIcon::activated, [this](QSystemTrayIcon::ActivationReason reason) {
+    // The second of two quick clicks comes as a double click.
+    if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) onPrimaryClick_();
+  });
+  item_->show();
+}
+
+}  // namespace platform::desktop

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "platform/updater.h"
+
+#include "platform/application_metadata.h"
+#include "platform/desktop/application/module.h"
+#include "platform/desktop/language/strings.h"
+#include "platform/desktop/updates/update_window.h"
+
+namespace platform {
+
+struct SPUStandardUpdaterController::Impl {
+  std::unique_ptr<desktop::UpdateWindow> window;  ///< from the first check on
+};
+
+SPUStandardUpdaterController::SPUStandardUpdaterController(bool /*startingUpdater*/, std::nullptr_t /*updaterDelegate*/,
+                                                           std::nullptr_t /*userDriverDelegate*/)
+    : impl_(std::make_unique<Impl>()) {}
+SPUStandardUpdaterController::~SPUStandardUpdaterController() = default;
+
+void SPUStandardUpdaterController::checkForUpdates(NSObject* /*sender*/) {
+  if (!impl_->window) {
+    impl_->window = std::make_unique<desktop::UpdateWindow>(desktop::UpdateSource{
+        desktop::toQString(metadata::feed), desktop::toQString(metadata::version), desktop::moduleFolders()});
+  }
+  impl_->window->check();
+}
+
+}  // namespace platform

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/views/symbols.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <array>
+
+#include "platform/image.h"
+
+namespace platform::desktop {
+namespace {
+
+using Draw = void (*)(QPainter&);
+
+// Each is drawn around the origin, 7 units to every side, in the pen's width.
+
+constexpr double strokeWidth = 1.2;
+constexpr double circleRadius = 7;
+constexpr int iconSide = 16;  // pixels, in which the strokes of an icon are as wide as its gaps
+constexpr double iconStrokeWidth = 2;
+
+void drawInfo(QPainter& painter) {
+  painter.drawEllipse(QPointF(), circleRadius, circleRadius);
+  painter.drawLine(QPointF(0, -0.5), QPointF(0, 3.5));
+  painter.setBrush(painter.pen().color());
+  painter.setPen(Qt::NoPen);
+  painter.drawEllipse(QPointF(0, -3.25), 0.9, 0.9);
+}
+
+void drawCross(QPainter& painter) {
+  painter.drawEllipse(QPointF(), circleRadius, circleRadius);
+  painter.drawLine(QPointF(-2.5, -2.5), QPointF(2.5, 2.5));
+  painter.drawLine(QPointF(-2.5, 2.5), QPointF(2.5, -2.5));
+}
+
+void drawNote(QPainter& painter) {
+  const double edge = 7 - painter.pen().widthF() / 2;
+  painter.drawRoundedRect(QRectF(-edge, -edge, 2 * edge, 2 * edge), 2, 2);
+  painter.drawLine(QPointF(-3, -3), QPointF(3, -3));
+  painter.drawLine(QPointF(-3, 0), QPointF(3, 0));
+  painter.drawLine(QPointF(-3, 3), QPointF(1, 3));
+}
+
+struct Symbol {
+  std::string_view name;
+  Draw draw;
+};
+constexpr std::array symbols{Symbol{"info.circle", drawInfo}, Symbol{"xmark.circle", drawCross},
+                             Symbol{"note.text", drawNote}};
+
+const Symbol* find(std::string_view name) {
+  const auto* const found =
+      std::find_if(symbols.begin(), symbols.end(), [name](const Symbol& symbol) { return symbol.name == name; });
+  return found == symbols.end() ? nullptr : found;
+}
+
+void draw(const Symbol& symbol, QPainter& painter, QPointF middle, double scale, const QPen& pen) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(middle);
+  painter.scale(scale, scale);
+  painter.setPen(pen);
+  symbol.draw(painter);
+  painter.restore();
+}
+
+}  // namespace
+
+bool symbolExists(std::string_view name) { return find(name) != nullptr; }
+
+void drawSymbol(std::string_view name, QPainter& painter, const QRectF& square) {
+  const Symbol* const symbol = find(name);
+  if (symbol == nullptr) return;
+  const QPen pen(painter.pen().color(), strokeWidth, Qt::SolidLine, Qt::RoundCap);
+  draw(*symbol, painter, square.center(), square.width() / NSImage::symbolSide, pen);
+}
+
+QIcon symbolIcon(std::string_view name, const QColor& colour) {
+  const Symbol* const symbol = find(name);
+  if (symbol == nullptr) return {};
+  const QPen pen(colour, iconStrokeWidth, Qt::SolidLine, Qt::FlatCap);
+  QIcon icon;
+  for (const int side : {16, 22, 24, 32, 48, 64}) {
+    QPixmap pixmap(side, side);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    // Whole pixels stay sharp: an icon between two multiples is the smaller one with room around it.
+    const int scale = side / iconSide;
+    draw(*symbol, painter, QPointF(side, side) / 2, scale, pen);
+    painter.end();
+    icon.addPixmap(pixmap);
+  }
+  return icon;
+}
+
+}  // namespace platform::desktop

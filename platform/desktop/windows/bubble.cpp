@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/windows/bubble.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/desktop/application/desktop.h"
+#include "platform/desktop/views/appearance.h"
+#include "platform/desktop/windows/decoration.h"
+
+namespace platform::desktop {
+namespace {
+
+// In points.
+constexpr int arrowHeight = 9;
+constexpr int arrowHalfWidth = 10;
+constexpr int cornerRadius = 10;
+constexpr int border = 1;
+constexpr int distanceFromAnchor = 2;
+constexpr int distanceFromPanel = 6;                             // without an arrow
+constexpr int closestArrow = cornerRadius + arrowHalfWidth + 2;  // to a side of the bubble
+
+/// As near to the wish as it may be; no less than the least.
+int within(int wish, int least, int most) { return std::clamp(wish, least, std::max(least, most)); }
+
+}  // namespace
+
+Bubble::Bubble(QWidget& content, bool transient)
+    : QWidget(nullptr, (transient ? Qt::Popup : Qt::Dialog) | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+      content_(content),
+      transient_(transient) {
+  // Where nothing composes windows, what is see-through would be black: there the window has the shape instead.
+  if (windowSystem().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
+  if (transient) {
+    // What has the focus is what a screen reader tells of.
+    setFocusPolicy(Qt::StrongFocus);
+    setFocus();
+  }
+  setAttribute(Qt::WA_NoMouseReplay);  // the press that closes it does nothing else
+  content_.setParent(this);
+  content_.show();
+  content_.adjustSize();
+  content_.installEventFilter(this);
+  addActions(applicationMenuCommands());
+}
+
+Bubble::~Bubble() { content_.setParent(nullptr); }
+
+void Bubble::pointAt(std::function<Anchor()> anchor) {
+  anchor_ = std::move(anchor);
+  point();
+}
+
+void Bubble::follow(QWidget& widget) {
+  widget.installEventFilter(this);
+  if (NoteFrame* const note = NoteFrame::first()) note->installEventFilter(this);
+}
+
+bool Bubble::eventFilter(QObject* watched, QEvent* event) {
+  constexpr std::array telling{QEvent::Move, QEvent::Resize, QEvent::ParentChange, QEvent::Show};
+  // Later, when all that belongs to the change has been done.
+  if (watched == &content_) {
+    if (event->type() == QEvent::LayoutRequest) QTimer::singleShot(0, this, [this] { fitContent(); });
+  } else if (isVisible() && std::find(telling.begin(), telling.end(), event->type()) != telling.end()) {
+    QTimer::singleShot(0, this, [this] { point(); });
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void Bubble::fitContent() {
+  content_.adjustSize();
+  if (anchor_) point();
+}
+
+void Bubble::point() {
+  const auto [anchor, known] = anchor_();
+  const QScreen* const at = QGuiApplication::screenAt(anchor.center());
+  const QRect room = (at != nullptr ? at : QGuiApplication::primaryScreen())->availableGeometry();
+  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * border + (known ? arrowHeight : 0));
+  if (known) {
+    pointWithArrow(anchor, room);
+  } else {
+    arrowX_.reset();
+    const QRect free =
+        room.marginsRemoved({distanceFromPanel, distanceFromPanel, distanceFromPanel, distanceFromPanel});
+    move(within(anchor.center().x() - width() / 2, free.left(), free.right() + 1 - width()),
+         within(anchor.center().y() - height() / 2, free.top(), free.bottom() + 1 - height()));
+  }
+  content_.move(border, (known && arrowAtTop_ ? arrowHeight : 0) + border);
+  if (!testAttribute(Qt::WA_TranslucentBackground)) setMask(QRegion(outline(0).toFillPolygon().toPolygon()));
+  update();
+}
+
+void Bubble::pointWithArrow(const QRect& anchor, const QRect& room) {
+  const int below = anchor.bottom() + 1 + distanceFromAnchor;
+  const int above = anchor.top() - distanceFromAnchor - height();
+  arrowAtTop_ = below + height() <= room.bottom() + 1 || above < room.top();
+  move(within(anchor.center().x() - width() / 2, room.left(), room.right() + 1 - width()),
+       within(arrowAtTop_ ? below : above, room.top(), room.bottom() + 1 - height()));
+  arrowX_ = std::clamp(anchor.center().x() - x(), closestArrow, width() - closestArrow);
+}
+
+QPainterPath Bubble::outline(double inset) const {
+  const double above = inset + (arrowX_ && arrowAtTop_ ? arrowHeight : 0);
+  const double below = inset + (arrowX_ && !arrowAtTop_ ? arrowHeight : 0);
+  const QRectF body = QRectF(rect()).adjusted(inset, above, -inset, -below);
+  QPainterPath shape;
+  shape.addRoundedRect(body, cornerRadius, cornerRadius);
+  if (!arrowX_) return shape;
+  const double base = arrowAtTop_ ? body.top() + 1 : body.bottom() - 1;
+  const double tip = arrowAtTop_ ? inset : height() - inset;
+  QPainterPath arrow;
+  arrow.moveTo(*arrowX_ - arrowHalfWidth, base);
+  arrow.lineTo(*arrowX_, tip);
+  arrow.lineTo(*arrowX_ + arrowHalfWidth, base);
+  arrow.closeSubpath();
+  return shape.united(arrow);
+}
+
+void Bubble::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor line = hairlineColor(palette());
+  // A shape of whole points has steps where the outline is a curve: they are filled by the line.
+  if (!testAttribute(Qt::WA_TranslucentBackground)) painter.fillRect(rect(), line);
+  painter.setPen(QPen(line, border));
+  painter.setBrush(popoverColor(palette()));
+  painter.drawPath(outline(border / 2.0));
+}
+
+void Bubble::showEvent(QShowEvent* event) {
+  point();
+  QWidget::showEvent(event);
+}
+
+void Bubble::closeEvent(QCloseEvent* event) {
+  if (transient_ || !onReturn) return QWidget::closeEvent(event);
+  event->ignore();
+  onReturn();
+}
+
+void Bubble::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (onHide) onHide();
+}
+
+void Bubble::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F6) {
+    NoteFrame::activateFirst();
+  } else if (event->key() == Qt::Key_Escape && transient_) {
+    hide();
+  } else if (event->key() == Qt::Key_Escape && onEscape) {
+    onEscape();
+  } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && onReturn) {
+    onReturn();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace platform::desktop

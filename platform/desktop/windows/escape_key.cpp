@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/windows/escape_key.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWindow>
+#include <chrono>
+#include <utility>
+
+#include "platform/desktop/x11/x11.h"
+
+namespace platform::desktop {
+namespace {
+
+constexpr xcb_keysym_t escapeKeysym = 0xFF1B;
+constexpr std::chrono::milliseconds longestAnswer{300};
+
+}  // namespace
+
+EscapeKey::EscapeKey(xcb_connection_t* connection)
+    : connection_(connection), symbols_(xcb_key_symbols_alloc(connection), xcb_key_symbols_free) {
+  patience_.setSingleShot(true);
+  patience_.setInterval(longestAnswer);
+  connect(&patience_, &QTimer::timeout, this, &EscapeKey::act);
+  qApp->installNativeEventFilter(this);
+}
+
+EscapeKey::~EscapeKey() {
+  if (qApp != nullptr) qApp->removeNativeEventFilter(this);
+}
+
+bool EscapeKey::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
+  auto* const event = static_cast<xcb_generic_event_t*>(message);
+  if (x11::typeOf(*event) == XCB_MAPPING_NOTIFY) {
+    xcb_refresh_keyboard_mapping(symbols_.get(), reinterpret_cast<xcb_mapping_notify_event_t*>(event));
+  }
+  return x11::typeOf(*event) == XCB_KEY_PRESS && take(*reinterpret_cast<xcb_key_press_event_t*>(event));
+}
+
+bool EscapeKey::take(const xcb_key_press_event_t& press) {
+  if (xcb_key_symbols_get_keysym(symbols_.get(), press.detail, 0) != escapeKeysym) return false;
+  QWidget* const window = QWidget::find(press.event);
+  if (window == nullptr || !window->isWindow() || QApplication::activePopupWidget() != nullptr) return false;
+  if (window_ == nullptr) {
+    window_ = window;
+    window->windowHandle()->installEventFilter(this);
+    patience_.start();
+    sendFollower(press);
+  }
+  return true;
+}
+
+/// A release of the key, which input methods hand on after all that was typed before it.
+void EscapeKey::sendFollower(const xcb_key_press_event_t& press) {
+  xcb_key_release_event_t follower = press;
+  follower.response_type = XCB_KEY_RELEASE;
+  xcb_send_event(connection_, 0, press.event, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&follower));
+  xcb_flush(connection_);
+}
+
+bool EscapeKey::eventFilter(QObject* /*window*/, QEvent* event) {
+  const bool follows =
+      event->type() == QEvent::KeyRelease && static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Escape;
+  if (follows) act();
+  return follows;
+}
+
+void EscapeKey::act() {
+  patience_.stop();
+  QWidget* const window = std::exchange(window_, nullptr);
+  if (window == nullptr) return;
+  window->windowHandle()->removeEventFilter(this);
+  QWidget* const focus = window->focusWidget() != nullptr ? window->focusWidget() : window;
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QCoreApplication::sendEvent(focus, &key);
+}
+
+}  // namespace platform::desktop

@@ -29,13 +29,9 @@ class Session {
       const QVariantMap results = toMap(line);
       QMetaObject::invokeMethod(&shortcuts_, "onCreated", Q_ARG(QVariantMap, results));
       session_ = QDBusObjectPath(results.value(QStringLiteral("session_handle")).toString()).path();
-    } else if (word == "bound") {
-      QMetaObject::invokeMethod(&shortcuts_, "onBound", Q_ARG(QVariantMap, toMap(line)));
-      bound_ = true;
     } else if (word == "closed") {
       const auto closed = QDBusMessage::createSignal(session_, QStringLiteral("a.b"), QStringLiteral("Closed"));
       QMetaObject::invokeMethod(&shortcuts_, "onClosed", Q_ARG(QDBusMessage, closed));
-      if (!session_.isEmpty()) bound_ = false;
       session_.clear();
     } else if (word == "activated") {
       const QDBusObjectPath path(toText(fuzz::cut(line, ' ')));
@@ -51,13 +47,12 @@ class Session {
     const int before = heard_;
     QMetaObject::invokeMethod(&shortcuts_, "onActivated", Q_ARG(QDBusObjectPath, path), Q_ARG(QString, id),
                               Q_ARG(qulonglong, 0), Q_ARG(QVariantMap, options));
-    const bool open = bound_ && path.path() == session_;
+    const bool open = path.path() == session_;
     require(heard_ - before == int(open), "a shortcut is heard once in its own open session, and else never");
     if (open) require(lastId_ == id, "the shortcut is the one that was pressed");
   }
 
   QString session_;
-  bool bound_ = false;
   int heard_ = 0;
   QString lastId_;
   PortalShortcuts shortcuts_{silentPortal(),

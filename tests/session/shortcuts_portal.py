@@ -17,7 +17,7 @@ NAME = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
 SHORTCUTS = "org.freedesktop.portal.GlobalShortcuts"
 SESSION, REQUEST = "org.freedesktop.portal.Session", "org.freedesktop.portal.Request"
-GRANTED, REFUSED = 0, 1
+GRANTED, REFUSED, FAILED = range(3)
 
 # kind: what it answers to some methods, signature and values, where that is not what is right.
 KINDS = {
@@ -29,7 +29,7 @@ KINDS = {
     "lists other types": {"ListShortcuts": ("ua{sv}", GRANTED, {"shortcuts": dbus.Array(["x"])})},
     "refuses to list": {"ListShortcuts": ("ua{sv}", REFUSED, {})},
     "refuses session": {"CreateSession": ("ua{sv}", REFUSED, {})},
-    "refuses shortcuts": {"BindShortcuts": ("ua{sv}", REFUSED, {})},
+    "says that it has failed": {"BindShortcuts": ("ua{sv}", FAILED, {})},  # GNOME 48, when the user has agreed
     "number for a handle": {"CreateSession": ("ua{sv}", GRANTED, {"session_handle": dbus.Int32(1)})},
     "answer of other types": {"CreateSession": ("s", "granted")},
 }

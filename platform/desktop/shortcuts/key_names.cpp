@@ -6,6 +6,21 @@ namespace {
 
 constexpr qsizetype longestName = 40;  // characters; a desktop may tell anything
 
+/// GNOME tells keys as GTK writes them: "Press <Control><Alt>n".
+QString asQtNames(const QString& told) {
+  const qsizetype first = told.indexOf(u'<');
+  if (first < 0) return told;
+  QString keys = told.mid(first);
+  for (const auto& [ofGtk, ofQt] : {std::pair{"<Control>", "Ctrl+"},
+                                    {"<Primary>", "Ctrl+"},
+                                    {"<Alt>", "Alt+"},
+                                    {"<Shift>", "Shift+"},
+                                    {"<Super>", "Meta+"}})
+    keys.replace(QLatin1String(ofGtk), QLatin1String(ofQt));
+  const auto read = QKeySequence::fromString(keys);
+  return read.isEmpty() || read[0].key() == Qt::Key_unknown ? told : read.toString(QKeySequence::NativeText);
+}
+
 }  // namespace
 
 std::optional<QKeySequence> keysOfSymbols(const QString& text) {
@@ -38,7 +53,7 @@ QKeySequence KeyNames::keysFor(const QKeySequence& keys) const {
 
 void KeyNames::tell(const QKeySequence& keys, const QString& name) {
   const QString before = nameOf(keys);
-  told_.insert(keys, name.left(longestName).simplified());
+  told_.insert(keys, asQtNames(name.left(longestName).simplified()));
   const QString now = nameOf(keys);
   if (now != before) Q_EMIT renamed(before, now);
 }

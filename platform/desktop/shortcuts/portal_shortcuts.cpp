@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds firstPause = 1s;
 constexpr std::chrono::milliseconds longestPause = 64s;  // and a session that lasts longer is a success
 
+const QString shortcutsKey = QStringLiteral("shortcuts");
 const QString globalShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 
 /// Empty for an answer of another type: Qt does not come to the end of one that it reads as this.
@@ -104,11 +105,11 @@ void PortalShortcuts::bindUnlessBound() {
   call << QVariant::fromValue(QDBusObjectPath(session_));
   listing_.emplace(
       portal_, call, QVariantMap(),
-      [this](const QVariantMap& results) { isEachIn(results) ? onBound(results) : bind(); }, [this] { bind(); });
+      [this](const QVariantMap& results) { isEachIn(results) ? tellKeys(results) : bind(); }, [this] { bind(); });
 }
 
 bool PortalShortcuts::isEachIn(const QVariantMap& results) const {
-  const auto bound = shortcutsIn(results.value(QStringLiteral("shortcuts")));
+  const auto bound = shortcutsIn(results.value(shortcutsKey));
   return std::all_of(shortcuts_.begin(), shortcuts_.end(), [&](const PortalShortcut& wanted) {
     return std::any_of(bound.begin(), bound.end(), [&](const PortalShortcut& each) { return each.id == wanted.id; });
   });
@@ -118,37 +119,36 @@ void PortalShortcuts::bind() {
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("BindShortcuts"));
   const QString noParentWindow = QStringLiteral("");
   call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts_) << noParentWindow;
-  // The user may have taken only some of them; the others are never pressed.
-  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& results) { onBound(results); });
-}
-
-void PortalShortcuts::onBound(const QVariantMap& results) {
-  bound_ = true;
-  tellKeys(results.value(QStringLiteral("shortcuts")));
+  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& results) { tellKeys(results); });
 }
 
 void PortalShortcuts::onShortcutsChanged(const QDBusMessage& message) {
   const auto session = message.arguments().value(0).value<QDBusObjectPath>();
-  if (bound_ && session.path() == session_) tellKeys(message.arguments().value(1));
+  if (isOurs(session)) tellKeys({{shortcutsKey, message.arguments().value(1)}});
 }
 
-void PortalShortcuts::tellKeys(const QVariant& shortcuts) const {
-  for (const PortalShortcut& shortcut : shortcutsIn(shortcuts))
+bool PortalShortcuts::isOurs(const QDBusObjectPath& session) const {
+  return !session_.isEmpty() && session.path() == session_;
+}
+
+void PortalShortcuts::tellKeys(const QVariantMap& results) const {
+  for (const PortalShortcut& shortcut : shortcutsIn(results.value(shortcutsKey)))
     told_(shortcut.id, shortcut.properties.value(QStringLiteral("trigger_description")).toString());
 }
 
+/// Whatever the portal answered when it was asked to bind: the user may have taken only some of them, and GNOME 48 says
+/// that it has failed when the user has taken all.
 void PortalShortcuts::onActivated(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
                                   const QVariantMap& options) {
-  if (!bound_ || session.path() != session_) return;
+  if (!isOurs(session)) return;
   activated_(id, options.value(QStringLiteral("activation_token")).toString());
 }
 
 void PortalShortcuts::onClosed(const QDBusMessage& message) {
-  if (session_.isEmpty() || message.path() != session_) return;
+  if (!isOurs(QDBusObjectPath(message.path()))) return;
   session_.clear();
   listing_.reset();
   binding_.reset();
-  bound_ = false;
   if (lifetime_.hasExpired(longestPause.count())) pause_ = firstPause;
   renewLater();
 }

@@ -40,7 +40,6 @@ class PortalShortcuts : public QObject {
 
  private:
   Q_SLOT void onCreated(const QVariantMap& results);
-  Q_SLOT void onBound(const QVariantMap& results);
   /// The user has chosen other keys.
   Q_SLOT void onShortcutsChanged(const QDBusMessage& message);
   Q_SLOT void onActivated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
@@ -54,7 +53,8 @@ class PortalShortcuts : public QObject {
   void askAgainIfGivenBefore();
   void renewLater();
   bool isEachIn(const QVariantMap& results) const;
-  void tellKeys(const QVariant& shortcuts) const;
+  void tellKeys(const QVariantMap& results) const;
+  bool isOurs(const QDBusObjectPath& session) const;
   void bind();
 
   Portal portal_;
@@ -62,7 +62,6 @@ class PortalShortcuts : public QObject {
   Activated activated_;
   Told told_;
   QString session_;  ///< empty before it is created and after it is closed
-  bool bound_ = false;
   QTimer renewal_;
   std::chrono::milliseconds pause_;
   QElapsedTimer lifetime_;  ///< of the session

@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry sitzt im Infobereich oder, wo es keinen gibt, in der Titelleiste der Notiz und kommt nach vorn, wenn Ihr Rechner aufwacht. Die Tastenkürzel:</translation>
+        <translation>Quillberry sitzt im Infobereich oder, wo es keinen gibt, in der Titelleiste der Notiz. Wacht Ihr Rechner auf, kommt die Notiz nach vorn. Tastenkürzel:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -109,7 +109,7 @@
     </message>
     <message id="Updates of %1 come with your system's packages.">
         <source></source>
-        <translation>Aktualisierungen von %1 kommen mit den Paketen Ihres Systems.</translation>
+        <translation>Aktualisierungen von %1 werden mit den Paketen Ihres Systems geliefert.</translation>
     </message>
     <message id="What the server sent is not an appcast.">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Der Server leitet zu oft um.</translation>
+        <translation>Zu viele Umleitungen.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry está en la bandeja del sistema o, si no la hay, en la barra de título de la nota, y pasa al frente cuando el equipo se reactiva. Sus atajos:</translation>
+        <translation>Quillberry está en la bandeja del sistema o, si no la hay, en la barra de título de la nota, y la nota pasa al frente cuando el equipo se reactiva. Sus atajos:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>El servidor redirige demasiadas veces.</translation>
+        <translation>Demasiadas redirecciones.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry se trouve dans la zone de notification ou, à défaut, dans la barre de titre de la note, et revient au premier plan quand votre ordinateur sort de veille. Ses raccourcis&#xa0;:</translation>
+        <translation>Quillberry se trouve dans la zone de notification ou, à défaut, dans la barre de titre de la note, et la note passe au premier plan quand votre ordinateur sort de veille. Ses raccourcis&#xa0;:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Le serveur redirige trop de fois.</translation>
+        <translation>Trop de redirections.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

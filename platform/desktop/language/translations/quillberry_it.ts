@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry si trova nel vassoio di sistema o, se non c’è, nella barra del titolo della nota, e torna in primo piano al risveglio del computer. Le sue scorciatoie:</translation>
+        <translation>Quillberry si trova nel vassoio di sistema o, se non c’è, nella barra del titolo della nota, e la nota torna in primo piano al risveglio del computer. Le sue scorciatoie:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Il server reindirizza troppe volte.</translation>
+        <translation>Troppi reindirizzamenti.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -69,7 +69,7 @@
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>Verbergen en terug naar waar u mee bezig was</translation>
+        <translation>Verbergen en verdergaan waar u gebleven was</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry zit in het systeemvak of, als dat er niet is, in de titelbalk van de notitie, en komt naar voren wanneer uw computer ontwaakt. De sneltoetsen:</translation>
+        <translation>Quillberry zit in het systeemvak of, als dat er niet is, in de titelbalk van de notitie, en de notitie komt naar voren wanneer uw computer ontwaakt. De sneltoetsen:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>De server verwijst te vaak door.</translation>
+        <translation>Te veel doorverwijzingen.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>O Quillberry fica na bandeja do sistema ou, se não houver uma, na barra de título da nota, e vem para a frente quando o computador desperta. Os atalhos:</translation>
+        <translation>O Quillberry fica na bandeja do sistema ou, se não houver uma, na barra de título da nota, e a nota vem para a frente quando o computador desperta. Os atalhos:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>O servidor redireciona vezes demais.</translation>
+        <translation>Redirecionamentos demais.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

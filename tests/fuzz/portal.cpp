@@ -61,7 +61,8 @@ class Session {
                                ++heard_;
                                lastId_ = id;
                              },
-                             [](const QString& /*id*/, const QString& /*keys*/) {}};
+                             [](const QString& /*id*/, const QString& /*keys*/) {},
+                             [](bool /*asks*/) {}};
 };
 
 void checkRequest(uint code, const QVariantMap& results) {

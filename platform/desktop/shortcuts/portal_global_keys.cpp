@@ -171,6 +171,7 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
   void useShortcutsOf(const Portal& portal) {
     if (shortcuts_ && shortcuts_->portal().owner == portal.owner) return;
     shortcuts_.reset();
+    NoteFrame::giveWay(false);
     if (portal.owner.isEmpty()) return;
     QList<PortalShortcut> wanted;
     for (const Described& hotKey : describeHotKeys()) {
@@ -181,7 +182,9 @@ class PortalGlobalKeys : public QObject, public GlobalKeys {
     if (wanted.isEmpty()) return;
     shortcuts_.emplace(
         portal, wanted, [this](const QString& id, const QString& token) { press(id, token); },
-        [this](const QString& id, const QString& keys) { rename(id, keys); });
+        [this](const QString& id, const QString& keys) { rename(id, keys); },
+        // A dialog of GNOME's comes up below windows that are above all others.
+        [](bool asks) { NoteFrame::giveWay(asks); });
   }
 
   /// Each by the menu's command with the same key; a hot key without one has no name that the user would know.

@@ -42,11 +42,13 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& s
   return argument;
 }
 
-PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told)
+PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told,
+                                 Asks asks)
     : portal_(std::move(portal)),
       shortcuts_(shortcuts),
       activated_(std::move(activated)),
       told_(std::move(told)),
+      asks_(std::move(asks)),
       pause_(firstPause) {
   qDBusRegisterMetaType<PortalShortcut>();
   qDBusRegisterMetaType<QList<PortalShortcut>>();
@@ -119,7 +121,14 @@ void PortalShortcuts::bind() {
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("BindShortcuts"));
   const QString noParentWindow = QStringLiteral("");
   call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts_) << noParentWindow;
-  binding_.emplace(portal_, call, QVariantMap(), [this](const QVariantMap& results) { tellKeys(results); });
+  asks_(true);
+  binding_.emplace(
+      portal_, call, QVariantMap(),
+      [this](const QVariantMap& results) {
+        asks_(false);
+        tellKeys(results);
+      },
+      [this] { asks_(false); });
 }
 
 void PortalShortcuts::onShortcutsChanged(const QDBusMessage& message) {
@@ -149,6 +158,7 @@ void PortalShortcuts::onClosed(const QDBusMessage& message) {
   session_.clear();
   listing_.reset();
   binding_.reset();
+  asks_(false);
   if (lifetime_.hasExpired(longestPause.count())) pause_ = firstPause;
   renewLater();
 }

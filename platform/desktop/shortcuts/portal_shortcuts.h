@@ -34,7 +34,10 @@ class PortalShortcuts : public QObject {
   /// Gets a shortcut's id, and what the desktop calls the keys that the user has for it; empty if it does not tell.
   using Told = std::function<void(const QString& id, const QString& keys)>;
 
-  PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told);
+  /// Told when the portal begins to ask the user for the shortcuts, if it does, and when that is over.
+  using Asks = std::function<void(bool asks)>;
+
+  PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told, Asks asks);
 
   const Portal& portal() const { return portal_; }
 
@@ -61,6 +64,7 @@ class PortalShortcuts : public QObject {
   QList<PortalShortcut> shortcuts_;
   Activated activated_;
   Told told_;
+  Asks asks_;
   QString session_;  ///< empty before it is created and after it is closed
   QTimer renewal_;
   std::chrono::milliseconds pause_;

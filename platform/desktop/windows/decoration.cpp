@@ -199,10 +199,23 @@ NoteFrame* NoteFrame::first() {
   return nullptr;
 }
 
+void NoteFrame::giveWay(bool givesWay) {
+  NoteFrame* const frame = first();
+  if (frame == nullptr || frame->givesWay_ == givesWay) return;
+  frame->givesWay_ = givesWay;
+  if (frame->isVisible()) windowSystem().place(*frame, frame->placementNow());
+}
+
+Placement NoteFrame::placementNow() const {
+  Placement now = placement;
+  if (givesWay_) now.aboveOthers = false;
+  return now;
+}
+
 void NoteFrame::showBeside(QWidget& window) {
   leaveHidden(window);
   const NoteFrame* const owner = first();
-  const Placement placement = owner != nullptr ? owner->placement : Placement{};
+  const Placement placement = owner != nullptr ? owner->placementNow() : Placement{};
   windowSystem().prepareToShow(window, placement);
   window.winId();  // makes its native window on any display
   window.windowHandle()->setTransientParent(owner != nullptr && owner->isVisible() ? owner->windowHandle() : nullptr);
@@ -215,8 +228,8 @@ void NoteFrame::activateBeside(QWidget& window) {
   // mutter takes a window that belongs to another one to this workspace when it is activated, and that one with it.
   NoteFrame* const owner = first();
   if (owner == nullptr || !owner->isVisible() || !owner->placement.onEveryWorkspace) return;
-  windowSystem().place(*owner, owner->placement);
-  windowSystem().place(window, owner->placement);
+  windowSystem().place(*owner, owner->placementNow());
+  windowSystem().place(window, owner->placementNow());
 }
 
 void NoteFrame::hideBeside(QWidget& window) {

@@ -108,6 +108,11 @@ class NoteFrame : public QWidget {
   /// The geometry, or what it was before `toggleZoom` made the window large.
   QRect unzoomedGeometry() const;
 
+  /// Whether the windows stay above all others no longer, while something that the desktop asks would lie below them.
+  static void giveWay(bool givesWay);
+  /// Where the window belongs now: the placement that it was given, unless it gives way.
+  Placement placementNow() const;
+
   Placement placement;
   std::function<void()> onCloseRequest;
   std::function<void()> onGeometryChange;
@@ -125,6 +130,7 @@ class NoteFrame : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  bool givesWay_ = false;
   /// Another window of the program that is shown; null if there is none.
   static QWidget* windowBeside();
   void unzoom();

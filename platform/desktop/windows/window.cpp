@@ -111,7 +111,7 @@ struct NSWindow::Impl {
   }
 
   void applyPlacement() {
-    if (frame.isVisible()) windowSystem().place(frame, frame.placement);
+    if (frame.isVisible()) windowSystem().place(frame, frame.placementNow());
   }
 };
 
@@ -155,12 +155,12 @@ NSView& NSWindow::contentView() { return *impl_->content; }
 void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) {
   NoteFrame& frame = impl_->frame;
   if (!frame.isVisible()) {
-    windowSystem().prepareToShow(frame, frame.placement);
+    windowSystem().prepareToShow(frame, frame.placementNow());
     frame.addActions(desktop::mainMenuCommands());
     frame.show();
   }
   // To where the user is: not every window manager leads the user to a window on another workspace.
-  windowSystem().place(frame, frame.placement);
+  windowSystem().place(frame, frame.placementNow());
   windowSystem().activate(frame);
 }
 

@@ -53,7 +53,7 @@
     </message>
     <message id="Check for Updates…">
         <source></source>
-        <translation>Nach Aktualisierungen suchen …</translation>
+        <translation>Nach Aktualisierungen suchen&#xa0;…</translation>
     </message>
     <message id="Shortcuts">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry sitzt im Infobereich oder, wo es keinen gibt, in der Titelleiste der Notiz. Wacht Ihr Rechner auf, kommt die Notiz nach vorn. Tastenkürzel:</translation>
+        <translation>Quillberry sitzt im Benachrichtigungsfeld oder, wo es keines gibt, in der Titelleiste der Notiz und kommt nach vorn, wenn Ihr Rechner aufwacht. Die Tastenkürzel:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -109,15 +109,15 @@
     </message>
     <message id="Updates of %1 come with your system's packages.">
         <source></source>
-        <translation>Aktualisierungen von %1 werden mit den Paketen Ihres Systems geliefert.</translation>
+        <translation>Aktualisierungen für %1 kommen mit den Paketen Ihres Systems.</translation>
     </message>
     <message id="What the server sent is not an appcast.">
         <source></source>
-        <translation>Die Antwort des Servers ist keine Liste von Versionen (Appcast).</translation>
+        <translation>Die Antwort des Servers ist keine Versionsliste (Appcast).</translation>
     </message>
     <message id="Checking for updates…">
         <source></source>
-        <translation>Es wird nach Aktualisierungen gesucht …</translation>
+        <translation>Es wird nach Aktualisierungen gesucht&#xa0;…</translation>
     </message>
     <message id="Cancel">
         <source></source>
@@ -129,7 +129,7 @@
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>%1 %2 ist verfügbar. Installiert ist %3.</translation>
+        <translation>%1 %2 ist verfügbar. Installiert ist Version %3.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
@@ -137,15 +137,15 @@
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>Es gibt kein Programm, das %1 öffnet</translation>
+        <translation>Es gibt kein Programm, mit dem sich %1 öffnen lässt</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
-        <translation>Der Server hat nicht innerhalb von %1 s geantwortet.</translation>
+        <translation>Der Server hat nicht innerhalb von %1&#xa0;s geantwortet.</translation>
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>Die Adresse der Versionsliste ist weder eine HTTPS-Adresse noch eine auf diesem Rechner.</translation>
+        <translation>Die Adresse der Versionsliste ist weder eine HTTPS-Adresse noch eine Adresse dieses Rechners.</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
@@ -153,7 +153,7 @@
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>Die Antwort ist größer als 1 MB.</translation>
+        <translation>Die Antwort ist größer als 1&#xa0;MB.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Zu viele Umleitungen.</translation>
+        <translation>Der Server leitet zu oft um.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -41,7 +41,7 @@
     </message>
     <message id="Keep on Top">
         <source></source>
-        <translation>Mantener por encima</translation>
+        <translation>Mantener encima</translation>
     </message>
     <message id="Show on Screen Wake">
         <source></source>
@@ -65,7 +65,7 @@
     </message>
     <message id="Keep on top (follows every Space)">
         <source></source>
-        <translation>Mantener por encima, en todas las áreas de trabajo</translation>
+        <translation>Mantener encima, en todas las áreas de trabajo</translation>
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
@@ -73,11 +73,11 @@
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
-        <translation>Por encima, en todas las áreas de trabajo</translation>
+        <translation>Encima, en todas las áreas de trabajo</translation>
     </message>
     <message id="Hide, back to what you did">
         <source></source>
-        <translation>Ocultar y volver a lo anterior</translation>
+        <translation>Ocultar y volver a lo que hacía</translation>
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry está en la bandeja del sistema o, si no la hay, en la barra de título de la nota, y la nota pasa al frente cuando el equipo se reactiva. Sus atajos:</translation>
+        <translation>Quillberry está en la bandeja del sistema o, si no la hay, en la barra de título de la nota, y pasa a primer plano cuando el equipo se reactiva. Los atajos:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -129,7 +129,7 @@
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>%1 %2 está disponible. Tiene la versión %3.</translation>
+        <translation>%1 %2 está disponible. Tiene instalada la versión %3.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
@@ -137,23 +137,23 @@
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>No hay ningún programa que abra %1</translation>
+        <translation>No hay ningún programa que pueda abrir %1</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
-        <translation>El servidor no respondió en %1 s.</translation>
+        <translation>El servidor no respondió en %1&#xa0;s.</translation>
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>La dirección del canal no es una dirección HTTPS ni una de este equipo.</translation>
+        <translation>La dirección del canal de actualizaciones no es una dirección HTTPS ni una de este equipo.</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
-        <translation>El servidor respondió con el estado %1.</translation>
+        <translation>El servidor respondió con el código de estado %1.</translation>
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>La respuesta ocupa más de 1 MB.</translation>
+        <translation>La respuesta ocupa más de 1&#xa0;MB.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Demasiadas redirecciones.</translation>
+        <translation>El servidor redirige demasiadas veces.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

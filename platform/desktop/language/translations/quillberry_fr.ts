@@ -81,11 +81,11 @@
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
-        <translation>Votre note, à portée de main 📝</translation>
+        <translation>Votre note reste à portée de main 📝</translation>
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry se trouve dans la zone de notification ou, à défaut, dans la barre de titre de la note, et la note passe au premier plan quand votre ordinateur sort de veille. Ses raccourcis&#xa0;:</translation>
+        <translation>Quillberry se trouve dans la zone de notification ou, à défaut, dans la barre de titre de la note, et revient au premier plan quand votre ordinateur sort de veille. Les raccourcis&#xa0;:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -133,7 +133,7 @@
     </message>
     <message id="Could not check for updates.">
         <source></source>
-        <translation>Impossible de rechercher des mises à jour.</translation>
+        <translation>La recherche de mises à jour a échoué.</translation>
     </message>
     <message id="There is no program that opens %1">
         <source></source>
@@ -141,7 +141,7 @@
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
-        <translation>Le serveur n’a pas répondu en %1 s.</translation>
+        <translation>Le serveur n’a pas répondu dans un délai de %1&#xa0;s.</translation>
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
@@ -153,7 +153,7 @@
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>La réponse dépasse 1 Mo.</translation>
+        <translation>La réponse dépasse 1&#xa0;Mo.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Trop de redirections.</translation>
+        <translation>Le serveur effectue trop de redirections.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

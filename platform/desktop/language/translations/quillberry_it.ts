@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry si trova nel vassoio di sistema o, se non c’è, nella barra del titolo della nota, e la nota torna in primo piano al risveglio del computer. Le sue scorciatoie:</translation>
+        <translation>Quillberry si trova nell’area di notifica o, se non c’è, nella barra del titolo della nota, e torna in primo piano al risveglio del computer. Le scorciatoie:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -129,7 +129,7 @@
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>È disponibile %1 %2. È installata la versione %3.</translation>
+        <translation>È disponibile %1 %2. La versione installata è %3.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
@@ -141,7 +141,7 @@
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
-        <translation>Il server non ha risposto entro %1 s.</translation>
+        <translation>Il server non ha risposto entro %1&#xa0;s.</translation>
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
@@ -149,11 +149,11 @@
     </message>
     <message id="The server answered with status %1.">
         <source></source>
-        <translation>Il server ha risposto con lo stato %1.</translation>
+        <translation>Il server ha risposto con il codice di stato %1.</translation>
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>La risposta supera 1 MB.</translation>
+        <translation>La risposta supera 1&#xa0;MB.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Troppi reindirizzamenti.</translation>
+        <translation>Il server effettua troppi reindirizzamenti.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

@@ -45,7 +45,7 @@
     </message>
     <message id="Show on Screen Wake">
         <source></source>
-        <translation>Tonen wanneer het scherm ontwaakt</translation>
+        <translation>Tonen na de slaapstand</translation>
     </message>
     <message id="Start at Login">
         <source></source>
@@ -69,15 +69,15 @@
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>Verbergen en verdergaan waar u gebleven was</translation>
+        <translation>Verbergen en terug naar waar u mee bezig was</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
-        <translation>Voorop, op elk werkblad</translation>
+        <translation>Op de voorgrond, op elk werkblad</translation>
     </message>
     <message id="Hide, back to what you did">
         <source></source>
-        <translation>Verbergen en verder werken</translation>
+        <translation>Verbergen en verderwerken</translation>
     </message>
     <message id="You'll find it up here 📝">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>Quillberry zit in het systeemvak of, als dat er niet is, in de titelbalk van de notitie, en de notitie komt naar voren wanneer uw computer ontwaakt. De sneltoetsen:</translation>
+        <translation>Quillberry zit in het systeemvak of, als dat er niet is, in de titelbalk van de notitie, en komt naar voren wanneer uw computer uit de slaapstand komt. De sneltoetsen:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -109,11 +109,11 @@
     </message>
     <message id="Updates of %1 come with your system's packages.">
         <source></source>
-        <translation>Updates van %1 komen met de pakketten van uw systeem.</translation>
+        <translation>Updates van %1 krijgt u via de pakketten van uw systeem.</translation>
     </message>
     <message id="What the server sent is not an appcast.">
         <source></source>
-        <translation>Het antwoord van de server is geen lijst met versies (appcast).</translation>
+        <translation>Het antwoord van de server is geen versielijst (appcast).</translation>
     </message>
     <message id="Checking for updates…">
         <source></source>
@@ -129,7 +129,7 @@
     </message>
     <message id="%1 %2 is available. You have %3.">
         <source></source>
-        <translation>%1 %2 is beschikbaar. U hebt %3.</translation>
+        <translation>%1 %2 is beschikbaar. U hebt versie %3.</translation>
     </message>
     <message id="Could not check for updates.">
         <source></source>
@@ -137,11 +137,11 @@
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>Er is geen programma dat %1 opent</translation>
+        <translation>Er is geen programma dat %1 kan openen</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
-        <translation>De server heeft niet binnen %1 s geantwoord.</translation>
+        <translation>De server heeft niet binnen %1&#xa0;s geantwoord.</translation>
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
@@ -153,7 +153,7 @@
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>Het antwoord is groter dan 1 MB.</translation>
+        <translation>Het antwoord is groter dan 1&#xa0;MB.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
@@ -161,7 +161,7 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Te veel doorverwijzingen.</translation>
+        <translation>De server verwijst te vaak door.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>

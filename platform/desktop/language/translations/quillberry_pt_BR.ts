@@ -45,11 +45,11 @@
     </message>
     <message id="Show on Screen Wake">
         <source></source>
-        <translation>Mostrar ao despertar a tela</translation>
+        <translation>Mostrar quando a tela acordar</translation>
     </message>
     <message id="Start at Login">
         <source></source>
-        <translation>Iniciar ao entrar na sessão</translation>
+        <translation>Abrir ao iniciar a sessão</translation>
     </message>
     <message id="Check for Updates…">
         <source></source>
@@ -69,7 +69,7 @@
     </message>
     <message id="Hide and go back to what you did">
         <source></source>
-        <translation>Ocultar e voltar ao que você fazia</translation>
+        <translation>Ocultar e voltar ao que estava fazendo</translation>
     </message>
     <message id="Keep on top (every Space)">
         <source></source>
@@ -85,7 +85,7 @@
     </message>
     <message id="Quillberry lives in the menu bar — no Dock icon — and greets you every time your Mac wakes. Summon it from anywhere with these:">
         <source></source>
-        <translation>O Quillberry fica na bandeja do sistema ou, se não houver uma, na barra de título da nota, e a nota vem para a frente quando o computador desperta. Os atalhos:</translation>
+        <translation>O Quillberry fica na área de notificação ou, se não houver uma, na barra de título da nota, e vem para a frente quando o computador acorda. Os atalhos:</translation>
     </message>
     <message id="Got it">
         <source></source>
@@ -133,27 +133,27 @@
     </message>
     <message id="Could not check for updates.">
         <source></source>
-        <translation>Não foi possível verificar as atualizações.</translation>
+        <translation>Não foi possível verificar se há atualizações.</translation>
     </message>
     <message id="There is no program that opens %1">
         <source></source>
-        <translation>Nenhum programa abre %1</translation>
+        <translation>Nenhum programa consegue abrir %1</translation>
     </message>
     <message id="The server did not answer within %1 s.">
         <source></source>
-        <translation>O servidor não respondeu em %1 s.</translation>
+        <translation>O servidor não respondeu em %1&#xa0;s.</translation>
     </message>
     <message id="The address of the feed is neither an HTTPS address nor one on this computer.">
         <source></source>
-        <translation>O endereço do feed não é um endereço HTTPS nem deste computador.</translation>
+        <translation>O endereço do feed não é um endereço HTTPS nem um endereço deste computador.</translation>
     </message>
     <message id="The server answered with status %1.">
         <source></source>
-        <translation>O servidor respondeu com o status %1.</translation>
+        <translation>O servidor respondeu com o código de status %1.</translation>
     </message>
     <message id="The answer is larger than 1 MB.">
         <source></source>
-        <translation>A resposta tem mais de 1 MB.</translation>
+        <translation>A resposta tem mais de 1&#xa0;MB.</translation>
     </message>
     <message id="The server redirects to an address that is not allowed: %1">
         <source></source>
@@ -161,11 +161,11 @@
     </message>
     <message id="The server redirects too many times.">
         <source></source>
-        <translation>Redirecionamentos demais.</translation>
+        <translation>O servidor faz redirecionamentos demais.</translation>
     </message>
     <message id="The connection failed: %1">
         <source></source>
-        <translation>A conexão falhou: %1</translation>
+        <translation>Falha na conexão: %1</translation>
     </message>
     <message id="One plain-text note, always at hand">
         <source></source>

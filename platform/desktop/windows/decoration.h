@@ -130,7 +130,6 @@ class NoteFrame : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
  private:
-  bool givesWay_ = false;
   /// Another window of the program that is shown; null if there is none.
   static QWidget* windowBeside();
   void unzoom();
@@ -143,6 +142,7 @@ class NoteFrame : public QWidget {
   std::optional<Zoom> zoom_;
   TitleBar titleBar_;
   std::array<EdgeGrip, 8> grips_;
+  bool givesWay_ = false;
 };
 
 }  // namespace platform::desktop

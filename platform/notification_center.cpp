@@ -12,7 +12,7 @@ NSNotificationCenter& NSNotificationCenter::defaultCenter() {
 
 void NSNotificationCenter::addObserver(const std::weak_ptr<NSObject>& observer, Selector action, std::string_view name,
                                        const std::optional<std::weak_ptr<NSObject>>& object) {
-  noteObserver(name);
+  observerAdded(name);
   entries_.push_back({observer, action, name, object});
 }
 

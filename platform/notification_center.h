@@ -34,7 +34,7 @@ class NSNotificationCenter {
     std::optional<std::weak_ptr<NSObject>> object;
   };
   // A platform's part: somebody observes `name` from now on.
-  static void noteObserver(std::string_view name);
+  static void observerAdded(std::string_view name);
 
   std::vector<Entry> entries_;
 };

@@ -64,7 +64,7 @@ std::shared_ptr<NSWindow> NSApplication::keyWindow() const {
 
 std::shared_ptr<NSApplicationDelegate> NSApplication::delegate() const { return world().delegate.lock(); }
 
-void NSNotificationCenter::noteObserver(std::string_view name) { world().record("observe " + std::string(name)); }
+void NSNotificationCenter::observerAdded(std::string_view name) { world().record("observe " + std::string(name)); }
 
 namespace headless {
 

@@ -8,12 +8,20 @@
 #include <QKeyEvent>
 #include <QTest>
 #include <QTextBlock>
-#include <memory>
+#include <vector>
 
 #include "platform/desktop/text/note_editor.h"
 
 namespace platform::desktop {
 namespace {
+
+/// One event of an input method.
+struct Step {
+  QString preedit;
+  QString commit;
+  QString text;  // afterwards
+  int edits;     // so far
+};
 
 class Editor : public testing::Test {
  protected:
@@ -27,6 +35,14 @@ class Editor : public testing::Test {
     QCoreApplication::sendEvent(&editor, &event);
   }
 
+  void expectAfter(const std::vector<Step>& steps) {
+    for (const auto& [preedit, commit, text, editsSoFar] : steps) {
+      compose(preedit, commit);
+      EXPECT_EQ(editor.exactTextWithComposition(), text);
+      EXPECT_EQ(edits, editsSoFar);
+    }
+  }
+
   int argc = 1;
   char name[5] = "test";
   char* argv[2] = {name, nullptr};
@@ -36,54 +52,41 @@ class Editor : public testing::Test {
 };
 
 TEST_F(Editor, ACompositionIsAnEditOnlyWhenItIsDone) {
-  compose(QStringLiteral("k"));
-  compose(QStringLiteral(u"\u304B"));
-  EXPECT_EQ(edits, 0);
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral(u"\u304B"));
-  compose({}, QStringLiteral(u"\u304B"));
-  EXPECT_EQ(edits, 1);
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral(u"\u304B"));
-  compose(QStringLiteral("x"));
-  compose({});  // given up
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral(u"\u304B"));
-  EXPECT_EQ(edits, 1);
+  const QString ka(QChar(0x304B));
+  const std::vector<Step> steps{
+      {"k", {}, "k", 0}, {ka, {}, ka, 0}, {{}, ka, ka, 1}, {"x", {}, ka + u'x', 1}, {{}, {}, ka, 1}};
+  expectAfter(steps);
 }
 
 TEST_F(Editor, AnOpenCompositionStandsAtTheCaret) {
-  editor.loadExactText(QStringLiteral("one\r\ntwo"));
-  editor.moveCursor(QTextCursor::Start);
-  editor.moveCursor(QTextCursor::EndOfLine);
-  compose(QStringLiteral("!"));
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("one!\r\ntwo"));
+  editor.loadExactText("one\r\ntwo");
+  editor.selectExactly(3, 0);
+  compose("!");
+  EXPECT_EQ(editor.exactTextWithComposition(), "one!\r\ntwo");
   editor.commitComposition();
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("one!\r\ntwo"));
+  EXPECT_EQ(editor.exactTextWithComposition(), "one!\r\ntwo");
   EXPECT_EQ(edits, 0) << "it was part of the text before";
   editor.undo();
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("one\r\ntwo"));
+  EXPECT_EQ(editor.exactTextWithComposition(), "one\r\ntwo");
   EXPECT_EQ(edits, 1);
 }
 
 TEST_F(Editor, ACompositionThatWasEndedIsNotCommittedAgain) {
-  compose(QStringLiteral("abc"));
-  editor.commitComposition();
-  compose({}, QStringLiteral("abc"));  // late, from an input method that was told
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abc"));
-  EXPECT_EQ(edits, 0);
-  compose(QStringLiteral("abc"));
-  compose({}, QStringLiteral("abc"));
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abcabc"));
-  EXPECT_EQ(edits, 1);
-  editor.loadExactText({});
-  compose(QStringLiteral("abc"));
-  editor.commitComposition();
-  compose({});
-  compose({}, QStringLiteral("x"));
-  compose({}, QStringLiteral("abc"));  // typed
-  EXPECT_EQ(editor.exactTextWithComposition(), QStringLiteral("abcxabc"));
+  using Steps = std::vector<Step>;
+  for (const Steps& steps : {Steps{{{}, "abc", "abc", 0},  // late, from an input method that was told
+                                   {"abc", {}, "abcabc", 0},
+                                   {{}, "abc", "abcabc", 1}},
+                             Steps{{{}, {}, "abc", 0}, {{}, "x", "abcx", 1}, {{}, "abc", "abcxabc", 2}}}) {  // typed
+    editor.loadExactText({});
+    compose("abc");
+    edits = 0;
+    editor.commitComposition();
+    expectAfter(steps);
+  }
 }
 
 TEST_F(Editor, ANoteThatIsLeftAloneShowsItsCaretAndWakesNothingUp) {
-  editor.loadExactText(QStringLiteral("note"));
+  editor.loadExactText("note");
   editor.resize(420, 320);
   editor.show();
   QApplication::setCursorFlashTime(400);
@@ -99,7 +102,7 @@ TEST_F(Editor, ANoteThatIsLeftAloneShowsItsCaretAndWakesNothingUp) {
   send(QFocusEvent(QEvent::FocusIn));
   ASSERT_EQ(timers(), 2) << "to blink, and to rest";
   const auto rest = [&] {
-    editor.findChild<QTimer*>(QStringLiteral("caretRest"))->start(0);
+    editor.findChild<QTimer*>("caretRest")->start(0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return timers() == 0; }));
     EXPECT_NE(editor.viewport()->grab().toImage(), without);
   };
@@ -120,7 +123,7 @@ TEST_F(Editor, AnEndlessParagraphIsShownAtOnce) {
   editor.show();
   for (const QString& part : {QStringLiteral("字"), QStringLiteral(u"\U0001F600"), QStringLiteral(u"\u0301")}) {
     const QString text = part.repeated(1'000'000);
-    editor.loadExactText(QStringLiteral("short"));
+    editor.loadExactText("short");
     QElapsedTimer clock;
     clock.start();
     compose({}, text);
@@ -129,14 +132,14 @@ TEST_F(Editor, AnEndlessParagraphIsShownAtOnce) {
       editor.grab();
     }
     EXPECT_LT(clock.elapsed(), 20'000) << "minutes, if it were laid out whole";
-    EXPECT_TRUE(editor.exactTextWithComposition() == QStringLiteral("short") + text + QString(20, u'a'));
+    EXPECT_TRUE(editor.exactTextWithComposition() == "short" + text + QString(20, u'a'));
     editor.loadExactText(text);
     EXPECT_TRUE(editor.exactTextWithComposition() == text);
     QTextCursor firstPiece(editor.document()->firstBlock());
     firstPiece.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     editor.setTextCursor(firstPiece);
     const QString rest = text.mid(firstPiece.position());
-    compose(QStringLiteral("y"), {});
+    compose("y", {});
     EXPECT_TRUE(editor.exactTextWithComposition() == u'y' + rest);
     compose({}, {});
   }
@@ -155,9 +158,9 @@ TEST_F(Editor, TheCaretAtTheEndIsInViewAtFirst) {
 
 /// Whole from the start for those who ask, and for keys that come before anything is painted.
 TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
-  QString text = QStringLiteral("first\r\n");
+  QString text = "first\r\n";
   for (int line = 0; line < 50'000; ++line) text += QStringLiteral("line %1 ").arg(line).repeated(line % 9) + u'\n';
-  text += QStringLiteral("selected");
+  text += "selected";
   editor.resize(420, 320);
   editor.setCursorWidth(0);  // it blinks
   for (const bool typed : {false, true}) {
@@ -168,8 +171,7 @@ TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
     if (typed) {
       editor.grab();
       QCoreApplication::processEvents();
-      QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
-      QCoreApplication::sendEvent(&editor, &key);
+      QTest::keyClick(&editor, Qt::Key_X);
       EXPECT_EQ(editor.exactTextWithComposition(), text.chopped(8) + u'x');
       editor.undo();
     } else {
@@ -179,7 +181,7 @@ TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
         QCoreApplication::processEvents();
         ASSERT_EQ(editor.viewport()->grab().toImage(), before) << "something moved";
       }
-      EXPECT_EQ(editor.textCursor().selectedText(), QStringLiteral("selected"));
+      EXPECT_EQ(editor.textCursor().selectedText(), "selected");
       EXPECT_EQ(edits, 0);
     }
     EXPECT_EQ(editor.blockCount(), 50'002);
@@ -194,7 +196,7 @@ TEST_F(Editor, TheEndOfALongTextIsShownFirst) {
 }
 
 TEST_F(Editor, AnotherFontIsNoEdit) {
-  editor.insertPlainText(QStringLiteral("plain"));
+  editor.insertPlainText("plain");
   EXPECT_EQ(edits, 1);
   editor.setNoteFont(QFont());
   EXPECT_EQ(edits, 1);

@@ -18,7 +18,7 @@ struct Asked {
 
 void PrintTo(const Asked& asked, std::ostream* stream) { *stream << asked.environment.toStdString(); }
 
-/// One process each: the toolkit reads the environment once.
+/// One process each: Qt reads the environment once.
 class Language : public testing::TestWithParam<Asked> {};
 
 TEST_P(Language, IsTheOneThatTheEnvironmentAsksFor) {

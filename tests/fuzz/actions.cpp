@@ -2,7 +2,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include "platform/desktop/session/application_service.h"
+#include "platform/desktop/session/offered_commands.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {
@@ -23,7 +23,8 @@ std::shared_ptr<NSMenu> makeMenu() {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using fuzz::require;
   static const auto menu = makeMenu();
-  desktop::offerToOtherPrograms(menu);
+  desktop::OfferedCommands commands;
+  commands.setMenu(menu);
 
   const std::string bytes = fuzz::bytesOf(data, size);
   std::string_view rest = bytes;
@@ -31,8 +32,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto parameter = QJsonDocument::fromJson(QByteArray(rest.data(), static_cast<qsizetype>(rest.size()))).array();
 
   QString refusal;
-  const auto command =
-      desktop::offeredAction(QString::fromStdString(std::string(name)), parameter.toVariantList(), refusal);
+  const auto command = commands.named(QString::fromStdString(std::string(name)), parameter.toVariantList(), refusal);
   const bool offered = name == "toggleWindow" || name == "togglePin";
   require(bool(command) == (offered && parameter.isEmpty()), "an action is one of the menu's, without a parameter");
   require(refusal.isEmpty() == bool(command), "what is refused is refused with a reason");

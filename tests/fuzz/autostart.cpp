@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <glib.h>
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <map>
 #include <memory>
 #include <vector>
 
-#include "platform/desktop/session/autostart_entry.h"
 #include "platform/desktop/session/desktop_entry.h"
+#include "platform/login_item.h"
 #include "tests/desktop/scratch.h"
 #include "tests/fuzz/fuzz.h"
 
@@ -55,6 +56,10 @@ std::vector<std::string> commentsIn(std::string_view bytes) {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static int argc = 1;
+  static char name[] = "fuzz_autostart";
+  static char* argv[] = {name, nullptr};
+  static const QCoreApplication app(argc, argv);
   static const scratch::Folder scratch;
   setenv("XDG_CONFIG_DIRS", scratch.path().c_str(), 1);
   setenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME", 1);
@@ -64,15 +69,15 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::filesystem::remove(kept);
   scratch::put(file, bytes);
 
-  const desktop::AutostartEntry entry("/bin/true");
+  SMAppService& service = SMAppService::mainAppService();
   const bool wasEntry = desktop::DesktopEntry::parse(bytes).has_value();
   for (int times = 0; times < 2; ++times) {
-    require(!entry.switchOn(), "it can be switched on");
-    require(entry.status() == SMAppServiceStatusEnabled, "the desktop starts it then");
+    require(!service.registerAndReturnError(), "it can be switched on");
+    require(service.status() == SMAppServiceStatusEnabled, "the desktop starts it then");
     const auto on = scratch::get(file);
-    require(!entry.switchOn() && scratch::get(file) == on, "switching on twice changes nothing more");
-    require(!entry.switchOff(), "it can be switched off");
-    require(entry.status() == SMAppServiceStatusNotRegistered, "the desktop does not start it then");
+    require(!service.registerAndReturnError() && scratch::get(file) == on, "switching on twice changes nothing more");
+    require(!service.unregisterAndReturnError(), "it can be switched off");
+    require(service.status() == SMAppServiceStatusNotRegistered, "the desktop does not start it then");
   }
   const std::string rewritten = scratch::get(file).value_or("");
   require(scratch::get(kept) == (wasEntry ? std::nullopt : std::optional(bytes)),

@@ -75,7 +75,7 @@ class TestTexts(unittest.TestCase):
                     self.assertEqual(*marks, f"the placeholders and mnemonics of: {text}")
 
     def test_the_tables_have_what_the_program_says(self):
-        """No more and no less, by what the toolkit's tool finds in the sources."""
+        """No more and no less, by what Qt's tool finds in the sources."""
         with tempfile.TemporaryDirectory() as folder:
             table = shutil.copy(TABLES / "quillberry_en.ts", folder)
             output(options.lupdate, "-silent", "-locations", "none", "-no-obsolete", "-tr-function-alias",
@@ -172,7 +172,7 @@ class TestInstalled(InstalledTest):
         self.assertIn(release.get("version").encode(), self.program.read_bytes())
 
     def test_module_where_the_program_looks(self):
-        text = self.program.read_bytes().replace(b"\0", b"").decode("ascii", "replace")  # the toolkit's are UTF-16
+        text = self.program.read_bytes().replace(b"\0", b"").decode("ascii", "replace")  # Qt's are UTF-16
         folder = self.program.parent / re.search(r"\.\./[\w./-]+?/modules", text)[0]
         for name in "quillberry-feed.so", "quillberry-gnome.so":
             self.assertEqual(self.only(name), (folder / name).resolve())

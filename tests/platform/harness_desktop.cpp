@@ -11,8 +11,8 @@
 #include <algorithm>
 
 #include "platform/application.h"
-#include "platform/desktop/application/desktop.h"
 #include "platform/desktop/views/native_view.h"
+#include "platform/desktop/windows/screens.h"
 #include "tests/desktop/scratch.h"
 
 namespace platform::harness {
@@ -80,14 +80,14 @@ void compose(NSTextView& view, std::string_view text) {
   QCoreApplication::sendEvent(&editor(view), &event);
 }
 
-NSRect frameOf(NSWindow& window) { return desktop::fromToolkit(frame(window).geometry()); }
-void moveByUser(NSWindow& window, NSRect rect) { frame(window).setGeometry(desktop::toToolkit(rect)); }
+NSRect frameOf(NSWindow& window) { return desktop::fromQt(frame(window).geometry()); }
+void moveByUser(NSWindow& window, NSRect rect) { frame(window).setGeometry(desktop::toQt(rect)); }
 void pressCloseButton(NSWindow& window) {
   for (auto* const button : frame(window).findChildren<QAbstractButton*>()) {
     if (button->accessibleName() == QLatin1String("Close")) button->click();
   }
 }
 bool isShown(const NSPopover& popover) { return popover.contentViewController()->view()->native().widget->isVisible(); }
-NSRect screen() { return desktop::fromToolkit(QGuiApplication::primaryScreen()->geometry()); }
+NSRect screen() { return desktop::fromQt(QGuiApplication::primaryScreen()->geometry()); }
 
 }  // namespace platform::harness

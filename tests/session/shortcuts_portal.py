@@ -18,11 +18,12 @@ PATH = "/org/freedesktop/portal/desktop"
 SHORTCUTS = "org.freedesktop.portal.GlobalShortcuts"
 SESSION, REQUEST = "org.freedesktop.portal.Session", "org.freedesktop.portal.Request"
 GRANTED, REFUSED, FAILED = range(3)
+SLOW = "slow, and without a registry of programs"
 
 # kind: what it answers to some methods, signature and values, where that is not what is right.
 KINDS = {
     "good": {},
-    "old": {},  # says only in its reply where it will answer
+    SLOW: {},
     "binding with the session": {},
     "with one shortcut to give": {},
     "with other keys": {},
@@ -51,15 +52,14 @@ class Portal(dbus.service.Object):
         self.bus.send_message(message)
 
     def _answer(self, method, sender, options, results):
-        """Answers before the reply to the call, as a quick portal may; the old kind after it."""
-        folder = f"{PATH}/request/{sender[1:].replace('.', '_')}"
-        path = f"{folder}/{options['handle_token'] if self.kind != 'old' else len(self.calls)}"
+        """Answers before the reply to the call, as a quick portal may; the slow kind after it."""
+        path = f"{PATH}/request/{sender[1:].replace('.', '_')}/{options['handle_token']}"
         answer = KINDS[self.kind].get(method, ("ua{sv}", GRANTED, results))
 
         def send():
             self._send(path, REQUEST, "Response", *answer)
             self.answers += 1
-        if self.kind == "old":
+        if self.kind == SLOW:
             GLib.timeout_add(200, send)
         else:
             send()
@@ -68,7 +68,7 @@ class Portal(dbus.service.Object):
     @dbus.service.method("org.freedesktop.host.portal.Registry", in_signature="sa{sv}", sender_keyword="sender")
     def Register(self, app_id, options, sender):
         self.calls.append(["Register", app_id])
-        if self.kind == "old":
+        if self.kind == SLOW:
             raise dbus.DBusException("", name="org.freedesktop.DBus.Error.UnknownMethod")
 
     @dbus.service.method(SHORTCUTS, in_signature="a{sv}", out_signature="o", sender_keyword="sender")

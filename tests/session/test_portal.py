@@ -60,7 +60,7 @@ class TestPortal(ShellTest):
         self.wait_put_away()
         self.note.perform("toggleWindow")
         self.wait_forward()
-        for kind, pins, calls in (("good", ["togglePin"], ALL), ("old", ["togglePin"], ALL),
+        for kind, pins, calls in (("good", ["togglePin"], ALL), ("slow, and without a registry of programs", ["togglePin"], ALL),
                                   ("with one shortcut to give", [], ALL), ("refuses to list", ["togglePin"], ALL),
                                   ("says that it has failed", ["togglePin"], ALL),
                                   ("lists other types", ["togglePin"], ALL),

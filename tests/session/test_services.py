@@ -190,7 +190,7 @@ class TestInputMethod(ShellTest):
     def test_composed_text(self):
         """From an engine that composes words; what is open when the note is put away, or ended, is kept.
 
-        Tried again if it comes out mixed: on a busy machine the toolkit hands on keys ahead of what was composed.
+        Tried again if it comes out mixed: on a busy machine Qt hands on keys ahead of what was composed.
         """
         self.start_input_method("m17n:vi:telex")
 

@@ -61,7 +61,7 @@ class TestNative(SessionTest):
         self.wait_for_keys(self.note, "y")
 
     def test_compositor_dies(self):
-        """In the middle of typing: several threads of the toolkit learn of it, and any may end the program."""
+        """In the middle of typing: several threads of Qt learn of it, and any may end the program."""
         for again in range(5):
             with Desktop(options.desktop) as desktop:
                 note = Note(desktop, self.note.folder / str(again))

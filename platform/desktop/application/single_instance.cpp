@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/application/single_instance.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
 
 #include "platform/desktop/dbus/bus.h"
-#include "platform/desktop/files/note_lock.h"
+#include "platform/desktop/files/atomic_file.h"
+#include "platform/desktop/files/base_directories.h"
 #include "platform/desktop/session/application_service.h"
 
 namespace platform::desktop {
@@ -18,13 +23,37 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 3s;  // for a process that is starting or ending
-constexpr auto pause = 20ms;
-constexpr auto patienceWithBus = 900ms;
+constexpr auto handOverTimeout = 3s;  // for a process that is starting or ending
+constexpr auto retryInterval = 20ms;
+constexpr auto busTimeout = 900ms;
 
-/// Asks the running process to come forward. False if nobody did.
+/// The right to the user's note: a lock that the kernel gives to one process and takes back when that one ends, however
+/// it ends. It is on the open folder of the user's data, since the note's own folder in it may be removed or renamed
+/// meanwhile, and the lock with it.
+struct NoteLock {
+  enum class Outcome {
+    Held,  ///< by this process, for as long as `folder` is open
+    TakenByOther,
+    Unavailable,  ///< there is no folder, or its file system has no locks
+  };
+  Outcome outcome;
+  UniqueFd folder;
+};
+
+/// Does not wait. Makes the folder if it is missing.
+NoteLock lockNote() {
+  const auto path = dataHome();
+  makeFolder(path, true);
+  UniqueFd folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!folder) return {NoteLock::Outcome::Unavailable, UniqueFd()};
+  if (flock(folder.get(), LOCK_EX | LOCK_NB) == 0) return {NoteLock::Outcome::Held, std::move(folder)};
+  const bool taken = errno == EWOULDBLOCK;
+  return {taken ? NoteLock::Outcome::TakenByOther : NoteLock::Outcome::Unavailable, UniqueFd()};
+}
+
+/// Asks the running process to come forward. False if none answered.
 bool handOver() {
-  if (!Bus(QDBusConnection::SessionBus).answersWithin(patienceWithBus)) return false;
+  if (!Bus(QDBusConnection::SessionBus).answersWithin(busTimeout)) return false;
   const QString connectionName = QStringLiteral("hand over");
   bool done = false;
   {
@@ -33,7 +62,7 @@ bool handOver() {
         QDBusMessage::createMethodCall(serviceName(), servicePath(), serviceInterface(), QStringLiteral("Activate"));
     call.setAutoStartService(false);
     call << QVariantMap{{activationTokenKey(), qEnvironmentVariable("XDG_ACTIVATION_TOKEN")}};
-    done = bus.call(call, QDBus::Block, patienceWithBus.count()).type() == QDBusMessage::ReplyMessage;
+    done = bus.call(call, QDBus::Block, busTimeout.count()).type() == QDBusMessage::ReplyMessage;
   }
   QDBusConnection::disconnectFromBus(connectionName);
   return done;
@@ -50,8 +79,9 @@ UniqueFd becomeTheOneInstance() {
   int argc = 1;
   char name[] = "quillberry";
   char* argv[] = {name, nullptr};
-  const QCoreApplication busNeedsOne(argc, argv);
-  for (const auto start = Clock::now(); Clock::now() - start < patience; std::this_thread::sleep_for(pause)) {
+  const QCoreApplication neededByDBus(argc, argv);
+  const auto deadline = Clock::now() + handOverTimeout;
+  for (; Clock::now() < deadline; std::this_thread::sleep_for(retryInterval)) {
     if (handOver()) std::exit(EXIT_SUCCESS);
     lock = lockNote();
     if (lock.outcome != NoteLock::Outcome::TakenByOther) return std::move(lock.folder);

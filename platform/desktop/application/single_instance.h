@@ -5,10 +5,10 @@
 
 namespace platform::desktop {
 
-/// Makes this the one process on the user's note, or hands over to the one that has it and ends this process: with
-/// exit code 0 when that one has come forward, with 1 and a message when it cannot be reached. A process that is
-/// just ending is waited for and followed. What is returned is held for the life of the process; it may be empty
-/// where nothing can be locked.
+/// Makes this process the only one on the user's note, and returns the lock, to be held for the life of the process; it
+/// is empty where nothing can be locked. If another process has the note, that one is asked to come forward and this
+/// one ends: with exit code 0, or with 1 and a message if the other cannot be reached. If the other is just ending,
+/// this one waits for it and takes its place.
 UniqueFd becomeTheOneInstance();
 
 }  // namespace platform::desktop

@@ -21,7 +21,7 @@ void writeToPipe(int /*signal*/) {
   errno = savedErrno;
 }
 
-/// Leaves alone what whoever started us had ignored: nohup, for one.
+/// A signal that was ignored when the program began, by nohup for example, stays so.
 void handleSignals(void (*handler)(int)) {
   struct sigaction action {};
   action.sa_handler = handler;

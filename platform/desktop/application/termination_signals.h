@@ -17,7 +17,7 @@ class TerminationSignals {
   TerminationSignals(const TerminationSignals&) = delete;
   TerminationSignals& operator=(const TerminationSignals&) = delete;
 
-  /// What came before is delivered too, once the loop runs.
+  /// Signals that came before are delivered too, once the main loop runs. Several at once may be one call.
   void deliverTo(std::function<void()> terminate);
 
  private:

@@ -4,14 +4,13 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QEvent>
 #include <QStyle>
 
-#include "platform/desktop/application/desktop.h"
 #include "platform/desktop/dbus/bus.h"
 #include "platform/desktop/session/session_environment.h"
+#include "platform/desktop/windows/first_frame.h"
 #include "platform/user_defaults.h"
 
 namespace platform::desktop {
@@ -79,10 +78,10 @@ ThemeFollower::ThemeFollower() : styleNamesTheColors_(QApplication::palette() ==
   qApp->installEventFilter(this);
 }
 
-void ThemeFollower::followDesktop() {
+void ThemeFollower::followDesktop(FirstFrame& firstFrame, Bus& sessionBus) {
   if (NSUserDefaults::standardUserDefaults().boolForKey(remembered)) scheme_ = Scheme::Dark;
   if (scheme_ == Scheme::Dark) applyScheme();
-  afterFirstFrame(*this, [this] { sessionBus().whenItAnswers(*this, [this] { askDesktop(); }); });
+  firstFrame.then(*this, [this, &sessionBus] { sessionBus.whenItAnswers(*this, [this] { askDesktop(); }); });
 }
 
 bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
@@ -91,22 +90,19 @@ bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ThemeFollower::askDesktop() {
-  const Source source = isSessionOf(QStringLiteral("XFCE")) ? xfceSettings() : portal();
+  const Source source = isSessionOf(xfce) ? xfceSettings() : portal();
   QDBusConnection bus = QDBusConnection::sessionBus();
   bus.connect(source.service, source.path, source.interface, source.changed, {source.group, source.key},
               QStringLiteral("ssv"), this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
   QDBusMessage question = QDBusMessage::createMethodCall(source.service, source.path, source.interface, source.read);
   question << source.group << source.key;
-  auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
-  connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-    const QDBusPendingReply<QDBusVariant> answer = *call;
+  onReply(bus.asyncCall(question), *this, [this](const QDBusPendingReply<QDBusVariant>& answer) {
     // A desktop that does not say has no preference; one that is too busy to answer may have one.
     if (!answer.isError()) {
       setScheme(schemeIn(answer.value().variant()));
     } else if (answer.error().type() != QDBusError::NoReply) {
       setScheme(Scheme::NoPreference);
     }
-    call->deleteLater();
   });
 }
 

@@ -6,6 +6,9 @@
 
 namespace platform::desktop {
 
+class Bus;
+class FirstFrame;
+
 /// Dark or light as the desktop says, now and whenever it changes: the portal of settings, or in Xfce the name of the
 /// theme, decides between dark and light colours; the colours are those of Qt's own theme, if it has such. What the
 /// desktop said last is remembered, for the first frame does not wait for a bus.
@@ -16,8 +19,8 @@ class ThemeFollower : public QObject {
   /// To be made after Qt's application.
   ThemeFollower();
 
-  /// Takes what the desktop said last, and listens to it once the first frame has been drawn.
-  void followDesktop();
+  /// Takes what the desktop said last, and listens to it once the first frame has been drawn. Both outlive this.
+  void followDesktop(FirstFrame& firstFrame, Bus& sessionBus);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

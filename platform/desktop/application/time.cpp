@@ -15,8 +15,8 @@ Date NSDate::now() {
 
 namespace {
 
-/// The timers that are still to fire. Never destroyed: a timer may outlast the main loop, and what its block holds
-/// must not come apart among the other statics.
+/// The timers that are still to fire. Never destroyed: a timer may outlast the main loop, and destroying what its block
+/// holds could use static objects that are gone by then.
 std::unordered_map<const NSTimer*, std::shared_ptr<NSTimer>>& scheduled() {
   static auto& timers = *new std::unordered_map<const NSTimer*, std::shared_ptr<NSTimer>>;
   return timers;
@@ -38,7 +38,7 @@ std::shared_ptr<NSTimer> NSTimer::scheduledTimerWithTimeInterval(double interval
   ticking.setSingleShot(true);
   ticking.setTimerType(Qt::PreciseTimer);  // the coarse kind may fire early
   QObject::connect(&ticking, &QTimer::timeout, [timer = timer.get(), block = std::move(block)] {
-    // Whoever the block lets go of the timer, it is there until the block has ended.
+    // Keeps the timer until its block has ended.
     const auto self = scheduled().extract(timer);
     block();
   });

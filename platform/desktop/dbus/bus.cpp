@@ -7,6 +7,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
 #include <algorithm>
 #include <cerrno>
 
@@ -48,11 +50,11 @@ void Bus::ask() {
   for (auto name = sockets.begin(); name != sockets.end() && !question_; ++name) question_ = askAt(*name);
 }
 
-bool Bus::answersWithin(std::chrono::milliseconds patience) {
+bool Bus::answersWithin(std::chrono::milliseconds timeout) {
   ask();
   if (!isSilent()) return answers_;
   pollfd asked{question_.get(), POLLIN, 0};
-  if (poll(&asked, 1, static_cast<int>(patience.count())) > 0) noteAnswer();
+  if (poll(&asked, 1, static_cast<int>(timeout.count())) > 0) takeAnswer();
   return answers_;
 }
 
@@ -62,10 +64,10 @@ void Bus::whenItAnswers(QObject& context, std::function<void()> begin) {
   waiting_.emplace_back(&context, std::move(begin));
   if (notifier_ != nullptr) return;
   notifier_ = std::make_unique<QSocketNotifier>(question_.get(), QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { noteAnswer(); });
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { takeAnswer(); });
 }
 
-void Bus::noteAnswer() {
+void Bus::takeAnswer() {
   if (notifier_ != nullptr) {
     notifier_->setEnabled(false);
     notifier_.release()->deleteLater();  // which may have brought us here
@@ -81,6 +83,20 @@ void Bus::noteAnswer() {
 QDBusMessage callOfTheBus(const QString& method) {
   const QString name = QStringLiteral("org.freedesktop.DBus");
   return QDBusMessage::createMethodCall(name, QStringLiteral("/org/freedesktop/DBus"), name, method);
+}
+
+QDBusMessage getProperty(const QString& service, const QString& path, const QString& interface, const QString& name) {
+  QDBusMessage call = QDBusMessage::createMethodCall(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                     QStringLiteral("Get"));
+  return call << interface << name;
+}
+
+void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(const QDBusPendingCall&)> then) {
+  auto* const watcher = new QDBusPendingCallWatcher(call, &context);
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [watcher, then = std::move(then)] {
+    watcher->deleteLater();
+    then(*watcher);
+  });
 }
 
 }  // namespace platform::desktop

@@ -3,6 +3,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QObject>
 #include <QPointer>
 #include <QSocketNotifier>
@@ -23,7 +24,7 @@ class Bus {
   explicit Bus(QDBusConnection::BusType type) : type_(type) {}
 
   /// Whether it answers, within that time at most; at once where there is no bus.
-  bool answersWithin(std::chrono::milliseconds patience);
+  bool answersWithin(std::chrono::milliseconds timeout);
   /// Whether there is one that was asked and has not answered yet.
   bool isSilent() const { return bool(question_); }
   /// Begins at once with a bus that answers, else as soon as it does, if `context` is still there.
@@ -31,7 +32,7 @@ class Bus {
 
  private:
   void ask();
-  void noteAnswer();
+  void takeAnswer();
 
   QDBusConnection::BusType type_;
   bool asked_ = false;
@@ -43,5 +44,11 @@ class Bus {
 
 /// A call of the bus itself; the caller adds the arguments.
 QDBusMessage callOfTheBus(const QString& method);
+
+/// A call that asks an object for one of its properties.
+QDBusMessage getProperty(const QString& service, const QString& path, const QString& interface, const QString& name);
+
+/// Calls `then` with the answer to a call, which may be an error; not if `context` is gone by then.
+void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(const QDBusPendingCall&)> then);
 
 }  // namespace platform::desktop

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/dbus/portal_request.h"
 
-#include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <utility>
+
+#include "platform/desktop/dbus/bus.h"
 
 namespace platform::desktop {
 namespace {
@@ -33,23 +32,15 @@ QDBusMessage Portal::call(const QString& interface, const QString& method) const
 PortalRequest::PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted, Refused refused)
     : portal_(std::move(portal)), granted_(std::move(granted)), refused_(std::move(refused)) {
   const QString token = newToken();
-  const QString expectedPath = requestPath(portal_.bus.baseService(), token);
-  listen(expectedPath);  // before the call: the answer may come before its reply
+  // Before the call: the answer may come before its reply.
+  portal_.bus.connect(portal_.owner, requestPath(portal_.bus.baseService(), token),
+                      QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"), this,
+                      SLOT(onResponse(uint, QVariantMap)));
   options.insert(QStringLiteral("handle_token"), token);
   call << options;
-  auto* const watcher = new QDBusPendingCallWatcher(portal_.bus.asyncCall(call), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, expectedPath] {
-    const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
+  onReply(portal_.bus.asyncCall(call), *this, [this](const QDBusPendingCall& reply) {
     if (reply.isError()) refuse();
-    // An old portal takes no token and says only now where it answers.
-    if (reply.isValid() && reply.value().path() != expectedPath) listen(reply.value().path());
-    watcher->deleteLater();
   });
-}
-
-void PortalRequest::listen(const QString& path) {
-  portal_.bus.connect(portal_.owner, path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"),
-                      this, SLOT(onResponse(uint, QVariantMap)));
 }
 
 void PortalRequest::onResponse(uint code, const QVariantMap& results) {

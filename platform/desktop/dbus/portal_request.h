@@ -34,7 +34,6 @@ class PortalRequest : public QObject {
 
  private:
   Q_SLOT void onResponse(uint code, const QVariantMap& results);
-  void listen(const QString& path);
   void refuse();
 
   Portal portal_;

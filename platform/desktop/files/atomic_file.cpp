@@ -6,10 +6,8 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 
 #include "platform/desktop/files/unique_fd.h"
 
@@ -32,8 +30,8 @@ auto uninterrupted(Call call) {
   return result;
 }
 
-/// The file that a chain of symbolic links ends at; it need not exist. No value and an error where that cannot be
-/// told: a link taken for a file would be replaced by one.
+/// The file that a chain of symbolic links ends at; it need not exist. An error if a link cannot be read: who took it
+/// for the file would replace the link.
 std::optional<fs::path> finalTarget(fs::path path, std::error_code& error) {
   for (int hops = 0; hops <= longestLinkChain; ++hops) {
     const fs::path target = fs::read_symlink(path, error);
@@ -54,26 +52,24 @@ UniqueFd openFolder(const fs::path& folder) {
   return UniqueFd(uninterrupted([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
 }
 
-/// Auxiliary files of `file` have this and a random number as their names.
+/// The names of a file's auxiliary files are this and a random number.
 std::string auxiliaryPrefix(const fs::path& file) {
   std::string prefix(1, '.');
   prefix.append(file.filename().string(), 0, longestNameKept).append(auxiliaryMark);
   return prefix;
 }
 
-std::string randomDigits() {
+std::string randomNumber() {
   std::uint64_t number = 0;
   uninterrupted([&] { return getrandom(&number, sizeof number, 0); });
-  std::array<char, 17> digits{};
-  std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(number));
-  return digits.data();
+  return std::to_string(number);
 }
 
-/// A new file beside the target. It is gone again at the end unless it was renamed away.
+/// A new file beside the target. The destructor removes it unless it was renamed.
 class AuxiliaryFile {
  public:
   AuxiliaryFile(int folder, const fs::path& target)
-      : folder_(folder), name_(auxiliaryPrefix(target) + randomDigits()), fd_(uninterrupted([this] {
+      : folder_(folder), name_(auxiliaryPrefix(target) + randomNumber()), fd_(uninterrupted([this] {
           return openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
         })) {
     present_ = bool(fd_);
@@ -99,7 +95,7 @@ class AuxiliaryFile {
   void takeModeAndOwner(const struct stat& existing) {
     if (fchown(fd_.get(), existing.st_uid, existing.st_gid) != 0 &&
         fchown(fd_.get(), static_cast<uid_t>(-1), existing.st_gid) != 0) {
-      // Another group would gain what the old one was given.
+      // The file has another group now, which must not get the rights of the old one.
       fchmod(fd_.get(), existing.st_mode & 0707U);
       return;
     }
@@ -142,10 +138,10 @@ std::optional<std::string> readFile(const fs::path& path, std::size_t largest, s
   if (S_ISDIR(status.st_mode)) return failed(std::make_error_code(std::errc::is_a_directory));
   if (!S_ISREG(status.st_mode)) return failed(std::make_error_code(std::errc::not_supported));
 
-  // By its size before any memory is taken; by what is read as well, since it may grow meanwhile.
+  // Compared twice: before the memory for it is taken, and after reading, since the file may grow meanwhile.
   const auto tooLarge = std::make_error_code(std::errc::file_too_large);
   if (static_cast<std::uintmax_t>(status.st_size) > largest) return failed(tooLarge);
-  // One byte more than expected, in which the end shows.
+  // With one byte more, the end is found without taking more memory.
   std::string contents(static_cast<std::size_t>(status.st_size) + 1, '\0');
   std::size_t length = 0;
   while (length <= largest) {
@@ -173,7 +169,7 @@ std::error_code replaceFile(const fs::path& path, std::string_view contents) {
   struct stat existing {};
   if (fstatat(folder.get(), name.c_str(), &existing, AT_SYMLINK_NOFOLLOW) == 0) auxiliary.takeModeAndOwner(existing);
   if (!auxiliary.finish() || !auxiliary.renameTo(name)) return lastError();
-  syncFolder(folder.get());  // the text is in place, whether or not
+  syncFolder(folder.get());  // the text is in place even if this fails
   return {};
 }
 
@@ -196,22 +192,23 @@ std::error_code keepFile(const fs::path& path, std::string_view suffix) {
   if (!folder) return lastError();
   const std::string name = target->filename().string();
   const std::string kept = name + std::string(suffix);
-  if (linkat(folder.get(), name.c_str(), folder.get(), kept.c_str(), 0) != 0) {
-    error = lastError();
-    std::error_code ignored;
-    if (error == std::errc::file_exists) {
-      return fs::equivalent(*target, folderOf(*target) / kept, ignored) ? std::error_code() : error;
-    }
-    if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
-    // Some file systems give nothing a second name, and some files are not ours to link.
-    if (renameat2(folder.get(), name.c_str(), folder.get(), kept.c_str(), RENAME_NOREPLACE) != 0) return lastError();
+  if (linkat(folder.get(), name.c_str(), folder.get(), kept.c_str(), 0) == 0) return syncFolder(folder.get());
+
+  error = lastError();
+  std::error_code ignored;
+  if (error == std::errc::file_exists) {
+    const bool same = fs::equivalent(*target, folderOf(*target) / kept, ignored);
+    return same ? std::error_code() : error;
   }
+  if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
+  // Some file systems have no second names, and some files of others must not get one: the file gets the new name only.
+  if (renameat2(folder.get(), name.c_str(), folder.get(), kept.c_str(), RENAME_NOREPLACE) != 0) return lastError();
   return syncFolder(folder.get());
 }
 
 std::error_code makeFolder(const fs::path& path, bool withParents) {
   if (mkdir(path.c_str(), 0700) == 0) {
-    // Else a power cut could take it away again, with all that is synced inside.
+    // Without this a power cut could take it away again, with all that is synced inside.
     if (const UniqueFd parent = openFolder(folderOf(path))) syncFolder(parent.get());
     return {};
   }

@@ -11,13 +11,13 @@
 /// Files on disk: the one place that reads, replaces and links them.
 namespace platform::desktop {
 
-/// Far more than settings ever are, in bytes.
+/// In bytes, far more than settings ever are.
 constexpr std::size_t largestSettings = std::size_t{1} << 20;
-/// What a text on the screen can hold, whose places are counted in ints, in bytes.
+/// In bytes. Qt counts the characters of a text on the screen in ints.
 constexpr std::size_t largestText = std::size_t{1} << 30;
 
-/// The whole of a regular file of at most `largest` bytes. Anything else that has the name is an error, and never
-/// waited for.
+/// The whole of a regular file of at most `largest` bytes. Anything else, a device or a pipe for example, is an error
+/// at once.
 std::optional<std::string> readFile(const std::filesystem::path&, std::size_t largest, std::error_code& error);
 
 /// Replaces the contents of the file that `path` finally leads to, in one step and durably; see NSString::writeToURL.
@@ -26,8 +26,8 @@ std::error_code replaceFile(const std::filesystem::path& path, std::string_view 
 /// Removes what a replacement of this file left behind when it was cut short.
 void sweepAuxiliaryFiles(const std::filesystem::path&);
 
-/// Gives a file an additional name, its own with `suffix` behind; see NSFileManager::keepUnreadableItemAtURL. No file
-/// is ever replaced: file_exists if another one has that name, while one that the file has already is a success.
+/// Gives a file an additional name, its own with `suffix` behind; see NSFileManager::keepUnreadableItemAtURL. A success
+/// if the file has that name already, file_exists if another one has it: no file is ever replaced.
 std::error_code keepFile(const std::filesystem::path&, std::string_view suffix);
 
 /// Makes a folder for its owner only, with its missing parents if asked to. One that exists is a success.

@@ -17,7 +17,7 @@ SettingsFile::SettingsFile(std::filesystem::path file) : file_(std::move(file)) 
   const auto contents = readFile(file_, largestSettings, error);
   const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(contents.value_or("")));
   values_ = document.object();
-  notRead_ = !document.isObject();
+  unreadable_ = !document.isObject();
 }
 
 SettingsFile& SettingsFile::ofProgram() {
@@ -34,10 +34,10 @@ void SettingsFile::store(const QString& key, const QJsonValue& value) {
 }
 
 void SettingsFile::write() {
-  if (written_ || (notRead_ && NSFileManager::defaultManager().keepUnreadableItemAtURL(file_))) return;
+  if (written_ || (unreadable_ && NSFileManager::defaultManager().keepUnreadableItemAtURL(file_))) return;
   makeFolder(file_.parent_path(), true);
   written_ = !replaceFile(file_, QJsonDocument(values_).toJson().toStdString());
-  if (written_) notRead_ = false;
+  if (written_) unreadable_ = false;
 }
 
 }  // namespace platform::desktop

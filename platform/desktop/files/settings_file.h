@@ -6,8 +6,7 @@
 
 namespace platform::desktop {
 
-/// One JSON object in a file, and what was stored in it since. A file that holds none counts as empty, and gets a
-/// second name before it is first replaced.
+/// A JSON object in a file. A file that holds none counts as empty, and gets a second name before it is first replaced.
 class SettingsFile {
  public:
   explicit SettingsFile(std::filesystem::path file);
@@ -17,8 +16,8 @@ class SettingsFile {
   const QJsonObject& values() const { return values_; }
   /// Undefined if there is none.
   QJsonValue value(const QString& key) const { return values_.value(key); }
-  /// Writes the whole file at once, if that or an earlier value is not written yet. What cannot be written holds all
-  /// the same.
+  /// Writes the whole file at once, unless it holds this value and all earlier ones already. A value that cannot be
+  /// written is kept in memory.
   void store(const QString& key, const QJsonValue& value);
   /// Tries again to write what could not be written.
   void write();
@@ -26,8 +25,8 @@ class SettingsFile {
  private:
   std::filesystem::path file_;
   QJsonObject values_;
-  bool notRead_;         ///< what is there, or turns up there, before the first write
-  bool written_ = true;  ///< all that was stored
+  bool unreadable_;      ///< a file that is there now, or appears before the first write, needs a second name
+  bool written_ = true;  ///< the file holds all that was stored
 };
 
 }  // namespace platform::desktop

@@ -3,15 +3,14 @@
 
 #include <QCoreApplication>
 
-#include "platform/desktop/application/desktop.h"
+#include "platform/desktop/language/key_names.h"
 #include "platform/desktop/language/strings.h"
-#include "platform/desktop/shortcuts/key_names.h"
 
 namespace platform {
 
 std::string NSLocalizedString(std::string_view key) {
   const auto keys = desktop::keysOfSymbols(desktop::toQString(key));
-  const QString shown = keys ? desktop::keyNames().nameOf(*keys) : qtTrId(std::string(key).c_str());
+  const QString shown = keys ? desktop::KeyNames::instance().nameOf(*keys) : qtTrId(std::string(key).c_str());
   return shown.toStdString();
 }
 

@@ -49,8 +49,7 @@ Translations::Translations() {
   QCoreApplication::installTranslator(&language_);
   // In the same language or not at all: a window in two is worse than one in English.
   const QString file = QStringLiteral("qtbase_") + language_.language();
-  if (toolkit_.load(file, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    QCoreApplication::installTranslator(&toolkit_);
+  if (ofQt_.load(file, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) QCoreApplication::installTranslator(&ofQt_);
 }
 
 Qt::LayoutDirection Translations::direction() const { return QLocale(language_.language()).textDirection(); }

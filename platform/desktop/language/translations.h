@@ -18,7 +18,7 @@ class Translations {
  private:
   QTranslator english_;
   QTranslator language_;
-  QTranslator toolkit_;
+  QTranslator ofQt_;
 };
 
 }  // namespace platform::desktop

@@ -14,24 +14,20 @@ namespace platform::desktop {
 /// A desktop entry in memory. What is not changed here stays as it was read: comments, translations, unknown keys.
 class DesktopEntry {
  public:
-  /// An entry without a key.
-  DesktopEntry();
   /// Nothing if these bytes are no desktop entry.
   static std::optional<DesktopEntry> parse(std::string_view bytes);
   std::string bytes() const;
 
-  bool has(const char* key) const;
-  void remove(const char* key);
-
   /// Nothing if the key is missing, empty or malformed.
   std::optional<std::string> string(const char* key) const;
   void setString(const char* key, const std::string& value);
-  /// What is neither true nor false counts as false, as it does for the desktops.
-  bool boolean(const char* key) const;
-  void setBoolean(const char* key, bool value);
-  /// Nothing if the key is missing.
-  std::optional<std::vector<std::string>> list(const char* key) const;
-  void setList(const char* key, const std::vector<std::string>& values);
+  /// `otherwise` if the key is missing. What is neither true nor false counts as false, as it does for the desktops.
+  bool boolean(const char* key, bool otherwise) const;
+
+  /// Whether OnlyShowIn and NotShowIn let this session's desktop ($XDG_CURRENT_DESKTOP) use the entry.
+  bool isShownHere() const;
+  /// Lets it, and keeps what they say of other desktops.
+  void showHere();
 
   /// The program that Exec starts: a path, or a name to look for in PATH.
   std::optional<std::string> program() const;
@@ -39,10 +35,11 @@ class DesktopEntry {
   void setProgram(const std::string& path);
 
  private:
-  struct Free {
-    void operator()(GKeyFile* file) const { g_key_file_free(file); }
-  };
-  std::unique_ptr<GKeyFile, Free> file_;
+  DesktopEntry();
+  std::vector<std::string> list(const char* key) const;
+  void setList(const char* key, const std::vector<std::string>& values);
+
+  std::unique_ptr<GKeyFile, decltype(&g_key_file_free)> file_;
 };
 
 }  // namespace platform::desktop

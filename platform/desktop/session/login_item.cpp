@@ -1,12 +1,111 @@
 // SPDX-License-Identifier: MIT
 #include "platform/login_item.h"
 
-#include "platform/desktop/session/autostart_entry.h"
+#include <QCoreApplication>
+#include <QFile>
+#include <filesystem>
+#include <memory>
+
+#include "platform/application_metadata.h"
+#include "platform/desktop/files/atomic_file.h"
+#include "platform/desktop/files/base_directories.h"
+#include "platform/desktop/session/desktop_entry.h"
+#include "platform/file_manager.h"
+#include "platform/localized_string.h"
 
 namespace platform {
 namespace {
 
-desktop::AutostartEntry entry() { return desktop::AutostartEntry(desktop::runningProgram()); }
+namespace fs = std::filesystem;
+using desktop::DesktopEntry;
+using Entry = std::optional<DesktopEntry>;
+
+constexpr const char* type = G_KEY_FILE_DESKTOP_KEY_TYPE;
+constexpr const char* application = G_KEY_FILE_DESKTOP_TYPE_APPLICATION;
+constexpr const char* name = G_KEY_FILE_DESKTOP_KEY_NAME;
+constexpr const char* tryExec = G_KEY_FILE_DESKTOP_KEY_TRY_EXEC;
+constexpr const char* hidden = G_KEY_FILE_DESKTOP_KEY_HIDDEN;
+constexpr const char* enabled = "X-GNOME-Autostart-enabled";
+
+fs::path entryBelow(const fs::path& configFolder) {
+  return configFolder / "autostart" / (std::string(metadata::identifier) + ".desktop");
+}
+
+/// The user's own, which counts before those of the system.
+fs::path ownFile() { return entryBelow(desktop::configHome()); }
+
+bool isFile(const fs::path& path) {
+  std::error_code error;
+  return fs::is_regular_file(path, error);
+}
+
+Entry read(const fs::path& file) {
+  std::error_code error;
+  const auto bytes = desktop::readFile(file, desktop::largestSettings, error);
+  return bytes ? DesktopEntry::parse(*bytes) : std::nullopt;
+}
+
+/// In the first of the system's folders that has such a file, which decides even if it is no entry.
+Entry systemWideEntry() {
+  for (const char* const* folder = g_get_system_config_dirs(); *folder != nullptr; ++folder) {
+    const fs::path file = entryBelow(*folder);
+    if (file.is_absolute() && isFile(file)) return read(file);
+  }
+  return std::nullopt;
+}
+
+/// What the desktop goes by: a file of the user's decides even if it is no entry.
+Entry decisiveEntry() { return isFile(ownFile()) ? read(ownFile()) : systemWideEntry(); }
+
+bool isOn(const DesktopEntry& entry) {
+  return entry.string(type) == application && !entry.boolean(hidden, false) && entry.boolean(enabled, true) &&
+         entry.isShownHere();
+}
+
+bool isExecutable(const std::optional<std::string>& program) {
+  return program && std::unique_ptr<char, decltype(&g_free)>(g_find_program_in_path(program->c_str()), g_free);
+}
+
+bool triesWhatIsThere(const DesktopEntry& entry) {
+  const auto program = entry.string(tryExec);
+  return !program || isExecutable(program);
+}
+
+/// Changes what keeps the desktop from starting `program`, or what the entry starts in its place.
+void letStart(DesktopEntry& entry, const std::string& program) {
+  entry.setString(type, application);
+  if (!entry.string(name)) entry.setString(name, std::string(metadata::name));
+  if (entry.boolean(hidden, false)) entry.setString(hidden, "false");
+  if (!entry.boolean(enabled, true)) entry.setString(enabled, "true");
+  entry.showHere();
+  const bool programIsMissing = !isExecutable(entry.program());
+  if (programIsMissing) entry.setProgram(program);
+  if (programIsMissing || !triesWhatIsThere(entry)) entry.setString(tryExec, program);
+}
+
+Entry newEntry() {
+  return DesktopEntry::parse("[Desktop Entry]\nType=Application\nName=" + std::string(metadata::name) +
+                             "\nComment=" + NSLocalizedString("One plain-text note, always at hand") +
+                             "\nIcon=" + std::string(metadata::identifier) +
+                             "\nTerminal=false\nStartupNotify=false\nX-GNOME-Autostart-enabled=true\n");
+}
+
+NSError failure(const std::string& what, const fs::path& path, const std::error_code& why) {
+  return {"cannot " + what + ' ' + path.string() + ": " + why.message()};
+}
+
+std::optional<NSError> saveAsOwn(const DesktopEntry& entry) {
+  const fs::path file = ownFile();
+  if (const auto error = desktop::makeFolder(file.parent_path(), true))
+    return failure("make", file.parent_path(), error);
+  if (!read(file)) {
+    const auto error = NSFileManager::defaultManager().keepUnreadableItemAtURL(file);
+    if (error) return failure("keep", file, error);
+  }
+  desktop::sweepAuxiliaryFiles(file);
+  if (const auto error = desktop::replaceFile(file, entry.bytes())) return failure("write", file, error);
+  return std::nullopt;
+}
 
 }  // namespace
 
@@ -15,8 +114,31 @@ SMAppService& SMAppService::mainAppService() {
   return service;
 }
 
-SMAppServiceStatus SMAppService::status() const { return entry().status(); }
-std::optional<NSError> SMAppService::registerAndReturnError() { return entry().switchOn(); }
-std::optional<NSError> SMAppService::unregisterAndReturnError() { return entry().switchOff(); }
+SMAppServiceStatus SMAppService::status() const {
+  const auto entry = decisiveEntry();
+  if (!entry || !isOn(*entry)) return SMAppServiceStatusNotRegistered;
+  const bool starts = isExecutable(entry->program()) && triesWhatIsThere(*entry);
+  return starts ? SMAppServiceStatusEnabled : SMAppServiceStatusNotFound;
+}
+
+std::optional<NSError> SMAppService::registerAndReturnError() {
+  if (status() == SMAppServiceStatusEnabled) return std::nullopt;
+  auto entry = read(ownFile());
+  if (!entry) entry = systemWideEntry();
+  if (!entry) entry = newEntry();
+  // Qt looked for it when the program began: after an upgrade it still is where the new one is.
+  const std::string program = QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString();
+  letStart(*entry, program);
+  if (auto error = saveAsOwn(*entry)) return error;
+  if (status() == SMAppServiceStatusEnabled) return std::nullopt;
+  return NSError{"the desktop does not start " + program + " by " + ownFile().string()};
+}
+
+std::optional<NSError> SMAppService::unregisterAndReturnError() {
+  auto entry = decisiveEntry();
+  if (!entry || !isOn(*entry)) return std::nullopt;
+  entry->setString(hidden, "true");
+  return saveAsOwn(*entry);
+}
 
 }  // namespace platform

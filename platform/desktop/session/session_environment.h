@@ -6,7 +6,10 @@
 
 namespace platform::desktop {
 
-/// Whether this is a session of the desktop with that registered name ("GNOME", "XFCE"), or of one that is made of it.
+inline const QString gnome = QStringLiteral("GNOME");
+inline const QString xfce = QStringLiteral("XFCE");
+
+/// Whether this is a session of the desktop with that registered name, or of one that is made of it.
 /// In capitals, as Qt compares it too.
 inline bool isSessionOf(const QString& desktop) {
   return qEnvironmentVariable("XDG_CURRENT_DESKTOP").toUpper().split(u':').contains(desktop);

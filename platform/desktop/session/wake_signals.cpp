@@ -5,11 +5,9 @@
 
 #include <QDBusArgument>
 #include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
-#include "platform/desktop/application/desktop.h"
 #include "platform/desktop/dbus/bus.h"
 #include "platform/desktop/session/x11_screen_watch.h"
 #include "platform/desktop/x11/x11.h"
@@ -18,7 +16,7 @@
 namespace platform {
 
 // The services are listened to whoever observes.
-void NSNotificationCenter::noteObserver(std::string_view /*name*/) {}
+void NSNotificationCenter::observerAdded(std::string_view /*name*/) {}
 
 }  // namespace platform
 
@@ -61,9 +59,9 @@ bool isOurUser(const QVariant& value) {
 
 }  // namespace
 
-WakeSignals::WakeSignals() {
-  systemBus().whenItAnswers(*this, [this] { listenToLoginManager(); });
-  sessionBus().whenItAnswers(*this, [this] { listenToSession(); });
+WakeSignals::WakeSignals(Bus& sessionBus, Bus& systemBus) {
+  systemBus.whenItAnswers(*this, [this] { listenToLoginManager(); });
+  sessionBus.whenItAnswers(*this, [this] { listenToSession(); });
   if (auto* const connection = x11::connection()) {
     screen_ = std::make_unique<X11ScreenWatch>(connection);
     screen_->onDisplayOn = [this] { whenUncovered(postScreensWake); };
@@ -107,14 +105,9 @@ void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantM
   const QVariant locked = changed.value(QStringLiteral("LockedHint"));
   if (!locked.isValid() || !endsAbsence(message.path(), locked.toBool())) return;
   // Other users of the machine have sessions too.
-  QDBusMessage question =
-      QDBusMessage::createMethodCall(loginManager, message.path(), properties, QStringLiteral("Get"));
-  question << loginSession << QStringLiteral("User");
-  auto* const call = new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(question), this);
-  connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-    const QDBusPendingReply<QDBusVariant> answer = *call;
-    if (answer.isValid() && isOurUser(answer.value().variant())) whenUncovered(postUnlock);
-    call->deleteLater();
+  const QDBusMessage question = getProperty(loginManager, message.path(), loginSession, QStringLiteral("User"));
+  onReply(QDBusConnection::systemBus().asyncCall(question), *this, [this](const QDBusPendingReply<QDBusVariant>& user) {
+    if (user.isValid() && isOurUser(user.value().variant())) whenUncovered(postUnlock);
   });
 }
 

@@ -9,6 +9,7 @@
 
 namespace platform::desktop {
 
+class Bus;
 class X11ScreenWatch;
 
 /// Hears of resumes, unlocks and displays that come on from whichever services the desktop has, now or later, and posts
@@ -18,7 +19,8 @@ class WakeSignals : public QObject {
   Q_OBJECT
 
  public:
-  WakeSignals();
+  /// Both buses outlive this.
+  WakeSignals(Bus& sessionBus, Bus& systemBus);
   ~WakeSignals() override;
 
  private:

@@ -24,11 +24,6 @@ X11ScreenWatch::X11ScreenWatch(xcb_connection_t* connection)
         xcb_screensaver_query_info_reply(connection_, xcb_screensaver_query_info(connection_, root_), nullptr));
     saverOn_ = saver && saver->state == XCB_SCREENSAVER_STATE_ON;
   }
-  qApp->installNativeEventFilter(this);
-}
-
-X11ScreenWatch::~X11ScreenWatch() {
-  if (qApp != nullptr) qApp->removeNativeEventFilter(this);
 }
 
 void X11ScreenWatch::whenUncovered(std::function<void()> then) {
@@ -37,28 +32,27 @@ void X11ScreenWatch::whenUncovered(std::function<void()> then) {
 }
 
 void X11ScreenWatch::runWaiting() {
-  covers_ = lockers();
+  covers_ = watchLockers();
   if (!covers_.empty()) return;
   for (const auto& then : std::exchange(waiting_, {})) then();
 }
 
-bool X11ScreenWatch::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
-  const auto& event = *static_cast<xcb_generic_event_t*>(message);
+bool X11ScreenWatch::take(xcb_generic_event_t& event) {
   const unsigned type = x11::typeOf(event);
   if (saverEvent_ && type == *saverEvent_) {
-    const auto& change = reinterpret_cast<const xcb_screensaver_notify_event_t&>(event);
+    const auto& change = x11::as<xcb_screensaver_notify_event_t>(event);
     // The server tells of each reset, and media players reset it every few seconds.
     const bool wasOn = std::exchange(saverOn_, change.state != XCB_SCREENSAVER_STATE_OFF);
     if (wasOn && !saverOn_ && onDisplayOn) onDisplayOn();
   } else if (type == XCB_UNMAP_NOTIFY || type == XCB_DESTROY_NOTIFY) {
     // The window stands at the same place in both.
-    const xcb_window_t gone = reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window;
+    const xcb_window_t gone = x11::as<xcb_unmap_notify_event_t>(event).window;
     if (std::find(covers_.begin(), covers_.end(), gone) != covers_.end()) runWaiting();
   }
   return false;
 }
 
-std::vector<xcb_window_t> X11ScreenWatch::lockers() {
+std::vector<xcb_window_t> X11ScreenWatch::watchLockers() {
   const Reply<xcb_query_tree_reply_t> tree(
       xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr));
   if (!tree) return {};

@@ -1,22 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <xcb/xcb.h>
-
-#include <QAbstractNativeEventFilter>
 #include <functional>
 #include <optional>
 #include <vector>
 
+#include "platform/desktop/x11/event_filter.h"
+
 namespace platform::desktop {
 
 /// What happens to an X11 screen as a whole: its saver, and lockers that cover it.
-class X11ScreenWatch : public QAbstractNativeEventFilter {
+class X11ScreenWatch : private x11::EventFilter {
  public:
   explicit X11ScreenWatch(xcb_connection_t* connection);
-  X11ScreenWatch(const X11ScreenWatch&) = delete;
-  X11ScreenWatch& operator=(const X11ScreenWatch&) = delete;
-  ~X11ScreenWatch() override;
 
   /// The screen saver has ended: the screen was blank, and is not any more.
   std::function<void()> onDisplayOn;
@@ -24,12 +20,11 @@ class X11ScreenWatch : public QAbstractNativeEventFilter {
   /// Runs `then` at once, or when the locker that now has the keyboard and covers the screen has gone.
   void whenUncovered(std::function<void()> then);
 
-  bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
-
  private:
+  bool take(xcb_generic_event_t& event) override;
   void runWaiting();
-  /// The windows that cover a screen while another program has the keyboard. Their ends are told from now on.
-  std::vector<xcb_window_t> lockers();
+  /// The windows that cover a screen while another program has the keyboard. Has the server tell of their ends.
+  std::vector<xcb_window_t> watchLockers();
   bool keyboardIsTaken();
   bool isOfOtherProgram(xcb_window_t window);
   bool coversAScreen(xcb_window_t window);

@@ -3,10 +3,10 @@
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
 #include <algorithm>
 #include <utility>
 
+#include "platform/desktop/dbus/bus.h"
 #include "platform/desktop/session/application_service.h"
 
 namespace platform::desktop {
@@ -42,13 +42,13 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& s
   return argument;
 }
 
-PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told,
-                                 Asks asks)
+PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated,
+                                 KeysChanged keysChanged, Asking asking)
     : portal_(std::move(portal)),
       shortcuts_(shortcuts),
       activated_(std::move(activated)),
-      told_(std::move(told)),
-      asks_(std::move(asks)),
+      keysChanged_(std::move(keysChanged)),
+      asking_(std::move(asking)),
       pause_(firstPause) {
   qDBusRegisterMetaType<PortalShortcut>();
   qDBusRegisterMetaType<QList<PortalShortcut>>();
@@ -72,11 +72,7 @@ void PortalShortcuts::listen() {
 void PortalShortcuts::tellName() {
   QDBusMessage call = portal_.call(QStringLiteral("org.freedesktop.host.portal.Registry"), QStringLiteral("Register"));
   call << serviceName() << QVariantMap();
-  auto* const watcher = new QDBusPendingCallWatcher(portal_.bus.asyncCall(call), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-    createSession();
-    watcher->deleteLater();
-  });
+  onReply(portal_.bus.asyncCall(call), *this, [this](const QDBusPendingCall& /*answer*/) { createSession(); });
 }
 
 void PortalShortcuts::createSession() {
@@ -121,14 +117,14 @@ void PortalShortcuts::bind() {
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("BindShortcuts"));
   const QString noParentWindow = QStringLiteral("");
   call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts_) << noParentWindow;
-  asks_(true);
+  asking_(true);
   binding_.emplace(
       portal_, call, QVariantMap(),
       [this](const QVariantMap& results) {
-        asks_(false);
+        asking_(false);
         tellKeys(results);
       },
-      [this] { asks_(false); });
+      [this] { asking_(false); });
 }
 
 void PortalShortcuts::onShortcutsChanged(const QDBusMessage& message) {
@@ -142,7 +138,7 @@ bool PortalShortcuts::isOurs(const QDBusObjectPath& session) const {
 
 void PortalShortcuts::tellKeys(const QVariantMap& results) const {
   for (const PortalShortcut& shortcut : shortcutsIn(results.value(shortcutsKey)))
-    told_(shortcut.id, shortcut.properties.value(QStringLiteral("trigger_description")).toString());
+    keysChanged_(shortcut.id, shortcut.properties.value(QStringLiteral("trigger_description")).toString());
 }
 
 /// Whatever the portal answered when it was asked to bind: the user may have taken only some of them, and GNOME 48 says
@@ -158,7 +154,7 @@ void PortalShortcuts::onClosed(const QDBusMessage& message) {
   session_.clear();
   listing_.reset();
   binding_.reset();
-  asks_(false);
+  asking_(false);
   if (lifetime_.hasExpired(longestPause.count())) pause_ = firstPause;
   renewLater();
 }

@@ -32,12 +32,13 @@ class PortalShortcuts : public QObject {
   /// Gets a shortcut's id, and a token that lets a window take the keyboard; empty if the portal gave none.
   using Activated = std::function<void(const QString& id, const QString& activationToken)>;
   /// Gets a shortcut's id, and what the desktop calls the keys that the user has for it; empty if it does not tell.
-  using Told = std::function<void(const QString& id, const QString& keys)>;
+  using KeysChanged = std::function<void(const QString& id, const QString& keys)>;
 
   /// Told when the portal begins to ask the user for the shortcuts, if it does, and when that is over.
-  using Asks = std::function<void(bool asks)>;
+  using Asking = std::function<void(bool asking)>;
 
-  PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, Told told, Asks asks);
+  PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, KeysChanged keysChanged,
+                  Asking asking);
 
   const Portal& portal() const { return portal_; }
 
@@ -63,8 +64,8 @@ class PortalShortcuts : public QObject {
   Portal portal_;
   QList<PortalShortcut> shortcuts_;
   Activated activated_;
-  Told told_;
-  Asks asks_;
+  KeysChanged keysChanged_;
+  Asking asking_;
   QString session_;  ///< empty before it is created and after it is closed
   QTimer renewal_;
   std::chrono::milliseconds pause_;

@@ -1,13 +1,62 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/desktop/shortcuts/global_keys.h"
+#include <QTimer>
+#include <optional>
+#include <vector>
 
-struct xcb_connection_t;
+#include "platform/desktop/shortcuts/global_keys.h"
+#include "platform/desktop/shortcuts/x11_modifiers.h"
+#include "platform/desktop/x11/event_filter.h"
 
 namespace platform::desktop {
 
-/// Passive grabs on the root window, renewed when the keyboard's modifiers change.
-std::unique_ptr<GlobalKeys> makeX11GlobalKeys(xcb_connection_t* connection);
+/// Tells the presses of one key from the repetitions that a held key sends after a while: presses without a release
+/// between them, or a release and a press of the same moment. Times are the X server's.
+class KeyRepetition {
+ public:
+  bool isRepeated(xcb_timestamp_t time);
+  void release(xcb_timestamp_t time);
+
+ private:
+  bool held_ = false;
+  xcb_timestamp_t firstPressedAt_ = 0;
+  xcb_timestamp_t pressedAt_ = 0;
+  xcb_timestamp_t releasedAt_ = 0;
+};
+
+/// Passive grabs of physical keys under X11, whatever the layout and the locks. They follow a change of the keyboard.
+class X11GlobalKeys : public GlobalKeys, private x11::EventFilter {
+ public:
+  /// `connection` is Qt's and stays its own.
+  X11GlobalKeys(RequestQueue& requests, xcb_connection_t* connection);
+  ~X11GlobalKeys() override;
+
+ private:
+  struct HotKey {
+    xcb_keycode_t key;
+    std::uint32_t modifiers;
+    std::function<void()> pressed;
+    bool grabbed;
+    KeyRepetition repetition;
+  };
+
+  bool grab(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) override;
+  bool take(xcb_generic_event_t& event) override;
+  unsigned stateFor(const HotKey& hotKey) const;
+  bool grab(const HotKey& hotKey);
+  void ungrab(const HotKey& hotKey);
+  void keyboardChanged();
+  bool press(const xcb_key_press_event_t& event);
+  void release(const xcb_key_release_event_t& event);
+  void lookForReleases();
+
+  xcb_connection_t* connection_;
+  xcb_window_t root_;
+  X11Modifiers modifiers_;
+  std::optional<unsigned> keyboardEvent_;  ///< the one type of all the keyboard extension's events
+  std::vector<HotKey> hotKeys_;
+  QTimer releaseWatch_;  ///< while a key is down whose release may not be told
+};
 
 }  // namespace platform::desktop

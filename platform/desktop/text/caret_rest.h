@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
+#include <QGuiApplication>
+#include <QStyleHints>
 #include <QTimer>
+#include <chrono>
+#include <utility>
 
 namespace platform::desktop {
 
@@ -10,17 +13,35 @@ namespace platform::desktop {
 /// that is left alone wakes nothing up.
 class CaretRest {
  public:
-  explicit CaretRest(QObject& editor);
+  explicit CaretRest(QObject& editor) : untilRest_(&editor) {
+    untilRest_.setObjectName(QStringLiteral("caretRest"));
+    untilRest_.setSingleShot(true);
+    untilRest_.setInterval(std::chrono::seconds(10));
+    untilRest_.callOnTimeout([this] {
+      rests_ = true;
+      // Qt's editors know one setting for all of them; ours is the only one in the program.
+      QGuiApplication::styleHints()->setCursorFlashTime(neverBlinks);
+    });
+  }
   CaretRest(const CaretRest&) = delete;
   CaretRest& operator=(const CaretRest&) = delete;
   ~CaretRest() { end(); }
 
   /// The editor has got the focus, or the user has done something in it.
-  void blink();
+  void blink() {
+    end();
+    if (QGuiApplication::styleHints()->cursorFlashTime() != neverBlinks) untilRest_.start();
+  }
   /// The editor has lost the focus, and with it the caret.
-  void end();
+  void end() {
+    untilRest_.stop();
+    if (std::exchange(rests_, false)) QGuiApplication::styleHints()->setCursorFlashTime(asTheDesktopHasIt);
+  }
 
  private:
+  static constexpr int neverBlinks = 0;
+  static constexpr int asTheDesktopHasIt = -1;  // takes back what was set before
+
   QTimer untilRest_;
   bool rests_ = false;
 };

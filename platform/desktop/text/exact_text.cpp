@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/text/exact_text.h"
 
+#include <QScopeGuard>
+#include <QStringConverter>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
-#include <iterator>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -23,41 +23,27 @@ constexpr char16_t frameEnd = 0xFDD1;
 constexpr char16_t standInBegin = 0xDFD0;
 constexpr char16_t standInEnd = 0xDFD1;
 
-bool isFrameMark(QChar c) { return c == frameBegin || c == frameEnd; }
-bool isStandIn(QChar c) { return c == standInBegin || c == standInEnd; }
-
 void putStandInsIn(QString& text) {
-  if (std::none_of(text.cbegin(), text.cend(), isFrameMark)) return;  // and is not copied
-  for (QChar& c : text) {
-    if (isFrameMark(c)) c = c == frameBegin ? standInBegin : standInEnd;
-  }
+  text.replace(QChar(frameBegin), QChar(standInBegin)).replace(QChar(frameEnd), QChar(standInEnd));
 }
 
 void takeStandInsOut(QString& text) {
   bool afterHigh = false;
   for (qsizetype i = 0; i < text.size(); ++i) {
     const QChar c = std::as_const(text)[i];
-    if (!afterHigh && isStandIn(c)) text[i] = c == standInBegin ? frameBegin : frameEnd;
+    if (!afterHigh && (c == standInBegin || c == standInEnd)) text[i] = c == standInBegin ? frameBegin : frameEnd;
     afterHigh = c.isHighSurrogate();
   }
 }
 
-bool isUnusualLineEnd(QChar c) { return c == u'\r' || c == paragraphSeparator; }
+bool isLineEnd(QChar c) { return c == u'\n' || c == u'\r' || c == paragraphSeparator; }
 
-/// Cuts the next line off the front of `text`. None where the text has no further line end.
-std::optional<LineEnd> cutLine(QStringView& text, QStringView& line) {
-  const auto end = std::find_if(text.begin(), text.end(), [](QChar c) { return c == u'\n' || isUnusualLineEnd(c); });
-  line = text.first(end - text.begin());
-  if (end == text.end()) {
-    text = {};
-    return std::nullopt;
+/// What of several characters there is at the front of a text that begins with a line end.
+LineEnd firstLineEnd(QStringView text) {
+  for (const auto kind : {LineEnd::LineFeed, LineEnd::CarriageReturnLineFeed, LineEnd::CarriageReturn}) {
+    if (text.startsWith(spelling(kind))) return kind;
   }
-  const LineEnd kind = *end == u'\n'                                              ? LineEnd::LineFeed
-                       : *end == paragraphSeparator                               ? LineEnd::ParagraphSeparator
-                       : std::next(end) != text.end() && *std::next(end) == u'\n' ? LineEnd::CarriageReturnLineFeed
-                                                                                  : LineEnd::CarriageReturn;
-  text = text.sliced(line.size() + spelling(kind).size());
-  return kind;
+  return LineEnd::ParagraphSeparator;
 }
 
 /// A text as a document holds it, and its line ends.
@@ -70,99 +56,68 @@ struct Lines {
   std::vector<Run> ends;
 
   void end(LineEnd kind) {
+    text += u'\n';
     if (ends.empty() || ends.back().kind != kind) ends.push_back({kind, 0});
     ++ends.back().count;
   }
   void append(QStringView paragraph) {
     qsizetype start = 0;
     for (const qsizetype joint : jointsIn(paragraph)) {
-      text.append(paragraph.sliced(start, joint - start)).append(u'\n');
+      text += paragraph.sliced(start, joint - start);
       end(LineEnd::Joint);
       start = joint;
     }
-    text.append(paragraph.sliced(start));
+    text += paragraph.sliced(start);
   }
 };
 
-/// Whether a document has it as it is.
-bool isOrdinary(QStringView text) {
-  if (std::any_of(text.begin(), text.end(), isUnusualLineEnd)) return false;
-  while (!text.isEmpty()) {
-    const auto end = std::find(text.begin(), text.end(), QChar(u'\n'));
-    if (!fitsInBlock(text.first(end - text.begin()))) return false;
-    text = text.sliced(std::min<qsizetype>(end - text.begin() + 1, text.size()));
-  }
-  return true;
-}
-
-Lines linesOf(const QString& text) {
+Lines linesOf(QStringView text) {
   Lines lines;
-  if (isOrdinary(text)) {
-    lines.text = text;
-    putStandInsIn(lines.text);
-    return lines;
-  }
   lines.text.reserve(text.size());
-  QStringView rest = text;
-  QStringView line;
-  while (const auto kind = cutLine(rest, line)) {
-    lines.append(line);
-    lines.text.append(u'\n');
-    lines.end(*kind);
+  while (true) {
+    const qsizetype length = std::find_if(text.begin(), text.end(), isLineEnd) - text.begin();
+    lines.append(text.first(length));
+    text = text.sliced(length);
+    if (text.isEmpty()) break;
+    const LineEnd kind = firstLineEnd(text);
+    lines.end(kind);
+    text = text.sliced(spelling(kind).size());
   }
-  lines.append(line);
   putStandInsIn(lines.text);
   return lines;
 }
 
-/// What is before the paragraph, however many blocks it has.
-LineEnd lineEndBeforeParagraph(QTextBlock block) {
-  while (isJoined(block)) block = block.previous();
-  return lineEndBefore(block);
+/// Until what it returns goes, nothing is remembered for undo.
+auto withoutUndo(QTextDocument& document) {
+  const bool was = document.isUndoRedoEnabled();
+  document.setUndoRedoEnabled(false);
+  return qScopeGuard([&document, was] { document.setUndoRedoEnabled(was); });
 }
-
-class WithoutUndo {
- public:
-  explicit WithoutUndo(QTextDocument& document) : document_(document), was_(document.isUndoRedoEnabled()) {
-    document_.setUndoRedoEnabled(false);
-  }
-  ~WithoutUndo() { document_.setUndoRedoEnabled(was_); }
-  WithoutUndo(const WithoutUndo&) = delete;
-  WithoutUndo& operator=(const WithoutUndo&) = delete;
-
- private:
-  QTextDocument& document_;
-  bool was_;
-};
 
 }  // namespace
 
-QString withScalarValuesOnly(QString text) {
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = std::as_const(text)[i];
-    if (!c.isSurrogate()) continue;
-    if (c.isHighSurrogate() && i + 1 < text.size() && std::as_const(text)[i + 1].isLowSurrogate()) {
-      ++i;
-    } else {
-      text[i] = QChar::ReplacementCharacter;
-    }
-  }
-  return text;
+QString withScalarValuesOnly(const QString& text) {
+  if (text.isValidUtf16()) return text;
+  const QByteArray utf8 = QStringEncoder(QStringEncoder::Utf8, QStringConverter::Flag::Stateless)(text);
+  // With a byte-order mark, if it begins with one.
+  return QStringDecoder(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom)(utf8);
 }
 
 bool needsExactInsertion(QStringView text) {
-  const auto isSpecial = [](QChar c) { return c.isSurrogate() || isFrameMark(c) || isUnusualLineEnd(c); };
-  return std::any_of(text.begin(), text.end(), isSpecial) || !fitsInBlock(text);
+  const auto isSpecial = [](QChar c) {
+    return c.isSurrogate() || c == frameBegin || c == frameEnd || c == u'\r' || c == paragraphSeparator;
+  };
+  return std::any_of(text.begin(), text.end(), isSpecial) || !jointsIn(text).empty();
 }
 
 void setExactText(QTextDocument& document, const QString& text) {
-  const WithoutUndo withoutUndo(document);
+  const auto undoLater = withoutUndo(document);
   document.setPlainText({});
   prependExactText(document, text);
 }
 
 void prependExactText(QTextDocument& document, const QString& text) {
-  const WithoutUndo withoutUndo(document);
+  const auto undoLater = withoutUndo(document);
   insertExactText(QTextCursor(&document), text);
   // The first block has the kind of the first line end too, so that a line made before it is of that kind.
   QTextBlock second = document.begin().next();
@@ -189,7 +144,9 @@ void insertLineEnd(QTextCursor cursor) {
   // In the place of a joint.
   stepOverJoints(cursor, Direction::Forward);
   if (isJoined(cursor.block()) && cursor.atBlockStart()) cursor.deletePreviousChar();
-  cursor.insertBlock(cursor.blockFormat(), formatOf(lineEndBeforeParagraph(cursor.block())));
+  QTextBlock first = cursor.block();
+  while (isJoined(first)) first = first.previous();
+  cursor.insertBlock(cursor.blockFormat(), formatOf(lineEndBefore(first)));
   cursor.endEditBlock();
 }
 
@@ -220,14 +177,13 @@ QString exactText(const QTextDocument& document) {
 int positionForExactIndex(const QTextDocument& document, qsizetype index) {
   if (!hasUnusualLineEnds(document)) return static_cast<int>(std::min<qsizetype>(index, document.characterCount() - 1));
   QTextBlock block = document.begin();
-  qsizetype start = 0;
-  for (QTextBlock next = block.next(); next.isValid(); next = next.next()) {
-    const qsizetype nextStart = start + block.length() - 1 + spelling(lineEndBefore(next)).size();
-    if (index < nextStart) break;
-    start = nextStart;
+  for (QTextBlock next = block.next(); next.isValid(); next = block.next()) {
+    const qsizetype lengthWithEnd = block.length() - 1 + spelling(lineEndBefore(next)).size();
+    if (index < lengthWithEnd) break;
+    index -= lengthWithEnd;
     block = next;
   }
-  return block.position() + static_cast<int>(std::min<qsizetype>(index - start, block.length() - 1));
+  return block.position() + static_cast<int>(std::min<qsizetype>(index, block.length() - 1));
 }
 
 }  // namespace platform::desktop

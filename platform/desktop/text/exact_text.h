@@ -14,7 +14,7 @@ class QTextDocument;
 namespace platform::desktop {
 
 /// `text` with U+FFFD for every lone surrogate.
-QString withScalarValuesOnly(QString text);
+QString withScalarValuesOnly(const QString& text);
 
 /// Whether `QTextCursor::insertText` would not insert just `text`.
 bool needsExactInsertion(QStringView text);

@@ -5,6 +5,7 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <algorithm>
+#include <array>
 
 namespace platform::desktop {
 namespace {
@@ -17,19 +18,8 @@ constexpr int firstKind = QTextFormat::UserObject;
 }  // namespace
 
 QStringView spelling(LineEnd kind) {
-  switch (kind) {
-    case LineEnd::LineFeed:
-      return u"\n";
-    case LineEnd::CarriageReturnLineFeed:
-      return u"\r\n";
-    case LineEnd::CarriageReturn:
-      return u"\r";
-    case LineEnd::ParagraphSeparator:
-      return u"\u2029";
-    case LineEnd::Joint:
-      return u"";
-  }
-  return u"\n";
+  static constexpr std::array<QStringView, 5> spellings{u"\n", u"\r\n", u"\r", u"\u2029", u""};
+  return spellings.at(static_cast<std::size_t>(kind));
 }
 
 LineEnd lineEndBefore(const QTextBlock& block) {

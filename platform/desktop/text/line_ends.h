@@ -12,6 +12,7 @@ class QTextDocument;
 namespace platform::desktop {
 
 /// A joint is where a long paragraph goes on in a block of its own: it shows as a line end and is none.
+/// `spelling` has them in this order.
 enum class LineEnd { LineFeed, CarriageReturnLineFeed, CarriageReturn, ParagraphSeparator, Joint };
 
 /// As it stands in the exact text.

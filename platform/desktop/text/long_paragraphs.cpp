@@ -4,6 +4,7 @@
 #include <QTextBlock>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <algorithm>
 
 #include "platform/desktop/text/line_ends.h"
@@ -15,7 +16,9 @@ namespace {
 constexpr int greatestCost = 16'384;
 constexpr int costOfForeignLetter = 4;  // may be looked for in every font
 constexpr int costOfMark = 32;          // is ordered among all marks of its letter
-constexpr int costOfPicture = 64;       // is decoded, from a font of pictures, each time that it is measured
+// A picture is decoded, from a font of pictures, each time that it is measured. Only the first half of one beyond the
+// first plane counts, and for both: the second may be half a letter.
+constexpr int costOfPicture = 128;
 
 constexpr char16_t lastOrdinary = 0x02FF;
 constexpr char16_t firstPicture = 0x2190;
@@ -24,10 +27,10 @@ constexpr char16_t firstHighOfPictures = 0xD83C;
 constexpr char16_t lastHighOfPictures = 0xD83E;
 
 int costOf(QChar c) {
-  if (c <= QChar(lastOrdinary)) return 1;
-  // Each half of a picture beyond the first plane counts, but they have their low halves in common with letters.
-  if (c >= QChar(firstHighOfPictures) && c <= QChar(lastHighOfPictures)) return 2 * costOfPicture;
-  if (c >= QChar(firstPicture) && c <= QChar(lastPicture)) return 2 * costOfPicture;
+  if (c <= lastOrdinary) return 1;
+  if ((c >= firstPicture && c <= lastPicture) || (c >= firstHighOfPictures && c <= lastHighOfPictures)) {
+    return costOfPicture;
+  }
   return c.isMark() ? costOfMark : costOfForeignLetter;
 }
 
@@ -38,18 +41,13 @@ qsizetype lengthOfBlock(QStringView text) {
   return end - text.begin();
 }
 
-/// The last place in the second half of a text where such a boundary is; 0 if there is none.
-qsizetype lastBoundary(QTextBoundaryFinder::BoundaryType type, QStringView text) {
-  QTextBoundaryFinder finder(type, text);
-  finder.toEnd();
-  const qsizetype found = finder.toPreviousBoundary();
-  return found > text.size() / 2 ? found : 0;
-}
-
-/// Where lines may end, else between two characters as people see them, else anywhere but inside a character.
+/// Where lines may end, else between two characters as people see them, else anywhere but inside a character; in the
+/// second half of the text, if there is such a place.
 qsizetype placeOfJoint(QStringView text) {
   for (const auto type : {QTextBoundaryFinder::Line, QTextBoundaryFinder::Grapheme}) {
-    if (const qsizetype found = lastBoundary(type, text)) return found;
+    QTextBoundaryFinder finder(type, text);
+    finder.toEnd();
+    if (const qsizetype found = finder.toPreviousBoundary(); found > text.size() / 2) return found;
   }
   return text.back().isHighSurrogate() ? text.size() - 1 : text.size();
 }
@@ -73,10 +71,6 @@ void divideIfLong(QTextCursor cursor) {
 
 }  // namespace
 
-bool fitsInBlock(QStringView paragraph) {
-  return paragraph.size() <= greatestCost / (2 * costOfPicture) || lengthOfBlock(paragraph) == paragraph.size();
-}
-
 std::vector<qsizetype> jointsIn(QStringView paragraph) {
   std::vector<qsizetype> joints;
   qsizetype start = 0;
@@ -91,6 +85,7 @@ std::vector<qsizetype> jointsIn(QStringView paragraph) {
 
 void arrangeBlock(QTextCursor cursor) {
   const QTextBlock block = cursor.block();
+  if (!block.layout()->preeditAreaText().isEmpty()) return;
   const bool joined = isJoined(block);
   if (block.length() > 1) {
     divideIfLong(cursor);

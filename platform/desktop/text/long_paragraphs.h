@@ -9,13 +9,11 @@
 /// shown in several blocks, with joints between them that are no part of the text.
 namespace platform::desktop {
 
-bool fitsInBlock(QStringView paragraph);
-
 /// The places in a paragraph where a block ends and the next begins, in order; none in most.
 std::vector<qsizetype> jointsIn(QStringView paragraph);
 
 /// After an edit, as part of it for undo: takes away the joints of a block that has become empty, and divides one that
-/// has grown too long.
+/// has grown too long. Leaves a block alone in which an input method composes: its layout holds what is open.
 void arrangeBlock(QTextCursor cursor);
 
 enum class Direction { Backward, Forward };

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/text/note_editor.h"
 
-#include <QKeyEvent>
-#include <QMimeData>
+#include <QEvent>
 #include <QPlainTextDocumentLayout>
-#include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QTextOption>
-#include <memory>
+#include <algorithm>
+#include <array>
 #include <utility>
 
-#include "platform/desktop/text/editor_keys.h"
 #include "platform/desktop/text/exact_text.h"
-#include "platform/desktop/text/long_paragraphs.h"
-#include "platform/desktop/text/offered_text.h"
-#include "platform/desktop/windows/decoration.h"
+#include "platform/desktop/views/title_bar_height.h"
 
 namespace platform::desktop {
 namespace {
@@ -23,30 +19,20 @@ constexpr int tabWidth = 8;  // characters
 
 /// What the user does to the text, or to what of it is in view.
 bool actsOnText(const QEvent& event) {
-  switch (event.type()) {
-    case QEvent::KeyPress:
-    case QEvent::InputMethod:
-    case QEvent::MouseButtonPress:
-    case QEvent::TouchBegin:
-    case QEvent::Wheel:
-    case QEvent::Drop:
-      return true;
-    default:
-      return false;
-  }
+  constexpr std::array acts{QEvent::KeyPress,   QEvent::InputMethod, QEvent::MouseButtonPress,
+                            QEvent::TouchBegin, QEvent::Wheel,       QEvent::Drop};
+  return std::find(acts.begin(), acts.end(), event.type()) != acts.end();
 }
 
-/// Leaves more room below the last line than the document's one margin for all four sides.
+/// Leaves as much room below the last line as the title bar takes above the first.
 class NoteLayout : public QPlainTextDocumentLayout {
  public:
   using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
 
   QRectF blockBoundingRect(const QTextBlock& block) const override {
     const QRectF rect = QPlainTextDocumentLayout::blockBoundingRect(block);
-    return block.next().isValid() ? rect : rect.adjusted(0, 0, 0, roomBelow);
+    return block.next().isValid() ? rect : rect.adjusted(0, 0, 0, titleBarHeight);
   }
-
-  int roomBelow = 0;
 };
 
 }  // namespace
@@ -66,42 +52,15 @@ NoteEditor::NoteEditor() {
   setAccessibleName(qtTrId("Note"));
   roomAboveScroller_.setFixedHeight(titleBarHeight);
   addScrollBarWidget(&roomAboveScroller_, Qt::AlignTop);
-  connect(this, &QPlainTextEdit::textChanged, [this] { tellOfEdit(); });
-  connect(&loader_, &QTimer::timeout, this, &NoteEditor::loadPiece);
 }
 
-void NoteEditor::editKey(QKeyEvent& key) {
-  const QString text = typedText(key);
-  if (const auto direction = directionOfEdit(key)) stepOverJointsTo(*direction);
-  if (endsLine(key)) {
-    // Qt's own Return drops a line end's kind, and its Shift+Return types U+2028.
-    insertLineEnd(textCursor());
-    ensureCursorVisible();
-  } else if (needsExactInsertion(text)) {
-    insertExactly(text);
-  } else if (key.matches(QKeySequence::DeleteEndOfLine)) {
-    removeRestOfParagraph(textCursor());
-    ensureCursorVisible();
-  } else {
-    QKeyEvent edit(key.type(), key.key(), key.modifiers(), text, key.isAutoRepeat(), static_cast<ushort>(key.count()));
-    giveToToolkit(edit);
-    key.setAccepted(edit.isAccepted());
-  }
-}
-
-void NoteEditor::stepOverJointsTo(Direction direction) {
+void NoteEditor::selectExactly(qsizetype location, qsizetype length) {
+  if (location < loader_.above().size()) loadRest();
+  location -= loader_.above().size();
   QTextCursor cursor = textCursor();
-  stepOverJoints(cursor, direction);
-  if (cursor != textCursor()) setTextCursor(cursor);
-}
-
-void NoteEditor::giveToToolkit(QKeyEvent& key) {
-  const int revision = document()->revision();
-  const int position = textCursor().position();
-  QPlainTextEdit::keyPressEvent(&key);
-  // A move goes on to where the user sees one.
-  const bool moved = document()->revision() == revision;
-  if (moved && onlyJointBetween(*document(), position, textCursor().position())) QPlainTextEdit::keyPressEvent(&key);
+  cursor.setPosition(positionForExactIndex(*document(), location));
+  if (length > 0) cursor.setPosition(positionForExactIndex(*document(), location + length), QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
 }
 
 void NoteEditor::setNoteFont(const QFont& font) {
@@ -114,13 +73,12 @@ void NoteEditor::setInset(int horizontal, int vertical) {
   // inset is the document's.
   const int margin = vertical - titleBarHeight;
   document()->setDocumentMargin(margin);
-  static_cast<NoteLayout&>(*document()->documentLayout()).roomBelow = titleBarHeight;
   setViewportMargins(horizontal - margin, titleBarHeight, horizontal - margin, 0);
 }
 
 /// The document is whole, the caret blinks, and what an input method has not committed again it no longer will.
 void NoteEditor::prepareForUser(const QEvent& event) {
-  if (event.type() != QEvent::InputMethod) lateCommit_.clear();
+  if (event.type() != QEvent::InputMethod) composition_.forgetCommit();
   caret_.blink();
   loadRest();
 }
@@ -131,7 +89,7 @@ bool NoteEditor::viewportEvent(QEvent* event) {
 }
 
 void NoteEditor::focusInEvent(QFocusEvent* event) {
-  lateCommit_.clear();
+  composition_.forgetCommit();
   QPlainTextEdit::focusInEvent(event);
   caret_.blink();
 }
@@ -149,7 +107,7 @@ void NoteEditor::showEvent(QShowEvent* event) {
 
 void NoteEditor::paintEvent(QPaintEvent* event) {
   QPlainTextEdit::paintEvent(event);
-  if (!above_.isEmpty() && !loader_.isActive()) loader_.start();
+  loader_.goOn();
 }
 
 bool NoteEditor::event(QEvent* event) {
@@ -168,36 +126,6 @@ void NoteEditor::keyPressEvent(QKeyEvent* event) {
   } else {
     editKey(*event);
   }
-}
-
-QMimeData* NoteEditor::createMimeDataFromSelection() const {
-  auto data = std::make_unique<QMimeData>();
-  const QTextCursor cursor = textCursor();
-  data->setText(exactText(*document(), cursor.selectionStart(), cursor.selectionEnd()));
-  return data.release();  // the caller's, as Qt asks
-}
-
-bool NoteEditor::canInsertFromMimeData(const QMimeData* source) const { return offersText(*source); }
-
-void NoteEditor::insertFromMimeData(const QMimeData* source) {
-  if (const auto text = offeredText(*source)) insertExactly(*text);
-}
-
-void NoteEditor::insertExactly(const QString& text) {
-  insertExactText(textCursor(), withScalarValuesOnly(text));
-  ensureCursorVisible();
-}
-
-void NoteEditor::tellOfEdit() {
-  // Qt reports a change of looks too; it leaves the revision alone.
-  if (silent_ || document()->revision() == toldRevision_) return;
-  // Not under a composition: what is open in it belongs to the layout of its block.
-  if (composition_.isEmpty() && !document()->isRedoAvailable()) {
-    const QScopedValueRollback quiet(silent_, true);
-    arrangeBlock(textCursor());
-  }
-  toldRevision_ = document()->revision();
-  if (onEdit) onEdit();
 }
 
 }  // namespace platform::desktop

@@ -2,7 +2,7 @@
 #include "platform/text_view.h"
 
 #include <QKeyEvent>
-#include <array>
+#include <map>
 
 #include "platform/desktop/language/strings.h"
 #include "platform/desktop/text/note_editor.h"
@@ -23,15 +23,9 @@ struct NSTextView::Impl {
   NSTextContainer container;
 };
 
-namespace {
-
-NoteEditor& editorOf(const NSTextView& view) { return static_cast<NoteEditor&>(*view.native().widget); }
-
-}  // namespace
-
 NSTextView::NSTextView(NSRect frame)
     : NSView(frame, std::make_shared<Native>(std::make_unique<NoteEditor>())),
-      impl_(std::make_shared<Impl>(Impl{editorOf(*this), {}})) {
+      impl_(std::make_shared<Impl>(Impl{static_cast<NoteEditor&>(*native().widget), {}})) {
   impl_->editor.onKey = [this](QKeyEvent& key) {
     NSEvent::Native native{key};
     NSEvent event(key.key() == Qt::Key_Escape ? kVK_Escape : kVK_Unnamed, &native);
@@ -76,23 +70,16 @@ void NSTextView::setSelectedRange(NSRange range) {
 }
 
 bool NSTextView::perform(Selector action, NSObject* /*sender*/) {
-  struct Command {
-    Selector selector;
-    void (QPlainTextEdit::*run)();
-  };
-  static constexpr std::array commands{
-      Command{{"undo"}, &QPlainTextEdit::undo},   Command{{"redo"}, &QPlainTextEdit::redo},
-      Command{{"cut"}, &QPlainTextEdit::cut},     Command{{"copy"}, &QPlainTextEdit::copy},
-      Command{{"paste"}, &QPlainTextEdit::paste}, Command{{"selectAll"}, &QPlainTextEdit::selectAll},
-  };
-  for (const Command& command : commands) {
-    if (command.selector != action) continue;
-    impl_->editor.loadRest();
-    (impl_->editor.*command.run)();
-    impl_->editor.ensureCursorVisible();
-    return true;
-  }
-  return false;
+  using Editor = QPlainTextEdit;
+  static const std::map<std::string_view, void (Editor::*)()> commands{
+      {"undo", &Editor::undo}, {"redo", &Editor::redo},   {"cut", &Editor::cut},
+      {"copy", &Editor::copy}, {"paste", &Editor::paste}, {"selectAll", &Editor::selectAll}};
+  const auto command = commands.find(action.name);
+  if (command == commands.end()) return false;
+  impl_->editor.loadRest();
+  (impl_->editor.*command->second)();
+  impl_->editor.ensureCursorVisible();
+  return true;
 }
 
 void NSTextView::keyDown(NSEvent& event) {

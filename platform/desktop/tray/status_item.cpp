@@ -3,53 +3,49 @@
 
 #include <optional>
 
-#include "platform/desktop/application/desktop.h"
-#include "platform/desktop/session/application_service.h"
-#include "platform/desktop/tray/toolkit_menu.h"
+#include "platform/desktop/session/offered_commands.h"
+#include "platform/desktop/tray/qt_menu.h"
+#include "platform/desktop/tray/status_bar.h"
 #include "platform/desktop/tray/tray.h"
 #include "platform/desktop/views/native_view.h"
 #include "platform/desktop/views/symbol_button.h"
-#include "platform/desktop/windows/decoration.h"
+#include "platform/desktop/windows/first_frame.h"
+#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/program_windows.h"
 
 namespace platform {
 
-using desktop::NoteFrame;
-using desktop::ToolkitMenu;
-
-namespace {
-
-/// The one item that a program has, while it looks for trays.
-struct Shown {
-  const NSView* button = nullptr;
-  const desktop::Tray* tray = nullptr;
-} shown;
-
-}  // namespace
+using desktop::NoteWindow;
+using desktop::QtMenu;
+using desktop::StatusBar;
+using desktop::Tray;
 
 struct NSStatusItem::Impl {
+  StatusBar& bar = StatusBar::instance();
   std::shared_ptr<NSButton> button = NSButton::buttonWithImage(std::nullopt, {}, {});
   std::shared_ptr<NSMenu> menu;
-  std::optional<ToolkitMenu> toolkitMenu;
-  std::optional<desktop::Tray> tray;
+  std::optional<QtMenu> qtMenu;
+  std::optional<Tray> tray;
   QObject whileThere;
 
   Impl() {
     QAbstractButton& widget = buttonWidget();
     widget.setEnabled(true);
     QObject::connect(&widget, &QAbstractButton::clicked, &whileThere, [this] { openMenuAtButton(); });
+    button->native().placeOutside = [this] { return tray ? tray->place() : std::nullopt; };
   }
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
   ~Impl() {
-    shown = {};
-    if (NoteFrame* const frame = NoteFrame::first()) frame->setItemButton(nullptr);
+    button->native().placeOutside = [] { return std::nullopt; };
+    putIntoTitleBar(nullptr);
   }
 
   QAbstractButton& buttonWidget() const { return static_cast<QAbstractButton&>(*button->native().widget); }
 
   void openMenuAtButton() {
-    if (!toolkitMenu) return;
-    QMenu& opened = toolkitMenu->menu();
+    if (!qtMenu) return;
+    QMenu& opened = qtMenu->menu();
     const QRect place = buttonWidget().rect();
     const QPoint corner =
         opened.isRightToLeft() ? place.bottomRight() - QPoint(opened.sizeHint().width() - 1, 0) : place.bottomLeft();
@@ -58,34 +54,31 @@ struct NSStatusItem::Impl {
 
   void setMenu(const std::shared_ptr<NSMenu>& opened) {
     menu = opened;
-    toolkitMenu.emplace(menu, [](const std::function<void()>& command) { desktop::requests().add(command); });
+    qtMenu.emplace(menu, [this](const std::function<void()>& command) { bar.requests.add(command); });
     // Whoever came to the button by its key goes on typing.
-    QObject::connect(&toolkitMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
+    QObject::connect(&qtMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
                      [this] { buttonWidget().window()->setFocus(); });
-    desktop::offerToOtherPrograms(menu);
+    bar.commands.setMenu(menu);
     // Nobody needs the tray to see the note, and to find one takes the bus.
-    desktop::afterFirstFrame(whileThere, [this] {
-      const auto performFirstItem = [this] {
-        desktop::requests().add([first = menu->items().front()] { first->performAction(); });
-      };
-      tray.emplace(button->image(), toolkitMenu->menu(), performFirstItem,
-                   [this](bool inTray) { placeButton(inTray); });
-      shown = {button.get(), &*tray};
-    });
+    bar.firstFrame.then(whileThere, [this] { lookForTrays(); });
   }
 
-  /// Without a tray the item is in the title bar.
-  void placeButton(bool inTray) {
-    if (NoteFrame* const frame = NoteFrame::first()) frame->setItemButton(inTray ? nullptr : &buttonWidget());
+  void lookForTrays() {
+    const auto performFirstItem = [this] {
+      bar.requests.add([first = menu->items().front()] { first->performAction(); });
+    };
+    // Without a tray the item is in the title bar.
+    tray.emplace(bar.sessionBus, button->image(), qtMenu->menu(), performFirstItem,
+                 [this](bool inTray) { putIntoTitleBar(inTray ? nullptr : &buttonWidget()); });
+  }
+
+  void putIntoTitleBar(QWidget* shown) {
+    if (NoteWindow* const note = bar.windows.note()) note->titleBar().setItemButton(shown);
   }
 };
 
 NSStatusItem::NSStatusItem() : impl_(std::make_unique<Impl>()) {}
 NSStatusItem::~NSStatusItem() = default;
-
-std::optional<desktop::Anchor> desktop::placeInTray(const NSView& button) {
-  return &button == shown.button ? shown.tray->place() : std::nullopt;
-}
 
 NSStatusBar& NSStatusBar::systemStatusBar() {
   static NSStatusBar bar;

@@ -50,13 +50,13 @@ QRect endOfPanel() {
 
 }  // namespace
 
-Tray::Tray(std::optional<NSImage> image, QMenu& menu, std::function<void()> onPrimaryClick,
+Tray::Tray(Bus& sessionBus, std::optional<NSImage> image, QMenu& menu, std::function<void()> onPrimaryClick,
            std::function<void(bool)> onChange)
     : image_(std::move(image)),
       menu_(menu),
       onPrimaryClick_(std::move(onPrimaryClick)),
       onChange_(std::move(onChange)),
-      hosts_([this] { hostsChanged(); }) {}
+      hosts_(sessionBus, [this] { hostsChanged(); }) {}
 
 void Tray::hostsChanged() {
   if (!kind_) {

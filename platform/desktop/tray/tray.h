@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "platform/desktop/tray/tray_hosts.h"
-#include "platform/desktop/windows/bubble.h"
+#include "platform/desktop/views/native_view.h"
 #include "platform/image.h"
 
 namespace platform::desktop {
@@ -16,9 +16,9 @@ namespace platform::desktop {
 /// The program's item in the tray, whenever there is one. Which kind of tray is settled by the first that appears.
 class Tray {
  public:
-  /// Looks for trays from now on. `onChange` is told whether the item is in one: once that is known, and at each
-  /// change of the trays.
-  Tray(std::optional<NSImage> image, QMenu& menu, std::function<void()> onPrimaryClick,
+  /// Looks for trays, some of which are found by the session's bus, from now on. `onChange` is told whether the item is
+  /// in one: once that is known, and at each change of the trays.
+  Tray(Bus& sessionBus, std::optional<NSImage> image, QMenu& menu, std::function<void()> onPrimaryClick,
        std::function<void(bool inTray)> onChange);
   Tray(const Tray&) = delete;
   Tray& operator=(const Tray&) = delete;

@@ -3,12 +3,10 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <utility>
 
-#include "platform/desktop/application/desktop.h"
 #include "platform/desktop/dbus/bus.h"
 #include "platform/desktop/x11/x11.h"
 
@@ -20,14 +18,14 @@ const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 }  // namespace
 
-TrayHosts::TrayHosts(std::function<void()> onChange) : onChange_(std::move(onChange)) {
+TrayHosts::TrayHosts(Bus& sessionBus, std::function<void()> onChange) : onChange_(std::move(onChange)) {
   if (auto* const connection = x11::connection()) {
     const auto tray = "_NET_SYSTEM_TRAY_S" + std::to_string(x11::screenNumber());
     trayWatch_ = std::make_unique<SelectionWatch>(connection, tray, [this] { setXEmbedTray(trayWatch_->isOwned()); });
     setXEmbedTray(trayWatch_->isOwned());
   }
-  if (!sessionBus().answersWithin(std::chrono::milliseconds::zero())) setNotifierHost(false);
-  sessionBus().whenItAnswers(*this, [this] { watchNotifierHosts(); });
+  if (!sessionBus.answersWithin(std::chrono::milliseconds::zero())) setNotifierHost(false);
+  sessionBus.whenItAnswers(*this, [this] { watchNotifierHosts(); });
 }
 
 TrayHosts::~TrayHosts() = default;
@@ -44,16 +42,13 @@ void TrayHosts::watchNotifierHosts() {
 }
 
 void TrayHosts::askNotifierWatcher() {
-  QDBusMessage question = QDBusMessage::createMethodCall(
-      watcherName, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  QDBusMessage question =
+      getProperty(watcherName, watcherPath, watcherName, QStringLiteral("IsStatusNotifierHostRegistered"));
   question.setAutoStartService(false);
-  question << watcherName << QStringLiteral("IsStatusNotifierHostRegistered");
-  auto* const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
-  connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-    const QDBusPendingReply<QDBusVariant> answer = *call;
-    setNotifierHost(answer.isValid() && answer.value().variant().toBool());
-    call->deleteLater();
-  });
+  onReply(QDBusConnection::sessionBus().asyncCall(question), *this,
+          [this](const QDBusPendingReply<QDBusVariant>& answer) {
+            setNotifierHost(answer.isValid() && answer.value().variant().toBool());
+          });
 }
 
 void TrayHosts::setNotifierHost(bool present) {

@@ -10,6 +10,8 @@
 
 namespace platform::desktop {
 
+class Bus;
+
 /// Tells which trays there are, without touching Qt's own: that would settle for good which kind it uses.
 class TrayHosts : public QObject {
   Q_OBJECT
@@ -18,7 +20,7 @@ class TrayHosts : public QObject {
   enum class Kind { StatusNotifier, XEmbed };
 
   /// `onChange` is called once it is known which hosts there are, and each time one comes or goes.
-  explicit TrayHosts(std::function<void()> onChange);
+  TrayHosts(Bus& sessionBus, std::function<void()> onChange);
   ~TrayHosts() override;
 
   bool has(Kind kind) const { return kind == Kind::StatusNotifier ? notifierHost_ : xembedTray_; }

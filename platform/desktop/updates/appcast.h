@@ -8,24 +8,20 @@
 /// An appcast: an RSS feed in which each item is a release of the program.
 namespace platform::desktop {
 
-/// A release, in the words of its feed. They are a stranger's, and of any length.
+/// A release, in the words of its feed, as plain text and cut to what is shown.
 struct Release {
-  QString version;       ///< what releases are compared by
-  QString shownVersion;  ///< what people call it
+  QString version;  ///< the item's element of that name, in any namespace
   QString title;
-  QString notes;  ///< plain text or HTML
+  QString notes;  ///< the item's description, which may be HTML; any number of lines
   QUrl page;      ///< http or https; empty if there is none
 };
 
-struct Appcast {
-  std::optional<Release> newest;  ///< of the releases for every user that run here
-};
+/// The newest release; one without a version if the feed has no items. Nothing if `xml` is no appcast: not well-formed,
+/// no RSS, or without a version in all of its items.
+std::optional<Release> newestRelease(const QByteArray& xml);
 
-/// Nothing if that is no appcast.
-std::optional<Appcast> readAppcast(const QByteArray& xml);
-
-/// Less than, equal to or greater than 0 as the first version is older than, as new as, or newer than the second.
-/// Numbers are compared as numbers, and missing ones are 0; a version with a suffix comes before the one without.
-int compareVersions(QStringView one, QStringView other);
+/// Numbers are compared as numbers, and missing ones are 0; a version with a suffix is older than the one without.
+/// Suffixes are compared as text.
+bool isNewer(const QString& version, const QString& other);
 
 }  // namespace platform::desktop

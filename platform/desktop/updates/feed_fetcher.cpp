@@ -1,27 +1,27 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/updates/feed_fetcher.h"
-
 #include <QHostAddress>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QTimer>
+#include <algorithm>
 #include <utility>
 
 #include "platform/application_metadata.h"
 #include "platform/desktop/language/strings.h"
+#include "platform/desktop/updates/feed_request.h"
 
 namespace platform::desktop {
 namespace {
 
 constexpr qint64 largestAnswer = 1 << 20;  // bytes
 constexpr int mostRedirects = 5;
-constexpr int statusOk = 200;
+constexpr int lowestErrorStatus = 400;
 
-bool isOnThisComputer(const QString& host) {
-  return host == QLatin1String("localhost") || QHostAddress(host).isLoopback();
-}
+bool isHttps(const QUrl& url) { return url.scheme() == QLatin1String("https") && !url.host().isEmpty(); }
 
-bool mayBeAsked(const QUrl& url) {
-  if (url.host().isEmpty()) return false;
-  if (url.scheme() == QLatin1String("https")) return true;
-  return url.scheme() == QLatin1String("http") && isOnThisComputer(url.host());
+bool isHttpOnThisComputer(const QUrl& url) {
+  const bool isHere = url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback();
+  return url.scheme() == QLatin1String("http") && isHere;
 }
 
 QNetworkRequest requestFor(const QUrl& url) {
@@ -30,96 +30,69 @@ QNetworkRequest requestFor(const QUrl& url) {
                     toQString(metadata::name) + QLatin1Char('/') + toQString(metadata::version));
   // As it is: a small answer that unfolds into a large one is none that we want.
   request.setRawHeader("Accept-Encoding", "identity");
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-  request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+  // So HTTP stays on this computer. To look at addresses in `redirected` is too late: Qt follows even if aborted there.
+  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, isHttps(url)
+                                                                     ? QNetworkRequest::NoLessSafeRedirectPolicy
+                                                                     : QNetworkRequest::SameOriginRedirectPolicy);
+  request.setMaximumRedirectsAllowed(mostRedirects);
   request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-  request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
   return request;
 }
 
+/// Fetches a feed over HTTPS, or over HTTP from this computer. Keeps nothing of it, and tells nothing but the name and
+/// the version of the program.
+class FeedFetcher : public QObject {
+ public:
+  FeedFetcher(const QUrl& url, std::chrono::milliseconds timeout, FeedCallback callback)
+      : callback_(std::move(callback)) {
+    if (!isHttps(url) && !isHttpOnThisComputer(url)) {
+      failure_ = qtTrId("The address of the feed is neither an HTTPS address nor one on this computer.");
+      QTimer::singleShot(0, this, &FeedFetcher::answer);
+      return;
+    }
+    reply_ = network_.get(requestFor(url));
+    connect(reply_, &QNetworkReply::metaDataChanged, this, &FeedFetcher::checkSize);
+    connect(reply_, &QNetworkReply::readyRead, this, &FeedFetcher::checkSize);
+    // Later, when nothing of the network library is on the stack: the callback may destroy all of it.
+    connect(reply_, &QNetworkReply::finished, this, &FeedFetcher::answer, Qt::QueuedConnection);
+    QTimer::singleShot(timeout, this, [this, timeout] {
+      const double seconds = std::chrono::duration<double>(timeout).count();
+      abort(qtTrId("The server did not answer within %1 s.").arg(seconds));
+    });
+  }
+
+ private:
+  void checkSize() {
+    const qint64 announced = reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    if (std::max(announced, reply_->bytesAvailable()) > largestAnswer) abort(qtTrId("The answer is larger than 1 MB."));
+  }
+
+  void abort(const QString& reason) {
+    failure_ = reason;
+    reply_->abort();
+  }
+
+  void answer() {
+    if (failure_.isEmpty() && reply_->error() != QNetworkReply::NoError) {
+      const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+      failure_ = status >= lowestErrorStatus ? qtTrId("The server answered with status %1.").arg(status)
+                                             : qtTrId("The connection failed: %1").arg(reply_->errorString());
+    }
+    const QByteArray feed = failure_.isEmpty() ? reply_->readAll() : QByteArray();
+    std::exchange(callback_, {})(feed, QString(failure_));  // which may destroy this object
+  }
+
+  FeedCallback callback_;
+  QString failure_;
+  QNetworkAccessManager network_;
+  QNetworkReply* reply_ = nullptr;  ///< the manager's; null if nobody is asked
+};
+
 }  // namespace
-
-FeedFetcher::FeedFetcher(const QUrl& url, std::chrono::milliseconds patience, FeedCallback callback)
-    : callback_(std::move(callback)) {
-  network_.setAutoDeleteReplies(true);
-  deadline_.setSingleShot(true);
-  QObject::connect(&deadline_, &QTimer::timeout, &network_, [this] {
-    const double seconds = std::chrono::duration<double>(deadline_.intervalAsDuration()).count();
-    fail(qtTrId("The server did not answer within %1 s.").arg(seconds));
-  });
-  deadline_.start(patience);
-  if (mayBeAsked(url)) {
-    ask(url);
-  } else {
-    fail(qtTrId("The address of the feed is neither an HTTPS address nor one on this computer."));
-  }
-}
-
-void FeedFetcher::ask(const QUrl& url) {
-  reply_ = network_.get(requestFor(url));
-  QObject::connect(reply_, &QNetworkReply::metaDataChanged, &network_, [this] { judgeHeader(); });
-  QObject::connect(reply_, &QNetworkReply::readyRead, &network_, [this] { takeBytes(); });
-  QObject::connect(reply_, &QNetworkReply::finished, &network_, [this] { replyFinished(); });
-}
-
-void FeedFetcher::judgeHeader() {
-  const QUrl target = reply_->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
-  const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-  if (!target.isEmpty()) {
-    follow(reply_->url().resolved(target));
-  } else if (status != statusOk) {
-    fail(qtTrId("The server answered with status %1.").arg(status));
-  } else if (reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > largestAnswer) {
-    fail(qtTrId("The answer is larger than 1 MB."));
-  }
-}
-
-void FeedFetcher::follow(const QUrl& target) {
-  if (target.scheme() != reply_->url().scheme() || !mayBeAsked(target)) {
-    return fail(qtTrId("The server redirects to an address that is not allowed: %1").arg(target.toString()));
-  }
-  if (++redirects_ > mostRedirects) return fail(qtTrId("The server redirects too many times."));
-  leaveReply();
-  ask(target);
-}
-
-void FeedFetcher::takeBytes() {
-  bytes_ += reply_->readAll();
-  if (bytes_.size() > largestAnswer) fail(qtTrId("The answer is larger than 1 MB."));
-}
-
-void FeedFetcher::replyFinished() {
-  if (reply_->error() != QNetworkReply::NoError) {
-    return fail(qtTrId("The connection failed: %1").arg(reply_->errorString()));
-  }
-  leaveReply();
-  answer({bytes_, {}});
-}
-
-void FeedFetcher::fail(const QString& reason) {
-  leaveReply();
-  answer({{}, reason});
-}
-
-void FeedFetcher::leaveReply() {
-  QNetworkReply* const left = std::exchange(reply_, nullptr);
-  if (left == nullptr) return;
-  QObject::disconnect(left, nullptr, &network_, nullptr);
-  left->abort();
-}
-
-/// Later, when nothing of the network library is on the stack: the callback may destroy all of it.
-void FeedFetcher::answer(FeedAnswer answer) {
-  deadline_.stop();
-  QMetaObject::invokeMethod(
-      &deadline_, [callback = std::exchange(callback_, {}), answer = std::move(answer)] { callback(answer); },
-      Qt::QueuedConnection);
-}
-
 }  // namespace platform::desktop
 
-extern "C" Q_DECL_EXPORT void quillberryMakeFeedRequest(std::unique_ptr<platform::desktop::FeedRequest>& request,
-                                                        const QUrl& url, std::chrono::milliseconds patience,
+extern "C" Q_DECL_EXPORT void quillberryMakeFeedRequest(std::unique_ptr<QObject>& request, const QUrl& url,
+                                                        std::chrono::milliseconds timeout,
                                                         platform::desktop::FeedCallback callback) {
-  request = std::make_unique<platform::desktop::FeedFetcher>(url, patience, std::move(callback));
+  request = std::make_unique<platform::desktop::FeedFetcher>(url, timeout, std::move(callback));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QObject>
 #include <QString>
 #include <QUrl>
 #include <chrono>
@@ -11,25 +12,13 @@
 /// What the module that fetches the release feed, over the network, shares with the program.
 namespace platform::desktop {
 
-struct FeedAnswer {
-  QByteArray bytes;
-  QString failure;  ///< a sentence for people; empty: there is none
-};
-using FeedCallback = std::function<void(const FeedAnswer&)>;
+/// Takes the feed or, if that is not to be had, the reason, a sentence for people; the reason is empty if it is.
+using FeedCallback = std::function<void(const QByteArray& feed, const QString& failure)>;
 
-/// A request under way. Destroying it ends it.
-class FeedRequest {
- public:
-  FeedRequest() = default;
-  FeedRequest(const FeedRequest&) = delete;
-  FeedRequest& operator=(const FeedRequest&) = delete;
-  virtual ~FeedRequest() = default;
-};
-
-/// What the module offers: puts a new request for `url` into `request`. The callback is called once, on a later turn
-/// of the event loop and within `patience`, and may destroy the request.
-extern "C" using MakeFeedRequest = void(*)(std::unique_ptr<FeedRequest> & request, const QUrl& url,
-                                           std::chrono::milliseconds patience, FeedCallback callback);
+/// What the module offers: puts a new request for `url` into `request`, which ends when that is destroyed. The callback
+/// is called once, on a later turn of the event loop and within `timeout`, and may destroy the request.
+extern "C" using MakeFeedRequest = void(*)(std::unique_ptr<QObject> & request, const QUrl& url,
+                                           std::chrono::milliseconds timeout, FeedCallback callback);
 constexpr auto feedModule = "quillberry-feed";
 constexpr auto makeFeedRequestName = "quillberryMakeFeedRequest";
 

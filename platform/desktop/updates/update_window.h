@@ -6,25 +6,20 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QUrl>
 #include <QVBoxLayout>
-#include <chrono>
-
-#include "platform/desktop/updates/appcast.h"
-#include "platform/desktop/updates/feed_request.h"
+#include <memory>
 
 namespace platform::desktop {
 
-struct UpdateSource {
-  QString feed;     ///< address of an appcast; empty: the system's packages bring the updates
-  QString version;  ///< of this program
-  QStringList moduleFolders;
-  std::chrono::milliseconds patience{15'000};  ///< for the whole of a request
-};
+class ProgramWindows;
 
 /// The window that tells whether there is a newer version. Hiding it ends a request that is under way.
 class UpdateWindow : public QDialog {
  public:
-  explicit UpdateWindow(UpdateSource source);
+  /// `feed` is the address of an appcast; empty: the system's packages bring the updates.
+  /// `windows` outlives this.
+  UpdateWindow(ProgramWindows& windows, QString feed, QStringList moduleFolders);
 
   /// Shows the window in front and asks, if that is not under way.
   void check();
@@ -37,16 +32,14 @@ class UpdateWindow : public QDialog {
  private:
   void moveToMiddle();
   void ask();
-  void understand(const FeedAnswer& answer);
-  void tellChecking();
-  void tellNewest(const Appcast& appcast);
-  void tellNewer(const Release& release);
+  void tellAnswer(const QByteArray& feed, const QString& failure);
   void tellFailure(const QString& reason);
   /// Replaces all that the window says. `page` may be empty, and so may the texts but the first.
   void tell(const QString& message, const QString& details = {}, const QString& notes = {}, const QUrl& page = {});
-  void openPage();
 
-  UpdateSource source_;
+  ProgramWindows& windows_;
+  const QString feed_;
+  const QStringList moduleFolders_;
   QUrl page_;
   QVBoxLayout column_;
   QLabel message_;
@@ -55,8 +48,8 @@ class UpdateWindow : public QDialog {
   QHBoxLayout buttons_;
   QPushButton openPage_;
   QPushButton close_;
-  std::unique_ptr<FeedRequest> request_;  ///< while it is under way
-  bool interrupted_ = false;              ///< it was under way when the window was hidden
+  std::unique_ptr<QObject> request_;  ///< while it is under way
+  bool interrupted_ = false;          ///< it was under way when the window was hidden
 };
 
 }  // namespace platform::desktop

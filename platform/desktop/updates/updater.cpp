@@ -2,9 +2,10 @@
 #include "platform/updater.h"
 
 #include "platform/application_metadata.h"
-#include "platform/desktop/application/module.h"
+#include "platform/desktop/files/module.h"
 #include "platform/desktop/language/strings.h"
 #include "platform/desktop/updates/update_window.h"
+#include "platform/desktop/windows/program_windows.h"
 
 namespace platform {
 
@@ -19,8 +20,8 @@ SPUStandardUpdaterController::~SPUStandardUpdaterController() = default;
 
 void SPUStandardUpdaterController::checkForUpdates(NSObject* /*sender*/) {
   if (!impl_->window) {
-    impl_->window = std::make_unique<desktop::UpdateWindow>(desktop::UpdateSource{
-        desktop::toQString(metadata::feed), desktop::toQString(metadata::version), desktop::moduleFolders()});
+    impl_->window = std::make_unique<desktop::UpdateWindow>(
+        desktop::ProgramWindows::instance(), desktop::toQString(metadata::feed), desktop::moduleFolders());
   }
   impl_->window->check();
 }

@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
@@ -10,9 +11,9 @@
 #include <array>
 #include <utility>
 
-#include "platform/desktop/application/desktop.h"
 #include "platform/desktop/views/appearance.h"
-#include "platform/desktop/windows/decoration.h"
+#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/program_windows.h"
 
 namespace platform::desktop {
 namespace {
@@ -31,12 +32,13 @@ int within(int wish, int least, int most) { return std::clamp(wish, least, std::
 
 }  // namespace
 
-Bubble::Bubble(QWidget& content, bool transient)
-    : QWidget(nullptr, (transient ? Qt::Popup : Qt::Dialog) | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+Bubble::Bubble(ProgramWindows& windows, QWidget& content, bool transient)
+    : QDialog(nullptr, (transient ? Qt::Popup : Qt::Dialog) | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+      windows_(windows),
       content_(content),
       transient_(transient) {
   // Where nothing composes windows, what is see-through would be black: there the window has the shape instead.
-  if (windowSystem().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
+  if (windows_.system().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
   if (transient) {
     // What has the focus is what a screen reader tells of.
     setFocusPolicy(Qt::StrongFocus);
@@ -45,9 +47,9 @@ Bubble::Bubble(QWidget& content, bool transient)
   setAttribute(Qt::WA_NoMouseReplay);  // the press that closes it does nothing else
   content_.setParent(this);
   content_.show();
-  content_.adjustSize();
   content_.installEventFilter(this);
-  addActions(applicationMenuCommands());
+  fitContent();
+  addActions(windows_.commandsBeside());
 }
 
 Bubble::~Bubble() { content_.setParent(nullptr); }
@@ -59,7 +61,7 @@ void Bubble::pointAt(std::function<Anchor()> anchor) {
 
 void Bubble::follow(QWidget& widget) {
   widget.installEventFilter(this);
-  if (NoteFrame* const note = NoteFrame::first()) note->installEventFilter(this);
+  if (windows_.note() != nullptr) windows_.note()->installEventFilter(this);
 }
 
 bool Bubble::eventFilter(QObject* watched, QEvent* event) {
@@ -70,11 +72,14 @@ bool Bubble::eventFilter(QObject* watched, QEvent* event) {
   } else if (isVisible() && std::find(telling.begin(), telling.end(), event->type()) != telling.end()) {
     QTimer::singleShot(0, this, [this] { point(); });
   }
-  return QWidget::eventFilter(watched, event);
+  return QDialog::eventFilter(watched, event);
 }
 
 void Bubble::fitContent() {
   content_.adjustSize();
+  QStringList texts;
+  for (const auto* const label : content_.findChildren<QLabel*>()) texts.append(label->text());
+  setAccessibleDescription(texts.join(u'\n'));
   if (anchor_) point();
 }
 
@@ -136,32 +141,27 @@ void Bubble::paintEvent(QPaintEvent* /*event*/) {
 
 void Bubble::showEvent(QShowEvent* event) {
   point();
-  QWidget::showEvent(event);
+  QDialog::showEvent(event);
 }
 
 void Bubble::closeEvent(QCloseEvent* event) {
-  if (transient_ || !onReturn) return QWidget::closeEvent(event);
+  if (transient_ || !onCloseRequest) return QDialog::closeEvent(event);
   event->ignore();
-  onReturn();
+  onCloseRequest();
+}
+
+void Bubble::reject() {
+  if (transient_) return QDialog::reject();
+  if (onEscape) onEscape();
 }
 
 void Bubble::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
+  QDialog::hideEvent(event);
   if (onHide) onHide();
 }
 
 void Bubble::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F6) {
-    NoteFrame::activateFirst();
-  } else if (event->key() == Qt::Key_Escape && transient_) {
-    hide();
-  } else if (event->key() == Qt::Key_Escape && onEscape) {
-    onEscape();
-  } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && onReturn) {
-    onReturn();
-  } else {
-    QWidget::keyPressEvent(event);
-  }
+  event->key() == Qt::Key_F6 ? windows_.activateNote() : QDialog::keyPressEvent(event);
 }
 
 }  // namespace platform::desktop

@@ -1,37 +1,38 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDialog>
 #include <QPainterPath>
-#include <QWidget>
 #include <functional>
 #include <optional>
 
+#include "platform/desktop/views/native_view.h"
+
 namespace platform::desktop {
 
-/// What a bubble stands at, in Qt's global coordinates. Where it is not known what is there, it gets no arrow.
-struct Anchor {
-  QRect rect;
-  bool known;
-};
+class ProgramWindows;
 
-/// A window in the shape of a bubble with an arrow, around a content of its own size.
-class Bubble : public QWidget {
+/// A dialog in the shape of a bubble with an arrow, around a content of its own size. Screen readers are told of all
+/// its texts at once, for they cannot be reached one by one.
+class Bubble : public QDialog {
  public:
   /// `content` outlives the bubble. A transient one closes on a press outside it and on Escape.
-  Bubble(QWidget& content, bool transient);
+  Bubble(ProgramWindows& windows, QWidget& content, bool transient);
   ~Bubble() override;
 
   /// Stands at what `anchor` gives, now and with each show: below it if there is room, else above, whole in the free
-  /// room of its screen. Without an arrow it stands where that room is next to it.
+  /// room of its screen. Without an arrow, for an anchor that is not known, it stands where that room is next to it.
   void pointAt(std::function<Anchor()> anchor);
   /// Points anew when that widget, or the window that it is in, moves or changes.
   void follow(QWidget& widget);
 
   /// It was hidden, by whomever.
   std::function<void()> onHide;
-  /// Return was pressed, or the window manager wants it closed; Escape, where it does not close it.
-  std::function<void()> onReturn;
+  /// The window manager wants it closed.
+  std::function<void()> onCloseRequest;
+  /// Escape was pressed, which does not close it.
   std::function<void()> onEscape;
+  void reject() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -48,6 +49,7 @@ class Bubble : public QWidget {
   /// `inset` from the edges of the window on every side.
   QPainterPath outline(double inset) const;
 
+  ProgramWindows& windows_;
   QWidget& content_;
   bool transient_;
   std::function<Anchor()> anchor_;

@@ -19,32 +19,25 @@ constexpr std::chrono::milliseconds longestAnswer{300};
 
 EscapeKey::EscapeKey(xcb_connection_t* connection)
     : connection_(connection), symbols_(xcb_key_symbols_alloc(connection), xcb_key_symbols_free) {
-  patience_.setSingleShot(true);
-  patience_.setInterval(longestAnswer);
-  connect(&patience_, &QTimer::timeout, this, &EscapeKey::act);
-  qApp->installNativeEventFilter(this);
+  deadline_.setSingleShot(true);
+  deadline_.setInterval(longestAnswer);
+  connect(&deadline_, &QTimer::timeout, this, &EscapeKey::act);
 }
 
-EscapeKey::~EscapeKey() {
-  if (qApp != nullptr) qApp->removeNativeEventFilter(this);
+bool EscapeKey::take(xcb_generic_event_t& event) {
+  if (x11::typeOf(event) == XCB_MAPPING_NOTIFY)
+    xcb_refresh_keyboard_mapping(symbols_.get(), &x11::as<xcb_mapping_notify_event_t>(event));
+  return x11::typeOf(event) == XCB_KEY_PRESS && takePress(x11::as<xcb_key_press_event_t>(event));
 }
 
-bool EscapeKey::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
-  auto* const event = static_cast<xcb_generic_event_t*>(message);
-  if (x11::typeOf(*event) == XCB_MAPPING_NOTIFY) {
-    xcb_refresh_keyboard_mapping(symbols_.get(), reinterpret_cast<xcb_mapping_notify_event_t*>(event));
-  }
-  return x11::typeOf(*event) == XCB_KEY_PRESS && take(*reinterpret_cast<xcb_key_press_event_t*>(event));
-}
-
-bool EscapeKey::take(const xcb_key_press_event_t& press) {
+bool EscapeKey::takePress(const xcb_key_press_event_t& press) {
   if (xcb_key_symbols_get_keysym(symbols_.get(), press.detail, 0) != escapeKeysym) return false;
   QWidget* const window = QWidget::find(press.event);
   if (window == nullptr || !window->isWindow() || QApplication::activePopupWidget() != nullptr) return false;
   if (window_ == nullptr) {
     window_ = window;
     window->windowHandle()->installEventFilter(this);
-    patience_.start();
+    deadline_.start();
     sendFollower(press);
   }
   return true;
@@ -66,7 +59,7 @@ bool EscapeKey::eventFilter(QObject* /*window*/, QEvent* event) {
 }
 
 void EscapeKey::act() {
-  patience_.stop();
+  deadline_.stop();
   QWidget* const window = std::exchange(window_, nullptr);
   if (window == nullptr) return;
   window->windowHandle()->removeEventFilter(this);

@@ -6,17 +6,19 @@
 #include <utility>
 
 #include "platform/button.h"
-#include "platform/desktop/application/desktop.h"
-#include "platform/desktop/shortcuts/key_names.h"
+#include "platform/desktop/language/key_names.h"
 #include "platform/desktop/views/native_view.h"
 #include "platform/desktop/views/view_realizer.h"
 #include "platform/desktop/windows/bubble.h"
-#include "platform/desktop/windows/decoration.h"
+#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/program_windows.h"
 
 namespace platform {
 
 using desktop::Bubble;
-using desktop::NoteFrame;
+using desktop::KeyNames;
+using desktop::NoteWindow;
+using desktop::ProgramWindows;
 
 namespace {
 
@@ -34,9 +36,9 @@ QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), 
 
 /// In the tray, in the note's window, or at its end while it is not known yet in which of them.
 desktop::Anchor placeOf(const NSView& anchor) {
-  if (const auto inTray = desktop::placeInTray(anchor)) return *inTray;
+  if (const auto inTray = anchor.native().placeOutside()) return *inTray;
   const QWidget& widget = *anchor.native().widget;
-  const NoteFrame* const note = NoteFrame::first();
+  const NoteWindow* const note = ProgramWindows::instance().note();
   if (widget.parentWidget() != nullptr || note == nullptr) return {globalRect(widget), true};
   QRect end = widget.rect();
   const QRect whole = globalRect(*note);
@@ -48,23 +50,50 @@ desktop::Anchor placeOf(const NSView& anchor) {
 }  // namespace
 
 struct NSPopover::Impl {
+  ProgramWindows& windows = ProgramWindows::instance();
   std::unique_ptr<Bubble> bubble;  ///< from the first show on
   bool shown = false;
 
-  void show(bool transient) {
-    const NoteFrame* const note = NoteFrame::first();
-    if (transient) {
-      bubble->show();
-    } else if (note != nullptr && !note->isVisible()) {
-      desktop::showWithProgram(*bubble);
-    } else {
-      NoteFrame::showBeside(*bubble);
-      NoteFrame::activateBeside(*bubble);
+  void build(NSView& content, NSView& anchor, bool transient) {
+    desktop::realize(content);
+    bubble = std::make_unique<Bubble>(windows, *content.native().widget, transient);
+    bubble->setWindowTitle(anchor.native().widget->accessibleName());
+    if (NSButton* const button = defaultButton(content)) {
+      if (auto* const push = qobject_cast<QPushButton*>(button->native().widget.get())) push->setDefault(true);
+      bubble->onCloseRequest = [button] { button->performClick(); };
     }
+    QObject::connect(
+        &KeyNames::instance(), &KeyNames::renamed, bubble.get(),
+        [&content](const QString& before, const QString& now) { desktop::renameKeys(content, before, now); });
+    // Both edges that the program names are the lower ones of their anchors.
+    bubble->follow(*anchor.native().widget);
+    bubble->pointAt([weak = std::weak_ptr(anchor.shared_from_this()), last = placeOf(anchor)]() mutable {
+      if (const auto alive = std::static_pointer_cast<NSView>(weak.lock())) last = placeOf(*alive);
+      return last;
+    });
+  }
+
+  void showTransient(const NSPopover& popover) {
+    bubble->onHide = [this, &popover] {
+      // Whoever came to its anchor by the key goes on typing.
+      if (NoteWindow* const note = windows.note()) note->setFocus();
+      closed(popover);
+    };
+    bubble->show();
+  }
+
+  void showBeside() {
+    NoteWindow* const note = windows.note();
+    bubble->onEscape = [this] {
+      if (windows.note() != nullptr) windows.note()->close();
+    };
+    if (note != nullptr && !note->isVisible()) return windows.showBesideLater(*bubble);
+    windows.showBeside(*bubble);
+    windows.activateBeside(*bubble);
   }
 
   void closed(const NSPopover& popover) {
-    if (std::exchange(shown, false)) desktop::letGo(popover);
+    if (std::exchange(shown, false)) windows.release(popover);
   }
 };
 
@@ -73,45 +102,16 @@ NSPopover::~NSPopover() = default;
 
 void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /*preferredEdge*/) {
   if (impl_->bubble) return;
-  NSView& content = *controller_->view();
-  desktop::realize(content);
   const bool transient = behavior_ == NSPopoverBehaviorTransient;
-  impl_->bubble = std::make_unique<Bubble>(*content.native().widget, transient);
-  Bubble& bubble = *impl_->bubble;
-  bubble.setWindowTitle(anchor.native().widget->accessibleName());
+  impl_->build(*controller_->view(), anchor, transient);
   impl_->shown = true;
-  desktop::keepWhileShown(shared_from_this());
-  if (NSButton* const button = defaultButton(content)) {
-    auto* const push = qobject_cast<QPushButton*>(button->native().widget.get());
-    if (push != nullptr) push->setDefault(true);  // so that a screen reader says so
-    bubble.onReturn = [button] { button->performClick(); };
-  }
-  if (transient) {
-    bubble.onHide = [this] {
-      // Whoever came to its anchor by the key goes on typing.
-      if (NoteFrame* const note = NoteFrame::first()) note->setFocus();
-      impl_->closed(*this);
-    };
-  } else {
-    bubble.onEscape = [] {
-      if (NoteFrame* const note = NoteFrame::first()) note->close();
-    };
-  }
-  QObject::connect(
-      &desktop::keyNames(), &desktop::KeyNames::renamed, &bubble,
-      [&content](const QString& before, const QString& now) { desktop::renameKeys(content, before, now); });
-  // Both edges that the program names are the lower ones of their anchors.
-  bubble.follow(*anchor.native().widget);
-  bubble.pointAt([weak = std::weak_ptr(anchor.shared_from_this()), last = placeOf(anchor)]() mutable {
-    if (const auto alive = std::static_pointer_cast<NSView>(weak.lock())) last = placeOf(*alive);
-    return last;
-  });
-  impl_->show(transient);
+  impl_->windows.keepWhileShown(shared_from_this());
+  transient ? impl_->showTransient(*this) : impl_->showBeside();
 }
 
 void NSPopover::performClose(NSObject* /*sender*/) {
   if (!impl_->shown) return;
-  NoteFrame::hideBeside(*impl_->bubble);
+  impl_->windows.hideBeside(*impl_->bubble);
   impl_->closed(*this);
 }
 

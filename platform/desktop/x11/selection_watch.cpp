@@ -3,7 +3,6 @@
 
 #include <xcb/xfixes.h>
 
-#include <QCoreApplication>
 #include <utility>
 
 #include "platform/desktop/x11/x11.h"
@@ -20,21 +19,15 @@ SelectionWatch::SelectionWatch(xcb_connection_t* connection, const std::string& 
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-    qApp->installNativeEventFilter(this);
   }
   const x11::Reply<xcb_get_selection_owner_reply_t> reply(
       xcb_get_selection_owner_reply(connection_, xcb_get_selection_owner(connection_, selection_), nullptr));
   owned_ = reply && reply->owner != XCB_NONE;
 }
 
-SelectionWatch::~SelectionWatch() {
-  if (qApp != nullptr) qApp->removeNativeEventFilter(this);
-}
-
-bool SelectionWatch::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
-  const auto& event = *static_cast<xcb_generic_event_t*>(message);
+bool SelectionWatch::take(xcb_generic_event_t& event) {
   if (event_ == 0 || x11::typeOf(event) != event_) return false;
-  const auto& change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
+  const auto& change = x11::as<xcb_xfixes_selection_notify_event_t>(event);
   if (change.selection != selection_) return false;
   owned_ = change.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER && change.owner != XCB_NONE;
   onChange_();

@@ -1,28 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <xcb/xcb.h>
-
-#include <QAbstractNativeEventFilter>
 #include <functional>
 #include <string>
+
+#include "platform/desktop/x11/event_filter.h"
 
 namespace platform::desktop {
 
 /// Whether an X selection has an owner: that is how trays and compositors show that they run. The server tells of
 /// changes.
-class SelectionWatch : public QAbstractNativeEventFilter {
+class SelectionWatch : private x11::EventFilter {
  public:
   /// Calls `onChange` after each change.
   SelectionWatch(xcb_connection_t* connection, const std::string& selection, std::function<void()> onChange);
-  SelectionWatch(const SelectionWatch&) = delete;
-  SelectionWatch& operator=(const SelectionWatch&) = delete;
-  ~SelectionWatch() override;
 
   bool isOwned() const { return owned_; }
-  bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
  private:
+  bool take(xcb_generic_event_t& event) override;
+
   xcb_connection_t* connection_;
   xcb_atom_t selection_;
   std::function<void()> onChange_;

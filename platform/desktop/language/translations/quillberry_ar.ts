@@ -155,14 +155,6 @@
         <source></source>
         <translation>حجم الرد أكبر من 1 ميغابايت.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>أعاد الخادم التوجيه إلى عنوان غير مسموح به: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>أعاد الخادم التوجيه مرات كثيرة جدًا.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>فشل الاتصال: %1</translation>

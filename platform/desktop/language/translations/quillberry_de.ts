@@ -155,14 +155,6 @@
         <source></source>
         <translation>Die Antwort ist größer als 1&#xa0;MB.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>Der Server leitet auf eine Adresse um, die nicht erlaubt ist: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>Der Server leitet zu oft um.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Die Verbindung ist fehlgeschlagen: %1</translation>

@@ -155,14 +155,6 @@
         <source></source>
         <translation>The answer is larger than 1 MB.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>The server redirects to an address that is not allowed: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>The server redirects too many times.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>The connection failed: %1</translation>

@@ -155,14 +155,6 @@
         <source></source>
         <translation>La respuesta ocupa más de 1&#xa0;MB.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>El servidor redirige a una dirección no permitida: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>El servidor redirige demasiadas veces.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Falló la conexión: %1</translation>

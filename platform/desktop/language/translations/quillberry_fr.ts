@@ -155,14 +155,6 @@
         <source></source>
         <translation>La réponse dépasse 1&#xa0;Mo.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>Le serveur redirige vers une adresse non autorisée&#xa0;: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>Le serveur effectue trop de redirections.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>La connexion a échoué&#xa0;: %1</translation>

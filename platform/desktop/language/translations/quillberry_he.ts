@@ -155,14 +155,6 @@
         <source></source>
         <translation>התשובה גדולה מ־1 מ״ב.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>השרת מפנה לכתובת אסורה: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>השרת מפנה יותר מדי פעמים.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>ההתחברות נכשלה: %1</translation>

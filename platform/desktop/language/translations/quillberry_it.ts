@@ -155,14 +155,6 @@
         <source></source>
         <translation>La risposta supera 1&#xa0;MB.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>Il server reindirizza a un indirizzo non consentito: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>Il server effettua troppi reindirizzamenti.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Connessione non riuscita: %1</translation>

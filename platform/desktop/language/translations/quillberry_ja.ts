@@ -155,14 +155,6 @@
         <source></source>
         <translation>応答が 1 MB を超えています。</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>許可されていないアドレスにリダイレクトされました: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>リダイレクトの回数が多すぎます。</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>接続に失敗しました: %1</translation>

@@ -155,14 +155,6 @@
         <source></source>
         <translation>응답이 1 MB보다 큽니다.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>허용되지 않은 주소로 리디렉션되었습니다: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>리디렉션이 너무 많습니다.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>연결하지 못했습니다: %1</translation>

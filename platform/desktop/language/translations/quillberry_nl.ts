@@ -155,14 +155,6 @@
         <source></source>
         <translation>Het antwoord is groter dan 1&#xa0;MB.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>De server verwijst door naar een adres dat niet is toegestaan: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>De server verwijst te vaak door.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>De verbinding is mislukt: %1</translation>

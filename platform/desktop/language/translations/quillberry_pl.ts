@@ -155,14 +155,6 @@
         <source></source>
         <translation>Odpowiedź jest większa niż 1 MB.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>Serwer przekierowuje na niedozwolony adres: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>Zbyt wiele przekierowań.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Połączenie nie powiodło się: %1</translation>

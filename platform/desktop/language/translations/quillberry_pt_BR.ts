@@ -155,14 +155,6 @@
         <source></source>
         <translation>A resposta tem mais de 1&#xa0;MB.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>O servidor redireciona para um endereço não permitido: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>O servidor faz redirecionamentos demais.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Falha na conexão: %1</translation>

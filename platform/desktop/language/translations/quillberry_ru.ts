@@ -155,14 +155,6 @@
         <source></source>
         <translation>Размер ответа превышает 1 МБ.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>Сервер перенаправляет на недопустимый адрес: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>Слишком много перенаправлений.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Ошибка соединения: %1</translation>

@@ -155,14 +155,6 @@
         <source></source>
         <translation>Yanıt 1 MB’tan büyük.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>Sunucu izin verilmeyen bir adrese yönlendiriyor: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>Sunucu çok fazla yönlendirme yapıyor.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Bağlantı başarısız oldu: %1</translation>

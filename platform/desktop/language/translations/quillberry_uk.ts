@@ -155,14 +155,6 @@
         <source></source>
         <translation>Відповідь перевищує 1 МБ.</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>Сервер переспрямовує на заборонену адресу: %1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>Забагато переспрямувань.</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>Помилка з’єднання: %1</translation>

@@ -155,14 +155,6 @@
         <source></source>
         <translation>响应超过 1 MB。</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>服务器重定向到了不允许的地址：%1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>服务器重定向次数过多。</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>连接失败：%1</translation>

@@ -155,14 +155,6 @@
         <source></source>
         <translation>回應超過 1 MB。</translation>
     </message>
-    <message id="The server redirects to an address that is not allowed: %1">
-        <source></source>
-        <translation>伺服器重新導向到不允許的位址：%1</translation>
-    </message>
-    <message id="The server redirects too many times.">
-        <source></source>
-        <translation>伺服器重新導向的次數過多。</translation>
-    </message>
     <message id="The connection failed: %1">
         <source></source>
         <translation>連線失敗：%1</translation>

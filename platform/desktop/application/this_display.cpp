@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/application/this_display.h"
+
+#include "platform/desktop/shortcuts/portal_global_keys.h"
+#include "platform/desktop/shortcuts/x11_global_keys.h"
+#include "platform/desktop/windows/plain_window_system.h"
+#include "platform/desktop/windows/x11_window_system.h"
+#include "platform/desktop/x11/x11.h"
+
+namespace platform::desktop {
+namespace {
+
+bool isWaylandSession() {
+  const QString kind = qEnvironmentVariable("XDG_SESSION_TYPE");
+  if (kind == QLatin1String("wayland")) return true;
+  // An X11 session may have this one left over from another.
+  return kind != QLatin1String("x11") && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+}  // namespace
+
+std::unique_ptr<WindowSystem> makeWindowSystem() {
+  if (auto* const connection = x11::connection()) return std::make_unique<X11WindowSystem>(connection);
+  return std::make_unique<PlainWindowSystem>();
+}
+
+/// A Wayland session is the portal's even for a program that runs through XWayland: there the X server sees keys, and
+/// so heeds a grab, only while one of its own windows has the keyboard. On other displays without an X server the
+/// portal is the only one to ask. Plain X11 needs nobody: a grab is there at once, and names the physical key.
+std::unique_ptr<GlobalKeys> makeGlobalKeys(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
+                                           ProgramWindows& windows, const OfferedCommands& commands) {
+  auto* const connection = x11::connection();
+  if (connection != nullptr && !isWaylandSession()) return std::make_unique<X11GlobalKeys>(requests, connection);
+  return std::make_unique<PortalGlobalKeys>(requests, sessionBus, firstFrame, windows, commands);
+}
+
+}  // namespace platform::desktop

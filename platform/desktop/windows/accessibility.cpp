@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/windows/accessibility.h"
+
+#include <QAccessibleWidget>
+#include <QApplication>
+
+#include "platform/desktop/windows/bubble.h"
+#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/program_windows.h"
+
+namespace platform::desktop {
+namespace {
+
+/// Of the note's tree: a popover that closes by itself.
+bool isPart(const QWidget& window) {
+  return window.windowType() == Qt::Popup && dynamic_cast<const Bubble*>(&window) != nullptr;
+}
+
+/// The note's window. A popover that closes by itself hangs in its tree, for Qt's own list of windows leaves
+/// such ones out.
+class AccessibleNote : public QAccessibleWidget {
+ public:
+  explicit AccessibleNote(NoteWindow& window) : QAccessibleWidget(&window, QAccessible::Window) {}
+
+  int childCount() const override { return QAccessibleWidget::childCount() + (popover() != nullptr ? 1 : 0); }
+  QAccessibleInterface* child(int index) const override {
+    const bool last = index == QAccessibleWidget::childCount();
+    return last ? QAccessible::queryAccessibleInterface(popover()) : QAccessibleWidget::child(index);
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const bool last = popover() != nullptr && child->object() == popover();
+    return last ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
+  }
+  /// The text that has the focus for it is the only one that is said to have it.
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.focused = false;
+    return state;
+  }
+
+ private:
+  static QWidget* popover() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      if (window->isVisible() && isPart(*window)) return window;
+    }
+    return nullptr;
+  }
+};
+
+/// A popover, in the tree of the note's window if it is a part of that.
+class AccessibleBubble : public QAccessibleWidget {
+ public:
+  explicit AccessibleBubble(Bubble& bubble) : QAccessibleWidget(&bubble, QAccessible::Dialog) {}
+
+  QAccessibleInterface* parent() const override {
+    NoteWindow* const note = isPart(*widget()) ? ProgramWindows::instance().note() : nullptr;
+    return note != nullptr ? QAccessible::queryAccessibleInterface(note) : QAccessibleWidget::parent();
+  }
+};
+
+QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
+  // Qt owns what it is given.
+  if (auto* const note = dynamic_cast<NoteWindow*>(object)) return new AccessibleNote(*note);
+  if (auto* const bubble = dynamic_cast<Bubble*>(object)) return new AccessibleBubble(*bubble);
+  return nullptr;
+}
+
+}  // namespace
+
+void describeWindowsToAssistiveTechnology() { QAccessible::installFactory(describe); }
+
+}  // namespace platform::desktop

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/windows/note_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "platform/desktop/windows/program_windows.h"
+
+namespace platform::desktop {
+
+NoteWindow::NoteWindow(ProgramWindows& windows, NSWindow& owner)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      windows_(windows),
+      owner_(owner),
+      border_(windows.system()) {
+  windows_.add(*this);
+  setBackgroundRole(QPalette::Base);
+  // Where nothing composes windows, what is see-through would be black: there the corners stay square.
+  if (windows_.system().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
+  titleBar_.onDoubleClick = [this] { zoom_.toggle(); };
+  QObject::connect(&titleBar_.closeButton(), &QAbstractButton::clicked, this, [this] { close(); });
+  QObject::connect(this, &QWidget::windowTitleChanged, &titleBar_, [this] { titleBar_.update(); });
+}
+
+NoteWindow::~NoteWindow() {
+  windows_.remove(*this);
+  if (content_ != nullptr) content_->setParent(nullptr);
+}
+
+void NoteWindow::setContent(QWidget& content) {
+  content_ = &content;
+  content.setParent(this);
+  content.show();
+  titleBar_.setParent(&content);
+  titleBar_.show();
+  border_.setParent(this);
+  border_.show();
+}
+
+void NoteWindow::setVisible(bool visible) {
+  if (!visible && isVisible()) {
+    windows_.prepareToHide(*this);
+    if (onHide) onHide();
+  }
+  QWidget::setVisible(visible);
+}
+
+void NoteWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (onCloseRequest) onCloseRequest();
+}
+
+void NoteWindow::resizeEvent(QResizeEvent* /*event*/) {
+  titleBar_.setGeometry(0, 0, width(), titleBarHeight);
+  border_.setGeometry(rect());
+  if (onGeometryChange) onGeometryChange();
+}
+
+void NoteWindow::moveEvent(QMoveEvent* /*event*/) {
+  if (onGeometryChange) onGeometryChange();
+}
+
+void NoteWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) border_.setVisible(!isMaximized());
+}
+
+void NoteWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F6) {
+    // The way into the title bar, for the tab key belongs to the text.
+    focusNextPrevChild((event->modifiers() & Qt::ShiftModifier) == 0);
+  } else if (onUnusedKey) {
+    onUnusedKey(*event);
+  }
+}
+
+QWidgetList NoteWindow::focusStops() {
+  QWidgetList stops{focusProxy() != nullptr ? focusProxy() : this};
+  for (auto* const button : findChildren<QAbstractButton*>()) {
+    if (button->isVisible() && button->isEnabled() && button->focusPolicy() != Qt::NoFocus) stops.append(button);
+  }
+  std::sort(stops.begin() + 1, stops.end(), [this](const QWidget* a, const QWidget* b) {
+    const int rightward = b->mapTo(this, QPoint()).x() - a->mapTo(this, QPoint()).x();
+    return isRightToLeft() ? rightward < 0 : rightward > 0;
+  });
+  return stops;
+}
+
+bool NoteWindow::focusNextPrevChild(bool next) {
+  const QWidgetList stops = focusStops();
+  const auto current = std::max<qsizetype>(0, stops.indexOf(focusWidget()));
+  const bool atEnd = current == (next ? stops.size() - 1 : 0);
+  if (atEnd && windows_.activateBeside()) {
+    stops.front()->setFocus(Qt::OtherFocusReason);
+  } else {
+    stops[(current + (next ? 1 : stops.size() - 1)) % stops.size()]->setFocus(Qt::TabFocusReason);
+  }
+  return true;
+}
+
+}  // namespace platform::desktop

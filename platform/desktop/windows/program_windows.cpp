@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/windows/program_windows.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+#include "platform/desktop/windows/note_window.h"
+
+namespace platform::desktop {
+namespace {
+
+/// The windows that the user sees of the program. Its icon in an X11 tray is one only for Qt.
+QWidgetList visibleWindows() {
+  QWidgetList windows = QApplication::topLevelWidgets();
+  windows.removeIf([](const QWidget* window) {
+    return !window->isVisible() || (window->windowFlags() & Qt::BypassWindowManagerHint) != 0;
+  });
+  return windows;
+}
+
+}  // namespace
+
+std::shared_ptr<NSWindow> ProgramWindows::keyWindow() const {
+  const auto found = std::find_if(notes_.begin(), notes_.end(),
+                                  [this](const auto* note) { return note->isVisible() && system_.isActive(*note); });
+  return found == notes_.end() ? nullptr : std::static_pointer_cast<NSWindow>((*found)->owner().shared_from_this());
+}
+
+Placement ProgramWindows::placementOf(const NoteWindow& window) const {
+  return {window.placement.aboveOthers && !givesWay_, window.placement.onEveryWorkspace};
+}
+
+void ProgramWindows::place(NoteWindow& window) {
+  if (window.isVisible()) system_.place(window, placementOf(window));
+}
+
+void ProgramWindows::show(NoteWindow& window) {
+  if (!window.isVisible()) {
+    system_.prepareToShow(window, placementOf(window));
+    window.addActions(commands_);
+    window.show();
+  }
+  // To where the user is: not every window manager leads the user to a window on another workspace.
+  place(window);
+  system_.activate(window);
+}
+
+void ProgramWindows::showBeside(QWidget& window) {
+  std::erase(hidden_, &window);
+  const NoteWindow* const owner = note();
+  const Placement placement = owner != nullptr ? placementOf(*owner) : Placement{};
+  system_.prepareToShow(window, placement);
+  window.winId();  // makes its native window on any display
+  window.windowHandle()->setTransientParent(owner != nullptr && owner->isVisible() ? owner->windowHandle() : nullptr);
+  window.show();
+  system_.place(window, placement);
+}
+
+void ProgramWindows::activateBeside(QWidget& window) {
+  system_.activate(window);
+  // mutter takes a window that belongs to another one to this workspace when it is activated, and that one with it.
+  NoteWindow* const owner = note();
+  if (owner == nullptr || !owner->isVisible() || !owner->placement.onEveryWorkspace) return;
+  place(*owner);
+  system_.place(window, placementOf(*owner));
+}
+
+bool ProgramWindows::activateBeside() {
+  const QWidgetList windows = visibleWindows();
+  const auto found = std::find_if(windows.begin(), windows.end(),
+                                  [](const QWidget* window) { return window->windowType() == Qt::Dialog; });
+  if (found == windows.end()) return false;
+  activateBeside(**found);
+  return true;
+}
+
+void ProgramWindows::hideBeside(QWidget& window) {
+  const bool hadKeyboard = system_.isActive(window);
+  system_.prepareToHide(window);
+  std::erase(hidden_, &window);
+  window.hide();
+  // In its turn: a window manager that is still letting go of the window passes the keyboard on itself.
+  if (hadKeyboard) requests_.add([this] { activateNote(); });
+}
+
+void ProgramWindows::activateNote() {
+  if (note() != nullptr && note()->isVisible()) system_.activate(*note());
+}
+
+void ProgramWindows::activate() {
+  for (const auto& window : std::exchange(hidden_, {})) {
+    if (!window.isNull()) showBeside(*window);
+  }
+  for (NoteWindow* const window : notes_) {
+    if (window->isVisible() && !system_.isActive(*window)) system_.activate(*window);
+  }
+}
+
+void ProgramWindows::hide() {
+  system_.setActivationToken({});
+  for (QWidget* const window : visibleWindows()) {
+    if (window->windowType() == Qt::Dialog) {
+      hidden_.emplace_back(window);
+      prepareToHide(*window);
+    }
+    window->hide();
+  }
+  if (std::exchange(owesFocus_, false)) system_.activatePreviousProgram();
+}
+
+bool ProgramWindows::areShown() const { return !visibleWindows().isEmpty(); }
+
+void ProgramWindows::prepareToHide(QWidget& window) {
+  owesFocus_ |= system_.isActive(window);
+  system_.prepareToHide(window);
+}
+
+void ProgramWindows::giveWay(bool givesWay) {
+  if (std::exchange(givesWay_, givesWay) == givesWay) return;
+  for (NoteWindow* const window : notes_) place(*window);
+}
+
+void ProgramWindows::setCommands(const QList<QAction*>& all, const QList<QAction*>& ofApplication) {
+  commands_ = all;
+  commandsBeside_ = ofApplication;
+}
+
+void ProgramWindows::release(const NSObject& object) {
+  const auto kept = std::find_if(shown_.begin(), shown_.end(), [&](const auto& each) { return each.get() == &object; });
+  if (kept == shown_.end()) return;
+  released_.push_back(std::move(*kept));
+  shown_.erase(kept);
+  QTimer::singleShot(0, qApp, [this] { released_.clear(); });
+}
+
+}  // namespace platform::desktop

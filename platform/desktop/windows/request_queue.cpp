@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/windows/request_queue.h"
+
+#include <QPointer>
+#include <utility>
+
+#include "platform/dispatch.h"
+
+namespace platform::desktop {
+
+RequestQueue::RequestQueue(WindowSystem& windowSystem) : windowSystem_(windowSystem) {
+  windowSystem_.onSettled = [this] { passOn(); };
+}
+
+void RequestQueue::add(std::function<void()> request) {
+  requests_.push_back(std::move(request));
+  passOn();
+}
+
+void RequestQueue::passOn() {
+  if (busy_ || requests_.empty() || !windowSystem_.isSettled()) return;
+  const auto request = std::move(requests_.front());
+  requests_.pop_front();
+  busy_ = true;
+  request();
+  // Behind what the request has put off itself.
+  DispatchQueue::main().async([queue = QPointer(this)] {
+    if (queue.isNull()) return;
+    queue->busy_ = false;
+    queue->passOn();
+  });
+}
+
+}  // namespace platform::desktop

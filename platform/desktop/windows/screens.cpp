@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop/windows/screens.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <chrono>
+#include <utility>
+
+namespace platform::desktop {
+namespace {
+
+constexpr std::chrono::milliseconds quiet{250};  // panels and window managers answer to a change one after the other
+
+/// The lower edge of the first screen, in Qt's coordinates.
+double ground() { return QGuiApplication::primaryScreen()->geometry().bottom() + 1; }
+
+}  // namespace
+
+NSRect fromQt(const QRect& rect) {
+  return {{double(rect.x()), ground() - rect.y() - rect.height()}, {double(rect.width()), double(rect.height())}};
+}
+
+QRect toQt(NSRect rect) {
+  return QRectF(rect.minX(), ground() - rect.maxY(), rect.size.width, rect.size.height).toRect();
+}
+
+std::vector<Screen> screens() {
+  std::vector<Screen> all;
+  for (const QScreen* const screen : QGuiApplication::screens())
+    all.push_back({fromQt(screen->geometry()), fromQt(screen->availableGeometry())});
+  return all;
+}
+
+ScreenChanges::ScreenChanges(std::function<void()> changed) {
+  settled_.setSingleShot(true);
+  settled_.setInterval(quiet);
+  connect(&settled_, &QTimer::timeout, this, std::move(changed));
+  const auto settleLater = [this] { settled_.start(); };
+  connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, settleLater](QScreen* screen) {
+    watch(*screen);
+    settleLater();
+  });
+  connect(qGuiApp, &QGuiApplication::screenRemoved, this, settleLater);
+  connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, settleLater);
+  for (QScreen* const screen : QGuiApplication::screens()) watch(*screen);
+}
+
+void ScreenChanges::watch(QScreen& screen) {
+  const auto settleLater = [this] { settled_.start(); };
+  connect(&screen, &QScreen::geometryChanged, this, settleLater);
+  connect(&screen, &QScreen::availableGeometryChanged, this, settleLater);
+}
+
+}  // namespace platform::desktop

@@ -125,10 +125,10 @@ TEST_F(AtomicFile, SweepsItsOwnLeftoversOnly) {
     put(folder / name, "x");
   }
   fs::create_symlink(note, scratch.path() / "link");
-  sweepAuxiliaryFiles(scratch.path() / "link");
+  removeStaleTemporaries(scratch.path() / "link");
   EXPECT_EQ(names(folder), (std::vector<std::string>{".note.txt.swp", ".other.txt.quillberry-0123456789abcdef",
                                                      "note.txt", "note.txt.unreadable"}));
-  sweepAuxiliaryFiles(scratch.path() / "no folder" / "note.txt");  // harmless
+  removeStaleTemporaries(scratch.path() / "no folder" / "note.txt");  // harmless
 }
 
 TEST_F(AtomicFile, ReadsRegularFilesOnlyAndWaitsForNothing) {
@@ -155,12 +155,12 @@ TEST_F(AtomicFile, KeepsTheFileAndNotTheLinkAndNoFolder) {
   fs::create_directory(folder / "elsewhere");
   put(folder / "elsewhere/target", "text");
   fs::create_symlink("elsewhere/target", folder / "link");
-  EXPECT_FALSE(keepFile(folder / "link", ".kept"));
-  EXPECT_FALSE(keepFile(folder / "link", ".kept")) << "it has that name already";
+  EXPECT_FALSE(linkBackup(folder / "link", ".kept"));
+  EXPECT_FALSE(linkBackup(folder / "link", ".kept")) << "it has that name already";
   EXPECT_FALSE(replaceFile(folder / "link", "new"));
   EXPECT_THAT(get(folder / "elsewhere/target.kept"), Optional(std::string("text")));
-  EXPECT_EQ(keepFile(folder / "link", ".kept"), std::errc::file_exists);
-  EXPECT_TRUE(keepFile(folder / "elsewhere", ".kept"));
+  EXPECT_EQ(linkBackup(folder / "link", ".kept"), std::errc::file_exists);
+  EXPECT_TRUE(linkBackup(folder / "elsewhere", ".kept"));
   EXPECT_THAT(get(folder / "elsewhere/target"), Optional(std::string("new")));
 }
 

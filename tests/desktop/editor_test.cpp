@@ -102,7 +102,7 @@ TEST_F(Editor, ANoteThatIsLeftAloneShowsItsCaretAndWakesNothingUp) {
   send(QFocusEvent(QEvent::FocusIn));
   ASSERT_EQ(timers(), 2) << "to blink, and to rest";
   const auto rest = [&] {
-    editor.findChild<QTimer*>("caretRest")->start(0);
+    editor.findChild<QTimer*>("caretBlink")->start(0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return timers() == 0; }));
     EXPECT_NE(editor.viewport()->grab().toImage(), without);
   };

@@ -168,8 +168,8 @@ TEST_F(Popover, WelcomeGrowsInHeightAloneForKeysThatTheDesktopGives) {
   launch(false);
   QWidget& welcome = content(waitForBubble());
   const QSize before = welcome.size();
-  platform::desktop::KeyNames::instance().tell(QKeyCombination(Qt::ControlModifier | Qt::AltModifier, Qt::Key_N),
-                                               QStringLiteral("Press Super+Shift+N or the lamp's key"));
+  platform::desktop::KeyNames::instance().replaceKeys(QKeyCombination(Qt::ControlModifier | Qt::AltModifier, Qt::Key_N),
+                                                      QStringLiteral("Press Super+Shift+N or the lamp's key"));
   ASSERT_TRUE(QTest::qWaitFor([&] { return welcome.height() > before.height(); }));
   EXPECT_EQ(texts(welcome)[3], "Press Super+Shift+N or the lamp's key");
   EXPECT_EQ(welcome.width(), before.width());

@@ -22,7 +22,7 @@ using platform::desktop::NoteEditor;
 using testing::Optional;
 
 /// The whole program on a screen that nobody sees.
-class NoteWindow : public testing::Test {
+class MainWindow : public testing::Test {
  protected:
   scratch::Folder scratch;
   std::filesystem::path note = scratch.path() / "data/Quillberry/note.txt";
@@ -57,7 +57,7 @@ class NoteWindow : public testing::Test {
   static QRect placeInFrame(QWidget& widget) { return {widget.mapTo(&frame(), QPoint(0, 0)), widget.size()}; }
 };
 
-TEST_F(NoteWindow, EscapeHidesWithEveryModifierAndFromEveryControl) {
+TEST_F(MainWindow, EscapeHidesWithEveryModifierAndFromEveryControl) {
   launch();
   const std::vector<Qt::KeyboardModifiers> all{Qt::NoModifier,
                                                Qt::ShiftModifier,
@@ -76,7 +76,7 @@ TEST_F(NoteWindow, EscapeHidesWithEveryModifierAndFromEveryControl) {
   EXPECT_FALSE(frame().isVisible());
 }
 
-TEST_F(NoteWindow, ControlsKeepTheirPlacesAtEverySize) {
+TEST_F(MainWindow, ControlsKeepTheirPlacesAtEverySize) {
   launch();
   for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
     QApplication::setLayoutDirection(direction);
@@ -97,7 +97,7 @@ TEST_F(NoteWindow, ControlsKeepTheirPlacesAtEverySize) {
   EXPECT_EQ(frame().size(), QSize(260, 160));
 }
 
-TEST_F(NoteWindow, InsetsBelongToTheTextAndNoLineHidesUnderTheTitle) {
+TEST_F(MainWindow, InsetsBelongToTheTextAndNoLineHidesUnderTheTitle) {
   launch();
   const auto caret = [] { return editor().viewport()->mapTo(&frame(), editor().cursorRect().topLeft()); };
   EXPECT_EQ(caret(), QPoint(14, 36));
@@ -117,7 +117,7 @@ TEST_F(NoteWindow, InsetsBelongToTheTextAndNoLineHidesUnderTheTitle) {
   EXPECT_FALSE(editor().horizontalScrollBar()->isVisible());
 }
 
-TEST_F(NoteWindow, TextIsDrawnInTheSystemsMonospacedFontAndRightToLeftAtTheRight) {
+TEST_F(MainWindow, TextIsDrawnInTheSystemsMonospacedFontAndRightToLeftAtTheRight) {
   launch();
   EXPECT_EQ(editor().fontInfo().pixelSize(), 14);
   EXPECT_TRUE(editor().fontInfo().fixedPitch());
@@ -127,7 +127,7 @@ TEST_F(NoteWindow, TextIsDrawnInTheSystemsMonospacedFontAndRightToLeftAtTheRight
   EXPECT_GT(editor().cursorRect().x(), editor().viewport()->width() / 2);
 }
 
-TEST_F(NoteWindow, NothingTypedIsSubstitutedAndAllOfItCanBeUndone) {
+TEST_F(MainWindow, NothingTypedIsSubstitutedAndAllOfItCanBeUndone) {
   launch();
   const QString typed = QStringLiteral("\"teh\" -- 'quotes' ... (c) i");
   for (const QChar c : typed) press(editor(), Qt::Key_unknown, Qt::NoModifier, c);
@@ -139,7 +139,7 @@ TEST_F(NoteWindow, NothingTypedIsSubstitutedAndAllOfItCanBeUndone) {
   EXPECT_EQ(editor().toPlainText(), typed + u'\t');
 }
 
-TEST_F(NoteWindow, ShowsAndSavesAFileByteForByte) {
+TEST_F(MainWindow, ShowsAndSavesAFileByteForByte) {
   const std::string bytes(
       "\xEF\xBB\xBF"
       "a\r\nb\nc\rd\xE2\x80\xA8 \xE2\x80\xA9 e\0f \xEF\xB7\x90 \xF0\x9F\x93\x8C",
@@ -154,7 +154,7 @@ TEST_F(NoteWindow, ShowsAndSavesAFileByteForByte) {
   EXPECT_THAT(scratch::get(note), Optional(bytes + "x"));
 }
 
-TEST_F(NoteWindow, AWindowThatNobodyCouldCloseDoesNotKeepTheProgram) {
+TEST_F(MainWindow, AWindowThatNobodyCouldCloseDoesNotKeepTheProgram) {
   launch();
   EXPECT_FALSE(frame().close());
   EXPECT_FALSE(frame().isVisible());

@@ -2,7 +2,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include "platform/desktop/session/offered_commands.h"
+#include "platform/desktop/session/exported_actions.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {
@@ -23,7 +23,7 @@ std::shared_ptr<NSMenu> makeMenu() {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using fuzz::require;
   static const auto menu = makeMenu();
-  desktop::OfferedCommands commands;
+  desktop::ExportedActions commands;
   commands.setMenu(menu);
 
   const std::string bytes = fuzz::bytesOf(data, size);

@@ -3,7 +3,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "platform/desktop/shortcuts/portal_shortcuts.h"
+#include "platform/desktop/shortcuts/portal_session.h"
 #include "tests/fuzz/fuzz.h"
 
 namespace {
@@ -55,14 +55,14 @@ class Session {
   QString session_;
   int heard_ = 0;
   QString lastId_;
-  PortalShortcuts shortcuts_{silentPortal(),
-                             {},
-                             [this](const QString& id, const QString& /*token*/) {
-                               ++heard_;
-                               lastId_ = id;
-                             },
-                             [](const QString& /*id*/, const QString& /*keys*/) {},
-                             [](bool /*asks*/) {}};
+  PortalSession shortcuts_{silentPortal(),
+                           {},
+                           [this](const QString& id, const QString& /*token*/) {
+                             ++heard_;
+                             lastId_ = id;
+                           },
+                           [](const QString& /*id*/, const QString& /*keys*/) {},
+                           [](bool /*asks*/) {}};
 };
 
 void checkRequest(uint code, const QVariantMap& results) {

@@ -13,13 +13,13 @@
 #include "platform/desktop/application/termination_signals.h"
 #include "platform/desktop/application/theme_follower.h"
 #include "platform/desktop/application/this_display.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/dbus/bus.h"
 #include "platform/desktop/files/settings_file.h"
 #include "platform/desktop/language/key_names.h"
-#include "platform/desktop/language/strings.h"
 #include "platform/desktop/language/translations.h"
 #include "platform/desktop/session/application_service.h"
-#include "platform/desktop/session/offered_commands.h"
+#include "platform/desktop/session/exported_actions.h"
 #include "platform/desktop/session/wake_signals.h"
 #include "platform/desktop/tray/qt_menu.h"
 #include "platform/desktop/tray/status_bar.h"
@@ -33,7 +33,7 @@ using namespace desktop;
 
 /// The parts of the desktop platform, each made once and given what it needs of those before it.
 struct NSApplication::Impl {
-  UniqueFd noteLock = becomeTheOneInstance();
+  UniqueFd noteLock = ensureSingleInstance();
   TerminationSignals signals;
   Bus sessionBus{QDBusConnection::SessionBus};
   Bus systemBus{QDBusConnection::SystemBus};
@@ -45,9 +45,10 @@ struct NSApplication::Impl {
   std::unique_ptr<WindowSystem> windowSystem = makeWindowSystem();
   RequestQueue requests{*windowSystem};
   ProgramWindows windows{*windowSystem, requests};
-  OfferedCommands commands;
+  ExportedActions commands;
   StatusBar statusBar{sessionBus, firstFrame, requests, windows, commands};
-  std::unique_ptr<GlobalKeys> globalKeys = makeGlobalKeys(requests, sessionBus, firstFrame, windows, commands);
+  std::unique_ptr<GlobalShortcuts> globalShortcuts =
+      makeGlobalShortcuts(requests, sessionBus, firstFrame, windows, commands);
   std::optional<QtMenu> mainMenu;
   std::optional<ApplicationService> service;
   std::optional<WakeSignals> wakeSignals;

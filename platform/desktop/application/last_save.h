@@ -5,8 +5,8 @@
 
 namespace platform::desktop {
 
-/// What the program does before the process ends, once, whatever ends it. Where the display is lost Qt ends the process
-/// itself: on X11 so that exit handlers run, on Wayland at once, after a last warning from any of its threads.
+/// Saves once before the process ends, whatever ends it. When the display connection is lost, Qt ends the process
+/// itself: on X11 by exit(), which runs exit handlers; on Wayland by _exit(), after a last qWarning from any thread.
 class LastSave {
  public:
   /// One at a time. `save` runs on the main thread.
@@ -15,9 +15,9 @@ class LastSave {
   LastSave& operator=(const LastSave&) = delete;
   ~LastSave();
 
-  /// Saves now, unless it has done so before. False if it had.
+  /// Saves, unless that has been done already; then it returns false.
   bool run();
-  /// Saves too when the display is lost, from now on. To be called once Qt has its display.
+  /// From now on saves also when the display connection is lost. To be called once Qt has a display.
   static void runAtLossOfDisplay();
 
  private:

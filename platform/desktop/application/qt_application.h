@@ -9,13 +9,13 @@ namespace platform::desktop {
 
 class Bus;
 
-/// Qt's application, but for its way to quit: it would first close the windows, which never close.
+/// Qt's application. Only a request to quit is handled here: Qt would close the windows first, and ours never close.
 class QtApplication : public QApplication {
  public:
   using QApplication::QApplication;
 
-  /// Ends the process with a message where there is no display. Qt asks the session bus at its start, and
-  /// waits as long as that takes: with one that does not answer soon, it goes without in this run.
+  /// Ends the process with a message if there is no display. Qt connects to the session bus as it starts, without a
+  /// time limit: if the bus does not answer soon, Qt is kept from using it for this run.
   static std::unique_ptr<QtApplication> start(Bus& sessionBus);
 
   std::function<void()> onQuit;

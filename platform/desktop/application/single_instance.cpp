@@ -14,9 +14,9 @@
 #include <thread>
 
 #include "platform/desktop/dbus/bus.h"
+#include "platform/desktop/dbus/bus_names.h"
 #include "platform/desktop/files/atomic_file.h"
 #include "platform/desktop/files/base_directories.h"
-#include "platform/desktop/session/application_service.h"
 
 namespace platform::desktop {
 namespace {
@@ -52,7 +52,7 @@ NoteLock lockNote() {
 }
 
 /// Asks the running process to come forward. False if none answered.
-bool handOver() {
+bool activateRunningInstance() {
   if (!Bus(QDBusConnection::SessionBus).answersWithin(busTimeout)) return false;
   const QString connectionName = QStringLiteral("hand over");
   bool done = false;
@@ -70,7 +70,7 @@ bool handOver() {
 
 }  // namespace
 
-UniqueFd becomeTheOneInstance() {
+UniqueFd ensureSingleInstance() {
   using Clock = std::chrono::steady_clock;
   NoteLock lock = lockNote();
   if (lock.outcome == NoteLock::Outcome::Held) return std::move(lock.folder);
@@ -82,7 +82,7 @@ UniqueFd becomeTheOneInstance() {
   const QCoreApplication neededByDBus(argc, argv);
   const auto deadline = Clock::now() + handOverTimeout;
   for (; Clock::now() < deadline; std::this_thread::sleep_for(retryInterval)) {
-    if (handOver()) std::exit(EXIT_SUCCESS);
+    if (activateRunningInstance()) std::exit(EXIT_SUCCESS);
     lock = lockNote();
     if (lock.outcome != NoteLock::Outcome::TakenByOther) return std::move(lock.folder);
   }

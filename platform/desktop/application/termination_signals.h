@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/desktop/files/unique_fd.h"
+#include "platform/desktop/base/unique_fd.h"
 
 namespace platform::desktop {
 
@@ -17,7 +17,7 @@ class TerminationSignals {
   TerminationSignals(const TerminationSignals&) = delete;
   TerminationSignals& operator=(const TerminationSignals&) = delete;
 
-  /// Signals that came before are delivered too, once the main loop runs. Several at once may be one call.
+  /// Signals that arrived earlier are delivered too, once the main loop runs. Several may be merged into one call.
   void deliverTo(std::function<void()> terminate);
 
  private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/application/this_display.h"
 
-#include "platform/desktop/shortcuts/portal_global_keys.h"
-#include "platform/desktop/shortcuts/x11_global_keys.h"
+#include "platform/desktop/shortcuts/portal_global_shortcuts.h"
+#include "platform/desktop/shortcuts/x11_global_shortcuts.h"
 #include "platform/desktop/windows/plain_window_system.h"
 #include "platform/desktop/windows/x11_window_system.h"
 #include "platform/desktop/x11/x11.h"
@@ -27,11 +27,11 @@ std::unique_ptr<WindowSystem> makeWindowSystem() {
 /// A Wayland session is the portal's even for a program that runs through XWayland: there the X server sees keys, and
 /// so heeds a grab, only while one of its own windows has the keyboard. On other displays without an X server the
 /// portal is the only one to ask. Plain X11 needs nobody: a grab is there at once, and names the physical key.
-std::unique_ptr<GlobalKeys> makeGlobalKeys(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
-                                           ProgramWindows& windows, const OfferedCommands& commands) {
+std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
+                                                     ProgramWindows& windows, const ExportedActions& commands) {
   auto* const connection = x11::connection();
-  if (connection != nullptr && !isWaylandSession()) return std::make_unique<X11GlobalKeys>(requests, connection);
-  return std::make_unique<PortalGlobalKeys>(requests, sessionBus, firstFrame, windows, commands);
+  if (connection != nullptr && !isWaylandSession()) return std::make_unique<X11GlobalShortcuts>(requests, connection);
+  return std::make_unique<PortalGlobalShortcuts>(requests, sessionBus, firstFrame, windows, commands);
 }
 
 }  // namespace platform::desktop

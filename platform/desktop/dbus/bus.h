@@ -13,21 +13,21 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop/files/unique_fd.h"
+#include "platform/desktop/base/unique_fd.h"
 
 namespace platform::desktop {
 
-/// The session's or the system's message bus, asked at the first use whether it answers. One that takes connections and
-/// never answers holds whoever connects through Qt for good: nobody does before it has answered here.
+/// The session bus or the system bus. A bus that accepts connections but never answers would block QDBusConnection
+/// forever, so nobody uses that before the bus has answered a question here, over a socket of our own.
 class Bus {
  public:
   explicit Bus(QDBusConnection::BusType type) : type_(type) {}
 
-  /// Whether it answers, within that time at most; at once where there is no bus.
+  /// Waits at most that long for the answer. False at once if there is no bus.
   bool answersWithin(std::chrono::milliseconds timeout);
-  /// Whether there is one that was asked and has not answered yet.
+  /// Whether it has been asked and has not answered yet.
   bool isSilent() const { return bool(question_); }
-  /// Begins at once with a bus that answers, else as soon as it does, if `context` is still there.
+  /// Calls `begin` at once if the bus has answered, else when it does; never if `context` is destroyed before that.
   void whenItAnswers(QObject& context, std::function<void()> begin);
 
  private:
@@ -42,13 +42,13 @@ class Bus {
   std::vector<std::pair<QPointer<QObject>, std::function<void()>>> waiting_;
 };
 
-/// A call of the bus itself; the caller adds the arguments.
+/// A call to the bus daemon itself; the caller adds the arguments.
 QDBusMessage callOfTheBus(const QString& method);
 
-/// A call that asks an object for one of its properties.
+/// A call that reads one property of an object.
 QDBusMessage getProperty(const QString& service, const QString& path, const QString& interface, const QString& name);
 
-/// Calls `then` with the answer to a call, which may be an error; not if `context` is gone by then.
+/// Calls `then` with the reply, which may be an error; never if `context` is destroyed before that.
 void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(const QDBusPendingCall&)> then);
 
 }  // namespace platform::desktop

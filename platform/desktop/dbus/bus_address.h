@@ -10,8 +10,8 @@ namespace platform::desktop {
 /// Where the bus of that kind is, by the environment and its usual places. Empty if there is none.
 QByteArray addressOfBus(QDBusConnection::BusType type);
 
-/// The Unix sockets in such an address, in its order: each a path, or a name behind a zero byte. Other ways to reach a
-/// bus are left out.
+/// The Unix sockets in such an address, in its order: each a path or, behind a zero byte, an abstract name. Other
+/// transports are left out.
 QList<QByteArray> socketsIn(const QByteArray& address);
 
 }  // namespace platform::desktop

@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <cstdint>
 
-#include "platform/desktop/files/unique_fd.h"
+#include "platform/desktop/base/unique_fd.h"
 
 namespace platform::desktop {
 namespace {
@@ -173,7 +173,7 @@ std::error_code replaceFile(const fs::path& path, std::string_view contents) {
   return {};
 }
 
-void sweepAuxiliaryFiles(const fs::path& path) {
+void removeStaleTemporaries(const fs::path& path) {
   std::error_code error;
   const auto target = finalTarget(path, error);
   if (!target) return;
@@ -184,7 +184,7 @@ void sweepAuxiliaryFiles(const fs::path& path) {
   }
 }
 
-std::error_code keepFile(const fs::path& path, std::string_view suffix) {
+std::error_code linkBackup(const fs::path& path, std::string_view suffix) {
   std::error_code error;
   const auto target = finalTarget(path, error);
   if (!target) return error;

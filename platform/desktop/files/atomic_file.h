@@ -23,14 +23,14 @@ std::optional<std::string> readFile(const std::filesystem::path&, std::size_t la
 /// Replaces the contents of the file that `path` finally leads to, in one step and durably; see NSString::writeToURL.
 std::error_code replaceFile(const std::filesystem::path& path, std::string_view contents);
 
-/// Removes what a replacement of this file left behind when it was cut short.
-void sweepAuxiliaryFiles(const std::filesystem::path&);
+/// Removes the temporary files that interrupted replacements of this file have left behind.
+void removeStaleTemporaries(const std::filesystem::path&);
 
-/// Gives a file an additional name, its own with `suffix` behind; see NSFileManager::keepUnreadableItemAtURL. A success
-/// if the file has that name already, file_exists if another one has it: no file is ever replaced.
-std::error_code keepFile(const std::filesystem::path&, std::string_view suffix);
+/// Gives a file a second name, its own followed by `suffix`; see NSFileManager::keepUnreadableItemAtURL. Succeeds if
+/// the file has that name already; file_exists if another file has it, since no file is ever replaced.
+std::error_code linkBackup(const std::filesystem::path&, std::string_view suffix);
 
-/// Makes a folder for its owner only, with its missing parents if asked to. One that exists is a success.
+/// Makes a folder, readable by its owner only, and its missing parents if asked to. Succeeds if it exists.
 std::error_code makeFolder(const std::filesystem::path&, bool withParents);
 
 }  // namespace platform::desktop

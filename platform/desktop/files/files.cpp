@@ -22,11 +22,11 @@ std::error_code NSFileManager::createDirectoryAtURL(const URL& url, bool withInt
 }
 
 std::error_code NSFileManager::keepItem(const URL& url, std::string_view suffix) {
-  return desktop::keepFile(url, suffix);
+  return desktop::linkBackup(url, suffix);
 }
 
 std::optional<std::string> NSString::stringWithContentsOfURL(const URL& url, std::error_code& error) {
-  desktop::sweepAuxiliaryFiles(url);
+  desktop::removeStaleTemporaries(url);
   auto text = desktop::readFile(url, desktop::largestText, error);
   if (text && !isValidUtf8(*text)) {
     error = std::make_error_code(std::errc::illegal_byte_sequence);

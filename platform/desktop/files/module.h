@@ -6,8 +6,8 @@
 
 namespace platform::desktop {
 
-/// Where modules are: beside the program in a build, and where they are installed. A module is a part of the program
-/// that needs libraries of its own; it is a file of its own, loaded when it is first needed.
+/// Where modules are looked for: beside the program in a build, and where they are installed. A module is a part of the
+/// program that needs further libraries; it is a shared object of its own, loaded when it is first needed.
 QStringList moduleFolders();
 
 /// The function of that name from the module `file`.so, which is loaded from the first of the folders that has it and

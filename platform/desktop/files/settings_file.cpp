@@ -12,7 +12,7 @@
 namespace platform::desktop {
 
 SettingsFile::SettingsFile(std::filesystem::path file) : file_(std::move(file)) {
-  sweepAuxiliaryFiles(file_);
+  removeStaleTemporaries(file_);
   std::error_code error;
   const auto contents = readFile(file_, largestSettings, error);
   const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(contents.value_or("")));

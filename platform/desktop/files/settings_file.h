@@ -6,7 +6,8 @@
 
 namespace platform::desktop {
 
-/// A JSON object in a file. A file that holds none counts as empty, and gets a second name before it is first replaced.
+/// A JSON object in a file. A file that cannot be read as one counts as empty; before it is replaced it is kept under a
+/// second name.
 class SettingsFile {
  public:
   explicit SettingsFile(std::filesystem::path file);
@@ -16,16 +17,16 @@ class SettingsFile {
   const QJsonObject& values() const { return values_; }
   /// Undefined if there is none.
   QJsonValue value(const QString& key) const { return values_.value(key); }
-  /// Writes the whole file at once, unless it holds this value and all earlier ones already. A value that cannot be
-  /// written is kept in memory.
+  /// Sets the value and writes the whole file, unless nothing would change in it. If writing fails, the value stays in
+  /// memory.
   void store(const QString& key, const QJsonValue& value);
-  /// Tries again to write what could not be written.
+  /// Writes the file if an earlier write has failed.
   void write();
 
  private:
   std::filesystem::path file_;
   QJsonObject values_;
-  bool unreadable_;      ///< a file that is there now, or appears before the first write, needs a second name
+  bool unreadable_;      ///< nothing was read: whatever file is there at the first write is kept under a second name
   bool written_ = true;  ///< the file holds all that was stored
 };
 

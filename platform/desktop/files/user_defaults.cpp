@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/user_defaults.h"
 
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/files/settings_file.h"
-#include "platform/desktop/language/strings.h"
 
 namespace platform {
 

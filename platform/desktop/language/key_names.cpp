@@ -40,20 +40,20 @@ std::optional<QKeySequence> keysOfSymbols(const QString& text) {
 }
 
 QString KeyNames::nameOf(const QKeySequence& keys) const {
-  const QString told = told_.value(keys);
+  const QString told = replaced_.value(keys);
   return told.isEmpty() ? keys.toString(QKeySequence::NativeText) : told;
 }
 
 QKeySequence KeyNames::keysFor(const QKeySequence& keys) const {
-  const QString told = told_.value(keys);
+  const QString told = replaced_.value(keys);
   if (told.isEmpty()) return keys;
   const auto read = QKeySequence::fromString(told, QKeySequence::NativeText);
   return read.toString(QKeySequence::NativeText) == told ? read : QKeySequence();
 }
 
-void KeyNames::tell(const QKeySequence& keys, const QString& name) {
+void KeyNames::replaceKeys(const QKeySequence& keys, const QString& name) {
   const QString before = nameOf(keys);
-  told_.insert(keys, asQtNames(name.left(longestName).simplified()));
+  replaced_.insert(keys, asQtNames(name.left(longestName).simplified()));
   const QString now = nameOf(keys);
   if (now != before) Q_EMIT renamed(before, now);
 }

@@ -7,29 +7,31 @@
 #include <QString>
 #include <optional>
 
-#include "platform/desktop/one_in_process.h"
+#include "platform/desktop/base/singleton.h"
 
 namespace platform::desktop {
 
-/// The keys of a combination in symbols, "⌥⌘N" or "esc"; none in any other text.
+/// The combination that a text like "⌥⌘N" or "esc" stands for; nothing for any other text. Knows ⌃, ⌥, ⌘, letters and
+/// esc.
 std::optional<QKeySequence> keysOfSymbols(const QString& text);
 
-/// What the user's combinations are called: as Qt names them, in the user's language, unless the desktop gives
-/// other keys in their place.
-class KeyNames : public QObject, public OneInProcess<KeyNames> {
+/// What key combinations are called on the screen: by Qt's names, in the user's language, or by the desktop's name for
+/// other keys that the user has chosen there.
+class KeyNames : public QObject, public Singleton<KeyNames> {
   Q_OBJECT
 
  public:
   QString nameOf(const QKeySequence& keys) const;
-  /// The keys that act for these. Empty where the desktop has told of some that Qt cannot read.
+  /// The keys to press in place of `keys`. Empty if Qt cannot read the desktop's name for them.
   QKeySequence keysFor(const QKeySequence& keys) const;
-  /// The desktop gives others in their place, by the name that it has for them; an empty name takes that back.
-  void tell(const QKeySequence& keys, const QString& name);
+  /// The user has chosen other keys at the desktop, which calls them `name`; an empty name takes that back.
+  void replaceKeys(const QKeySequence& keys, const QString& name);
 
+  /// What the screen shows for a combination has changed.
   Q_SIGNAL void renamed(const QString& before, const QString& now);
 
  private:
-  QMap<QKeySequence, QString> told_;
+  QMap<QKeySequence, QString> replaced_;
 };
 
 }  // namespace platform::desktop

@@ -3,8 +3,8 @@
 
 #include <QCoreApplication>
 
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/language/key_names.h"
-#include "platform/desktop/language/strings.h"
 
 namespace platform {
 

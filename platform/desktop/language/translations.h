@@ -5,14 +5,14 @@
 
 namespace platform::desktop {
 
-/// The tables from the program's texts to what the user reads, in the process from construction to destruction: English
-/// in a desktop's words and, over it, the language that the user's environment asks for, with Qt's own texts
-/// in it where they are installed.
+/// Installs the tables that turn the program's texts into what the user reads: always English in the words of Linux
+/// desktops, over it the language that the user's environment asks for, and Qt's own texts in that language where they
+/// are on the machine. They are removed on destruction.
 class Translations {
  public:
   Translations();
 
-  /// Of the language that the user reads, whatever the one of dates and numbers is.
+  /// In which the user's language is written.
   Qt::LayoutDirection direction() const;
 
  private:

@@ -5,11 +5,10 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/application_metadata.h"
 #include "platform/desktop/dbus/bus.h"
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/dbus/bus_names.h"
+#include "platform/desktop/session/exported_actions.h"
 #include "platform/desktop/session/gnome_overview.h"
-#include "platform/desktop/session/offered_commands.h"
 #include "platform/desktop/windows/request_queue.h"
 #include "platform/desktop/windows/window_system.h"
 
@@ -21,24 +20,19 @@ constexpr auto startedForRequest = "QUILLBERRY_STARTED_FOR_REQUEST";
 
 }  // namespace
 
-QString serviceName() { return toQString(metadata::identifier); }
-QString servicePath() { return u'/' + serviceName().replace(u'.', u'/'); }
-QString serviceInterface() { return QStringLiteral("org.freedesktop.Application"); }
-QString activationTokenKey() { return QStringLiteral("activation-token"); }
-
 ApplicationService::ApplicationService(Bus& sessionBus, WindowSystem& windowSystem, RequestQueue& requests,
-                                       const OfferedCommands& commands, std::function<void()> activate)
+                                       const ExportedActions& actions, std::function<void()> activate)
     : sessionBus_(sessionBus),
       windowSystem_(windowSystem),
       requests_(requests),
-      commands_(commands),
+      actions_(actions),
       activate_(std::move(activate)),
       startedForRequest_(qEnvironmentVariableIsSet(startedForRequest)) {
   qunsetenv(startedForRequest);  // else it would be inherited by all that we start
-  sessionBus_.whenItAnswers(*this, [this] { appear(); });
+  sessionBus_.whenItAnswers(*this, [this] { registerOnBus(); });
 }
 
-void ApplicationService::appear() {
+void ApplicationService::registerOnBus() {
   QDBusConnection bus = QDBusConnection::sessionBus();
   // The object first: who finds the name finds the object.
   if (!bus.registerObject(servicePath(), this, QDBusConnection::ExportScriptableInvokables)) return;
@@ -65,10 +59,10 @@ void ApplicationService::Open(const QStringList& /*uris*/, const QVariantMap& /*
 void ApplicationService::ActivateAction(const QString& name, const QVariantList& parameter,
                                         const QVariantMap& platformData) {
   QString refusal;
-  const auto command = commands_.named(name, parameter, refusal);
+  const auto command = actions_.named(name, parameter, refusal);
   const bool isAwaited = std::exchange(startedForRequest_, false);
   if (!command) return sendErrorReply(QDBusError::InvalidArgs, refusal);
-  if (isAwaited && commands_.isFirst(*command)) return;
+  if (isAwaited && actions_.isFirst(*command)) return;
   const QString token = platformData.value(activationTokenKey()).toString();
   leaveGnomeOverview(*this, [this, command, token] {
     windowSystem_.setActivationToken(token);

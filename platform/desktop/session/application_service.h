@@ -9,19 +9,13 @@
 namespace platform::desktop {
 
 class Bus;
-class OfferedCommands;
+class ExportedActions;
 class RequestQueue;
 class WindowSystem;
 
-/// The program's name on the session bus, the path of its one object, and that object's interface.
-QString serviceName();
-QString servicePath();
-QString serviceInterface();
-/// Under which a request's platform data has an activation token.
-QString activationTokenKey();
-
-/// The program on the session bus, from when that answers to its end. Without a bus it is silent. A program that the
-/// bus has started for a request has come forward by that: if the request is the menu's first command, it is done.
+/// The program's object on the session bus, from when the bus first answers until it is destroyed. Where there is no
+/// bus, nothing happens. Where the bus has started the program for a request, the note is shown already: a first
+/// request that only shows it is not carried out again, for it would hide it.
 class ApplicationService : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -29,27 +23,27 @@ class ApplicationService : public QObject, protected QDBusContext {
  public:
   /// What it is given outlives it; `activate` brings the program forward.
   ApplicationService(Bus& sessionBus, WindowSystem& windowSystem, RequestQueue& requests,
-                     const OfferedCommands& commands, std::function<void()> activate);
+                     const ExportedActions& actions, std::function<void()> activate);
   ~ApplicationService() override;
 
   // `platformData` may have an activation token; see `WindowSystem::setActivationToken`.
-  /// Comes forward.
+  /// Shows the note and gives it the keyboard.
   Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
-  /// Is an error: there is one note, and no files are opened.
+  /// Always an error: the program opens no files.
   Q_INVOKABLE Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
-  /// Performs the offered action, or is an error that tells why there is none.
+  /// Performs the action of that name, or answers with an error that says why not.
   Q_INVOKABLE Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& parameter,
                                                const QVariantMap& platformData);
 
  private:
-  void appear();
+  void registerOnBus();
 
   Bus& sessionBus_;
   WindowSystem& windowSystem_;
   RequestQueue& requests_;
-  const OfferedCommands& commands_;
+  const ExportedActions& actions_;
   std::function<void()> activate_;
-  bool startedForRequest_;  ///< which has not come yet
+  bool startedForRequest_;  ///< and that request has not arrived yet
 };
 
 }  // namespace platform::desktop

@@ -102,7 +102,7 @@ std::optional<NSError> saveAsOwn(const DesktopEntry& entry) {
     const auto error = NSFileManager::defaultManager().keepUnreadableItemAtURL(file);
     if (error) return failure("keep", file, error);
   }
-  desktop::sweepAuxiliaryFiles(file);
+  desktop::removeStaleTemporaries(file);
   if (const auto error = desktop::replaceFile(file, entry.bytes())) return failure("write", file, error);
   return std::nullopt;
 }

@@ -9,8 +9,8 @@ namespace platform::desktop {
 inline const QString gnome = QStringLiteral("GNOME");
 inline const QString xfce = QStringLiteral("XFCE");
 
-/// Whether this is a session of the desktop with that registered name, or of one that is made of it.
-/// In capitals, as Qt compares it too.
+/// Whether $XDG_CURRENT_DESKTOP names that desktop, itself or as what this session is based on ("ubuntu:GNOME").
+/// `desktop` is in capitals; cases are not told apart, as in Qt.
 inline bool isSessionOf(const QString& desktop) {
   return qEnvironmentVariable("XDG_CURRENT_DESKTOP").toUpper().split(u':').contains(desktop);
 }

@@ -64,7 +64,7 @@ WakeSignals::WakeSignals(Bus& sessionBus, Bus& systemBus) {
   sessionBus.whenItAnswers(*this, [this] { listenToSession(); });
   if (auto* const connection = x11::connection()) {
     screen_ = std::make_unique<X11ScreenWatch>(connection);
-    screen_->onDisplayOn = [this] { whenUncovered(postScreensWake); };
+    screen_->onScreenSaverEnded = [this] { whenUnlocked(postScreensWake); };
   }
 }
 
@@ -97,7 +97,7 @@ bool WakeSignals::endsAbsence(const QString& source, bool away) {
 }
 
 void WakeSignals::onPrepareForSleep(bool goingToSleep) {
-  if (!goingToSleep) whenUncovered(postSystemWake);
+  if (!goingToSleep) whenUnlocked(postSystemWake);
 }
 
 void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantMap& changed,
@@ -107,23 +107,23 @@ void WakeSignals::onSessionChanged(const QString& /*interface*/, const QVariantM
   // Other users of the machine have sessions too.
   const QDBusMessage question = getProperty(loginManager, message.path(), loginSession, QStringLiteral("User"));
   onReply(QDBusConnection::systemBus().asyncCall(question), *this, [this](const QDBusPendingReply<QDBusVariant>& user) {
-    if (user.isValid() && isOurUser(user.value().variant())) whenUncovered(postUnlock);
+    if (user.isValid() && isOurUser(user.value().variant())) whenUnlocked(postUnlock);
   });
 }
 
 void WakeSignals::onScreenSaverChanged(bool active, const QDBusMessage& message) {
-  if (endsAbsence(message.interface(), active)) whenUncovered(postUnlock);
+  if (endsAbsence(message.interface(), active)) whenUnlocked(postUnlock);
 }
 
 void WakeSignals::onDisplayChanged(const QString& interface, const QVariantMap& changed,
                                    const QStringList& /*invalidated*/) {
   const QVariant powerSaveMode = changed.value(QStringLiteral("PowerSaveMode"));
-  if (powerSaveMode.isValid() && endsAbsence(interface, powerSaveMode.toInt() != 0)) whenUncovered(postScreensWake);
+  if (powerSaveMode.isValid() && endsAbsence(interface, powerSaveMode.toInt() != 0)) whenUnlocked(postScreensWake);
 }
 
-void WakeSignals::whenUncovered(void (*post)()) {
+void WakeSignals::whenUnlocked(void (*post)()) {
   if (screen_) {
-    screen_->whenUncovered(post);
+    screen_->whenUnlocked(post);
   } else {
     post();
   }

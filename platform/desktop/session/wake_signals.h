@@ -12,9 +12,9 @@ namespace platform::desktop {
 class Bus;
 class X11ScreenWatch;
 
-/// Hears of resumes, unlocks and displays that come on from whichever services the desktop has, now or later, and posts
-/// them as the workspace's and the distributed centre's notifications. But for a resume, only who was told to be away
-/// comes back: services repeat that nobody is.
+/// Listens for resume, unlock and displays that come on, from whichever services the desktop runs now or later, and
+/// posts NSWorkspace's and NSDistributedNotificationCenter's notifications. An unlock counts only after a lock, and so
+/// for displays: services repeat their state.
 class WakeSignals : public QObject {
   Q_OBJECT
 
@@ -30,15 +30,15 @@ class WakeSignals : public QObject {
   Q_SLOT void onScreenSaverChanged(bool active, const QDBusMessage& message);
   Q_SLOT void onDisplayChanged(const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
 
-  /// Whether that ends an absence. Each source, a session or a service, tells of its own.
+  /// Records what a session or a service says of itself. True if the user was away for it, and is back.
   bool endsAbsence(const QString& source, bool away);
   void listenToLoginManager();
   void listenToSession();
-  /// Once nothing hides the screen from its user.
-  void whenUncovered(void (*post)());
+  /// Calls `post` once no screen locker covers the screen.
+  void whenUnlocked(void (*post)());
 
   std::unique_ptr<X11ScreenWatch> screen_;  ///< none on other displays
-  QSet<QString> away_;                      ///< the sources that told so last
+  QSet<QString> away_;                      ///< the sources for which the user is away
 };
 
 }  // namespace platform::desktop

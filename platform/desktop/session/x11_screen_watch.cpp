@@ -26,14 +26,14 @@ X11ScreenWatch::X11ScreenWatch(xcb_connection_t* connection)
   }
 }
 
-void X11ScreenWatch::whenUncovered(std::function<void()> then) {
+void X11ScreenWatch::whenUnlocked(std::function<void()> then) {
   waiting_.push_back(std::move(then));
   runWaiting();
 }
 
 void X11ScreenWatch::runWaiting() {
-  covers_ = watchLockers();
-  if (!covers_.empty()) return;
+  lockers_ = watchLockers();
+  if (!lockers_.empty()) return;
   for (const auto& then : std::exchange(waiting_, {})) then();
 }
 
@@ -43,11 +43,11 @@ bool X11ScreenWatch::take(xcb_generic_event_t& event) {
     const auto& change = x11::as<xcb_screensaver_notify_event_t>(event);
     // The server tells of each reset, and media players reset it every few seconds.
     const bool wasOn = std::exchange(saverOn_, change.state != XCB_SCREENSAVER_STATE_OFF);
-    if (wasOn && !saverOn_ && onDisplayOn) onDisplayOn();
+    if (wasOn && !saverOn_ && onScreenSaverEnded) onScreenSaverEnded();
   } else if (type == XCB_UNMAP_NOTIFY || type == XCB_DESTROY_NOTIFY) {
     // The window stands at the same place in both.
     const xcb_window_t gone = x11::as<xcb_unmap_notify_event_t>(event).window;
-    if (std::find(covers_.begin(), covers_.end(), gone) != covers_.end()) runWaiting();
+    if (std::find(lockers_.begin(), lockers_.end(), gone) != lockers_.end()) runWaiting();
   }
   return false;
 }

@@ -9,21 +9,20 @@
 
 namespace platform::desktop {
 
-/// What happens to an X11 screen as a whole: its saver, and lockers that cover it.
+/// The X11 screen saver, and screen lockers that cover the screen.
 class X11ScreenWatch : private x11::EventFilter {
  public:
   explicit X11ScreenWatch(xcb_connection_t* connection);
 
-  /// The screen saver has ended: the screen was blank, and is not any more.
-  std::function<void()> onDisplayOn;
+  std::function<void()> onScreenSaverEnded;
 
-  /// Runs `then` at once, or when the locker that now has the keyboard and covers the screen has gone.
-  void whenUncovered(std::function<void()> then);
+  /// Calls `then` at once, or when the locker that covers the screen and has grabbed the keyboard is gone.
+  void whenUnlocked(std::function<void()> then);
 
  private:
   bool take(xcb_generic_event_t& event) override;
   void runWaiting();
-  /// The windows that cover a screen while another program has the keyboard. Has the server tell of their ends.
+  /// The windows that cover a screen while another program has grabbed the keyboard. Selects the events of their ends.
   std::vector<xcb_window_t> watchLockers();
   bool keyboardIsTaken();
   bool isOfOtherProgram(xcb_window_t window);
@@ -33,7 +32,7 @@ class X11ScreenWatch : private x11::EventFilter {
   xcb_window_t root_;
   std::optional<unsigned> saverEvent_;
   bool saverOn_ = false;
-  std::vector<xcb_window_t> covers_;  ///< whose end is being waited for
+  std::vector<xcb_window_t> lockers_;  ///< whose end is awaited
   std::vector<std::function<void()>> waiting_;
 };
 

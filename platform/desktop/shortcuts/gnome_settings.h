@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// What the module that writes GNOME's settings, with GIO, shares with the program.
+/// The interface between the program and the module that writes GNOME's settings by GIO.
 namespace platform::desktop {
 
-/// A custom shortcut of GNOME's, which the user sees, changes and removes in its settings. All texts are UTF-8.
+/// A custom shortcut of GNOME, as the user sees it in GNOME's settings. All texts are UTF-8.
 struct GnomeShortcut {
   const char* folder;   ///< the name of the entry's folder, a word
   const char* name;     ///< for the user
@@ -12,8 +12,8 @@ struct GnomeShortcut {
   const char* binding;  ///< the keys, as GTK writes them: "<Control><Alt>n"
 };
 
-/// What the module offers: adds a shortcut to the custom ones, beside those that are there. False, and nothing has been
-/// done, where GNOME has no custom shortcuts, or something else has the keys.
+/// The module's one function: adds a custom shortcut. False, and nothing is changed, if GNOME has no custom shortcuts
+/// or if the keys are taken.
 extern "C" using AddGnomeShortcut = bool(*)(const GnomeShortcut&);
 constexpr auto gnomeModule = "quillberry-gnome";
 constexpr auto addGnomeShortcutName = "quillberryAddGnomeShortcut";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/shortcuts/gnome_shortcuts.h"
 
+#include "platform/desktop/dbus/bus_names.h"
 #include "platform/desktop/files/module.h"
-#include "platform/desktop/session/application_service.h"
 #include "platform/desktop/shortcuts/gnome_settings.h"
 #include "platform/user_defaults.h"
 

@@ -5,9 +5,8 @@
 
 namespace platform::desktop {
 
-/// Gives a command that is offered to other programs (see `OfferedCommands`) its keys among GNOME's own custom
-/// shortcuts; once in a user's life, so that what the user does with it there stays. Tried again at the next start
-/// where something else had the keys.
+/// Adds a custom shortcut to GNOME's settings that calls an exported action (see `ExportedActions`). Done once and then
+/// never again, so that the user's own changes stay; if the keys are taken, it is tried again at the next start.
 void addToGnomeShortcuts(const QString& action, const QString& title, const QString& binding);
 
 }  // namespace platform::desktop

@@ -14,7 +14,7 @@ struct X11Modifiers {
 
   static X11Modifiers ofKeyboard(xcb_connection_t* connection);
 
-  /// Every combination of the locks, none included: a key is grabbed with each.
+  /// All combinations of the locks, the empty one too: a key is grabbed with each.
   std::vector<unsigned> lockCombinations() const;
   friend bool operator==(const X11Modifiers&, const X11Modifiers&) = default;
 };

@@ -25,8 +25,8 @@ void Composition::handle(QInputMethodEvent& event) {
   const bool replacesSelection = editor_.textCursor().hasSelection() && !event.preeditString().isEmpty();
   const bool edits = replacesSelection || !event.commitString().isEmpty() || event.replacementLength() > 0;
   open_ = event.preeditString();
-  editor_.changeUntold([&] { insert(event); });  // Qt reports the composition as a change too
-  if (edits) editor_.tellOfEdit();
+  editor_.changeSilently([&] { insert(event); });  // Qt reports the composition as a change too
+  if (edits) editor_.reportEdit();
 }
 
 void Composition::insert(QInputMethodEvent& event) {
@@ -46,7 +46,7 @@ void Composition::commit() {
   if (open_.isEmpty()) return;
   const QString textBefore = textWithComposition();
   const QString ended = open_;
-  editor_.changeUntold([this] {
+  editor_.changeSilently([this] {
     if (editor_.hasFocus()) QGuiApplication::inputMethod()->commit();
     if (open_.isEmpty()) return;
     QInputMethodEvent commit;
@@ -55,7 +55,7 @@ void Composition::commit() {
     QGuiApplication::inputMethod()->reset();
   });
   committed_ = ended;
-  if (textWithComposition() != textBefore) editor_.tellOfEdit();
+  if (textWithComposition() != textBefore) editor_.reportEdit();
 }
 
 /// Some input methods commit, on losing the focus, what was taken from them before, and may tell first that there is

@@ -8,19 +8,19 @@
 
 namespace platform::desktop {
 
-/// What an input method composes in an editor: part of the text from its first letter on, and an edit once it is
-/// committed.
+/// The text that an input method composes in an editor (Qt's preedit string). It counts as part of the text from its
+/// first letter on, and as an edit once it is committed.
 class Composition {
  public:
   explicit Composition(ExactTextEdit& editor) : editor_(editor) {}
 
   /// The document's text, with the open composition where it stands.
   QString textWithComposition() const;
-  /// Does what an input method asks; the composition's text goes where the caret stands.
+  /// Handles an event of the input method at the caret.
   void handle(QInputMethodEvent& event);
-  /// Makes the open composition text, which is no edit: it was part of the text before.
+  /// Commits the open composition. That is no edit, for the text stays the same.
   void commit();
-  /// The user has gone on: from now on nothing is taken for a late commit any more.
+  /// The user has typed something else: a commit that comes now is new text, no late duplicate of `commit`.
   void forgetCommit() { committed_.clear(); }
 
  private:
@@ -29,7 +29,7 @@ class Composition {
 
   ExactTextEdit& editor_;
   QString open_;
-  QString committed_;  ///< by `commit`, for as long as its input method may commit it again
+  QString committed_;  ///< by `commit`, until the input method can no longer commit it again
 };
 
 }  // namespace platform::desktop

@@ -7,10 +7,10 @@
 
 class QTextDocument;
 
-/// Texts in a QTextDocument without a loss. The document by itself folds every kind of line end into one and
-/// gives a meaning of its own to two noncharacters. Here it remembers the kinds of line ends (see line_ends.h) and
-/// shows long paragraphs in pieces (see long_paragraphs.h); and lone low surrogates, which no text contains, stand for
-/// the two noncharacters.
+/// Any Unicode text in a QTextDocument, without loss. By itself the document turns every kind of line end into one, and
+/// uses two noncharacters (U+FDD0, U+FDD1) for itself. Here each line end keeps its kind (line_ends.h), long paragraphs
+/// are divided (long_paragraphs.h), and the two noncharacters are stored as lone low surrogates, which no text
+/// contains. In all of these functions, surrogates in `text` are paired.
 namespace platform::desktop {
 
 /// `text` with U+FFFD for every lone surrogate.
@@ -19,16 +19,16 @@ QString withScalarValuesOnly(const QString& text);
 /// Whether `QTextCursor::insertText` would not insert just `text`.
 bool needsExactInsertion(QStringView text);
 
-/// Replaces the whole document; nothing can be undone afterwards. Surrogates are paired.
+/// Replaces the whole document, and clears its undo history.
 void setExactText(QTextDocument&, const QString& text);
 
-/// Puts the text, whole lines, in front of all others; nothing can be undone afterwards. Surrogates are paired.
+/// Inserts whole lines at the start, and clears the undo history.
 void prependExactText(QTextDocument&, const QString& text);
 
-/// Replaces the selection as one step of undo. Surrogates are paired.
+/// Replaces the selection, as one step of undo.
 void insertExactText(QTextCursor cursor, const QString& text);
 
-/// Replaces the selection by a line end of the kind that the line before has.
+/// Replaces the selection by a line end, of the same kind as the one before.
 void insertLineEnd(QTextCursor cursor);
 
 /// The text between two positions of the document, `end` excluded.

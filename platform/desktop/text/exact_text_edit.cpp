@@ -8,7 +8,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/text/exact_text.h"
 #include "platform/desktop/text/long_paragraphs.h"
 
@@ -58,20 +58,20 @@ QString utf8FormatOf(const QMimeData& data) {
 ExactTextEdit::ExactTextEdit() {
   connect(this, &QPlainTextEdit::textChanged, [this] {
     // Qt reports a change of looks too; it leaves the revision alone.
-    if (document()->revision() != toldRevision_) tellOfEdit();
+    if (document()->revision() != reportedRevision_) reportEdit();
   });
 }
 
-void ExactTextEdit::changeUntold(const std::function<void()>& change) {
-  const QScopedValueRollback untold(untold_, true);
+void ExactTextEdit::changeSilently(const std::function<void()>& change) {
+  const QScopedValueRollback untold(silent_, true);
   change();
-  toldRevision_ = document()->revision();
+  reportedRevision_ = document()->revision();
 }
 
-void ExactTextEdit::tellOfEdit() {
-  if (untold_) return;
-  if (!document()->isRedoAvailable()) changeUntold([this] { arrangeBlock(textCursor()); });
-  toldRevision_ = document()->revision();
+void ExactTextEdit::reportEdit() {
+  if (silent_) return;
+  if (!document()->isRedoAvailable()) changeSilently([this] { arrangeBlock(textCursor()); });
+  reportedRevision_ = document()->revision();
   if (onEdit) onEdit();
 }
 

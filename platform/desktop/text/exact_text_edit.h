@@ -6,26 +6,25 @@
 
 namespace platform::desktop {
 
-/// Qt's plain-text editor, made exact: what is typed, pasted, dropped and copied is held without a loss (see
-/// exact_text.h).
+/// Qt's plain-text editor, but what is typed, pasted, dropped and copied stays exactly as it is (see exact_text.h).
 class ExactTextEdit : public QPlainTextEdit {
  public:
   ExactTextEdit();
 
-  /// The text was edited, or an edit undone or redone. Qt's own signal also tells of another font.
+  /// Called after an edit, an undo or a redo. Qt's textChanged also comes with a change of font.
   std::function<void()> onEdit;
 
-  /// Does to the text what the key does.
+  /// Edits the text or moves the caret as the key says.
   void editKey(QKeyEvent& key);
   /// Replaces the selection.
   void insertExactly(const QString& text);
 
-  /// What `change` does to the text is no edit.
-  void changeUntold(const std::function<void()>& change);
-  /// Calls `onEdit`, but not from inside `changeUntold`.
-  void tellOfEdit();
+  /// Runs `change`, whose changes to the text are not reported as edits.
+  void changeSilently(const std::function<void()>& change);
+  /// Calls `onEdit`, unless inside `changeSilently`.
+  void reportEdit();
 
-  /// What Qt's editor does with an input method's event. It folds some texts: see `needsExactInsertion`.
+  /// Lets Qt's editor handle an input method's event. Not for texts of which `needsExactInsertion` is true.
   void giveToQt(QInputMethodEvent& event) { QPlainTextEdit::inputMethodEvent(&event); }
   using QPlainTextEdit::firstVisibleBlock;
 
@@ -37,8 +36,8 @@ class ExactTextEdit : public QPlainTextEdit {
  private:
   void giveToQt(QKeyEvent& key);
 
-  int toldRevision_ = 0;
-  bool untold_ = false;
+  int reportedRevision_ = 0;
+  bool silent_ = false;
 };
 
 }  // namespace platform::desktop

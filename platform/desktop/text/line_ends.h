@@ -7,28 +7,27 @@ class QTextBlock;
 class QTextCharFormat;
 class QTextDocument;
 
-/// The kinds of line ends in a QTextDocument, which by itself folds them into one. The character that parts two of its
-/// blocks remembers its kind, also through undo and redo.
+/// The kinds of line ends in a QTextDocument, which by itself has only one. The kind is stored in the format of the
+/// separator character between two blocks, so it survives undo and redo.
 namespace platform::desktop {
 
-/// A joint is where a long paragraph goes on in a block of its own: it shows as a line end and is none.
-/// `spelling` has them in this order.
+/// A joint divides a long paragraph into two blocks; it is no part of the text. `spelling` depends on this order.
 enum class LineEnd { LineFeed, CarriageReturnLineFeed, CarriageReturn, ParagraphSeparator, Joint };
 
-/// As it stands in the exact text.
+/// The characters of the line end in the exact text; none for a joint.
 QStringView spelling(LineEnd);
 
-/// What is before the block.
+/// Of the separator before the block.
 LineEnd lineEndBefore(const QTextBlock&);
 bool isJoined(const QTextBlock&);
 
-/// Of the character that parts two blocks.
+/// The format of a separator of that kind.
 QTextCharFormat formatOf(LineEnd);
 
-/// Makes `kind` what is before each of the blocks `first` to `last`, both included.
+/// Sets the kind of the separators before the blocks `first` to `last`, both included.
 void setLineEnds(QTextDocument&, int first, int last, LineEnd kind);
 
-/// Whether there is any other than LF, or has ever been one.
+/// Whether the document has, or has ever had, a separator other than LF.
 bool hasUnusualLineEnds(const QTextDocument&);
 
 }  // namespace platform::desktop

@@ -5,20 +5,20 @@
 #include <QTextCursor>
 #include <vector>
 
-/// Qt lays a paragraph out whole at each key, which for a long one takes seconds to minutes. So a long one is
-/// shown in several blocks, with joints between them that are no part of the text.
+/// Qt lays out a whole block at each key press, which takes seconds to minutes if that is very long. So a long
+/// paragraph is divided into several blocks, with joints between them (see line_ends.h).
 namespace platform::desktop {
 
 /// The places in a paragraph where a block ends and the next begins, in order; none in most.
 std::vector<qsizetype> jointsIn(QStringView paragraph);
 
-/// After an edit, as part of it for undo: takes away the joints of a block that has become empty, and divides one that
-/// has grown too long. Leaves a block alone in which an input method composes: its layout holds what is open.
+/// To be called after an edit; is undone with it. Removes the joints of a block that has become empty, and divides one
+/// that has grown too long. Does nothing to a block with an open composition, which lives in the block's layout.
 void arrangeBlock(QTextCursor cursor);
 
 enum class Direction { Backward, Forward };
 
-/// Puts a cursor without a selection that is next to a joint on its other side, which is the same place in the text.
+/// Moves a cursor that stands at a joint, without a selection, to the other side of it: the same place in the text.
 void stepOverJoints(QTextCursor&, Direction);
 
 /// Removes the selection, or what is between the cursor and the end of its paragraph.

@@ -3,34 +3,34 @@
 
 #include <functional>
 
-#include "platform/desktop/text/caret_rest.h"
+#include "platform/desktop/text/caret_blink.h"
 #include "platform/desktop/text/composition.h"
 #include "platform/desktop/text/exact_text_edit.h"
 #include "platform/desktop/text/text_loader.h"
 
 namespace platform::desktop {
 
-/// The note's editor: how its text looks, and what is behind each of its events.
+/// The note's editor: its look, and what each event does.
 class NoteEditor : public ExactTextEdit {
   Q_OBJECT
 
  public:
   NoteEditor();
 
-  /// Gets every key press; calls `editKey` for those that edit.
+  /// Called with every key press in place of Qt's own handling; calls `editKey` for those that are to edit.
   std::function<void(QKeyEvent&)> onKey;
 
-  /// The exact text, loaded or not yet, with the open composition where it stands.
+  /// The whole text, also what is not loaded into the document yet, with the open composition in its place.
   QString exactTextWithComposition() const { return loader_.above() + composition_.textWithComposition(); }
   void loadExactText(const QString& text) { loader_.load(text); }
-  /// Before anything is done to the text that is no event of this editor.
+  /// To be called before the text is used by other means than an event of this editor.
   void loadRest() { loader_.loadRest(); }
-  /// Counted in the exact text; see `NSTextView::setSelectedRange`.
+  /// In UTF-16 units of the exact text; see `NSTextView::setSelectedRange`.
   void selectExactly(qsizetype location, qsizetype length);
   void commitComposition() { composition_.commit(); }
 
   void setNoteFont(const QFont& font);
-  /// In points. Scrolls with the text; what the title bar covers of `vertical` does not count as room for text.
+  /// Margins in points, which scroll with the text.
   void setInset(int horizontal, int vertical);
 
  protected:
@@ -47,7 +47,7 @@ class NoteEditor : public ExactTextEdit {
   void prepareForUser(const QEvent& event);
 
   QWidget roomAboveScroller_;
-  CaretRest caret_{*this};
+  CaretBlink caret_{*this};
   Composition composition_{*this};
   TextLoader loader_{*this};
   bool wasShown_ = false;

@@ -26,7 +26,7 @@ TextLoader::TextLoader(ExactTextEdit& editor) : editor_(editor) {
 void TextLoader::load(const QString& text) {
   const qsizetype start = startOfLastPiece(text, firstPiece);
   above_ = text.first(start);
-  editor_.changeUntold([&] { setExactText(*editor_.document(), text.sliced(start)); });
+  editor_.changeSilently([&] { setExactText(*editor_.document(), text.sliced(start)); });
 }
 
 void TextLoader::goOn() {
@@ -41,7 +41,7 @@ void TextLoader::loadPiece() {
   const qsizetype start = startOfLastPiece(above_, laterPiece);
   const QTextCursor top(editor_.firstVisibleBlock());  // moves with its text
   const int topLine = editor_.verticalScrollBar()->value() - top.block().firstLineNumber();
-  editor_.changeUntold([&] { prependExactText(*editor_.document(), above_.sliced(start)); });
+  editor_.changeSilently([&] { prependExactText(*editor_.document(), above_.sliced(start)); });
   above_.truncate(start);
   // What is in view stays.
   editor_.verticalScrollBar()->setValue(top.block().firstLineNumber() + topLine);

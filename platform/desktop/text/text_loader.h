@@ -8,17 +8,17 @@
 
 namespace platform::desktop {
 
-/// Loads a long text into an editor in pieces, so that it shows at once: its end first, where a note's caret stands,
-/// and the rest in front of that, without anything in view moving.
+/// Loads a long text into an editor in pieces, so that it is shown at once: its end first, where the caret is, then the
+/// rest in front of it, without moving what is in view.
 class TextLoader {
  public:
   explicit TextLoader(ExactTextEdit& editor);
 
   /// Replaces the editor's text, which is no edit.
   void load(const QString& text);
-  /// What of the text is before that of the document, as yet.
+  /// The beginning of the text, which is not in the document yet.
   const QString& above() const { return above_; }
-  /// The editor has painted what it has: the rest comes piece by piece from now on.
+  /// To be called once the editor has painted: loads the rest, piece by piece.
   void goOn();
   void loadRest();
 

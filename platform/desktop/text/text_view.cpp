@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <map>
 
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/text/note_editor.h"
 #include "platform/desktop/views/appearance.h"
 #include "platform/desktop/views/native_view.h"

@@ -4,8 +4,8 @@
 #include <QKeySequence>
 #include <utility>
 
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/language/key_names.h"
-#include "platform/desktop/language/strings.h"
 
 namespace platform::desktop {
 namespace {

@@ -10,20 +10,20 @@
 
 namespace platform::desktop {
 
-/// A menu of the program's as one of Qt's. Its check marks follow the items' states.
+/// The QMenu of an NSMenu. Its check marks follow the items' states.
 class QtMenu {
  public:
   using Run = std::function<void(const std::function<void()>& command)>;
 
-  /// `run` is given what a chosen item does, to do it at once or in its turn.
+  /// `run` gets the chosen item's command, to run it now or later.
   QtMenu(std::shared_ptr<NSMenu> menu, Run run);
   QtMenu(const QtMenu&) = delete;
   QtMenu& operator=(const QtMenu&) = delete;
   ~QtMenu();
 
   QMenu& menu() { return menu_; }
-  /// The commands of this menu and those below it. Their shortcuts act in the widgets to which they are added; in a
-  /// menu they are only shown.
+  /// The actions of this menu and its submenus. Their shortcuts work in the widgets to which they are added; in a menu
+  /// they are only shown.
   QList<QAction*> commands() const;
   const std::vector<std::unique_ptr<QtMenu>>& submenus() const { return submenus_; }
 

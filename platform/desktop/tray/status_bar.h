@@ -1,26 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/desktop/one_in_process.h"
+#include "platform/desktop/base/singleton.h"
 
 namespace platform::desktop {
 
 class Bus;
 class FirstFrame;
-class OfferedCommands;
+class ExportedActions;
 class ProgramWindows;
 class RequestQueue;
 
-/// What status items work with. All of it outlives this.
-struct StatusBar : OneInProcess<StatusBar> {
-  StatusBar(Bus& bus, FirstFrame& frame, RequestQueue& queue, ProgramWindows& program, OfferedCommands& offered)
+/// What a status item uses of the other folders. All of it outlives this.
+struct StatusBar : Singleton<StatusBar> {
+  StatusBar(Bus& bus, FirstFrame& frame, RequestQueue& queue, ProgramWindows& program, ExportedActions& offered)
       : sessionBus(bus), firstFrame(frame), requests(queue), windows(program), commands(offered) {}
 
   Bus& sessionBus;
   FirstFrame& firstFrame;
   RequestQueue& requests;
   ProgramWindows& windows;
-  OfferedCommands& commands;
+  ExportedActions& commands;
 };
 
 }  // namespace platform::desktop

@@ -3,19 +3,19 @@
 
 #include <optional>
 
-#include "platform/desktop/session/offered_commands.h"
+#include "platform/desktop/session/exported_actions.h"
 #include "platform/desktop/tray/qt_menu.h"
 #include "platform/desktop/tray/status_bar.h"
 #include "platform/desktop/tray/tray.h"
 #include "platform/desktop/views/native_view.h"
 #include "platform/desktop/views/symbol_button.h"
 #include "platform/desktop/windows/first_frame.h"
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
 
 namespace platform {
 
-using desktop::NoteWindow;
+using desktop::MainWindow;
 using desktop::QtMenu;
 using desktop::StatusBar;
 using desktop::Tray;
@@ -32,12 +32,12 @@ struct NSStatusItem::Impl {
     QAbstractButton& widget = buttonWidget();
     widget.setEnabled(true);
     QObject::connect(&widget, &QAbstractButton::clicked, &whileThere, [this] { openMenuAtButton(); });
-    button->native().placeOutside = [this] { return tray ? tray->place() : std::nullopt; };
+    button->native().trayAnchor = [this] { return tray ? tray->anchor() : std::nullopt; };
   }
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
   ~Impl() {
-    button->native().placeOutside = [] { return std::nullopt; };
+    button->native().trayAnchor = [] { return std::nullopt; };
     putIntoTitleBar(nullptr);
   }
 
@@ -73,7 +73,7 @@ struct NSStatusItem::Impl {
   }
 
   void putIntoTitleBar(QWidget* shown) {
-    if (NoteWindow* const note = bar.windows.note()) note->titleBar().setItemButton(shown);
+    if (MainWindow* const note = bar.windows.mainWindow()) note->titleBar().setItemButton(shown);
   }
 };
 

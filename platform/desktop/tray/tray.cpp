@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/application_metadata.h"
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/views/symbols.h"
 
 namespace platform::desktop {
@@ -75,7 +75,7 @@ void Tray::hostsChanged() {
   onChange_(present);
 }
 
-std::optional<Anchor> Tray::place() const {
+std::optional<Anchor> Tray::anchor() const {
   if (!item_) return std::nullopt;
   const QRect told = item_->geometry();
   return told.isEmpty() ? Anchor{endOfPanel(), false} : Anchor{told, true};

@@ -13,19 +13,19 @@
 
 namespace platform::desktop {
 
-/// The program's item in the tray, whenever there is one. Which kind of tray is settled by the first that appears.
+/// The program's icon in the tray, while there is a tray. The first tray that appears decides which kind is used.
 class Tray {
  public:
-  /// Looks for trays, some of which are found by the session's bus, from now on. `onChange` is told whether the item is
-  /// in one: once that is known, and at each change of the trays.
+  /// Looks for trays from now on. `onChange` is called with whether the icon is in one: once that is known, and
+  /// whenever a tray comes or goes.
   Tray(Bus& sessionBus, std::optional<NSImage> image, QMenu& menu, std::function<void()> onPrimaryClick,
        std::function<void(bool inTray)> onChange);
   Tray(const Tray&) = delete;
   Tray& operator=(const Tray&) = delete;
 
-  /// Where the item is: its own place where the tray tells it, else the end of the panel that it is likely to be in,
-  /// which is not known; none while there is no tray.
-  std::optional<Anchor> place() const;
+  /// The icon's place. If the tray does not tell it: the end of the likely panel, marked as not known. Nothing while
+  /// there is no tray.
+  std::optional<Anchor> anchor() const;
 
  private:
   void hostsChanged();

@@ -12,14 +12,14 @@ namespace platform::desktop {
 
 class Bus;
 
-/// Tells which trays there are, without touching Qt's own: that would settle for good which kind it uses.
+/// Which kinds of tray run now. QSystemTrayIcon is not asked: its first use decides for good which kind Qt uses.
 class TrayHosts : public QObject {
   Q_OBJECT
 
  public:
   enum class Kind { StatusNotifier, XEmbed };
 
-  /// `onChange` is called once it is known which hosts there are, and each time one comes or goes.
+  /// `onChange` is called once it is known which trays run, and each time one comes or goes.
   TrayHosts(Bus& sessionBus, std::function<void()> onChange);
   ~TrayHosts() override;
 

@@ -8,7 +8,7 @@
 /// An appcast: an RSS feed in which each item is a release of the program.
 namespace platform::desktop {
 
-/// A release, in the words of its feed, as plain text and cut to what is shown.
+/// A release as its feed describes it, in plain text, cut to the length that is shown.
 struct Release {
   QString version;  ///< the item's element of that name, in any namespace
   QString title;

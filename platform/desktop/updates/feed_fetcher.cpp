@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/application_metadata.h"
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/updates/feed_request.h"
 
 namespace platform::desktop {

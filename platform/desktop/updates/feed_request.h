@@ -9,14 +9,14 @@
 #include <functional>
 #include <memory>
 
-/// What the module that fetches the release feed, over the network, shares with the program.
+/// The interface between the program and the module that fetches the release feed over the network.
 namespace platform::desktop {
 
-/// Takes the feed or, if that is not to be had, the reason, a sentence for people; the reason is empty if it is.
+/// Called with the feed and an empty `failure`, or with an empty feed and the reason as a sentence for the user.
 using FeedCallback = std::function<void(const QByteArray& feed, const QString& failure)>;
 
-/// What the module offers: puts a new request for `url` into `request`, which ends when that is destroyed. The callback
-/// is called once, on a later turn of the event loop and within `timeout`, and may destroy the request.
+/// The module's one function: starts a request for `url` and stores it in `request`; destroying that cancels it.
+/// `callback` is called once, from the event loop and within `timeout`; it may destroy the request.
 extern "C" using MakeFeedRequest = void(*)(std::unique_ptr<QObject> & request, const QUrl& url,
                                            std::chrono::milliseconds timeout, FeedCallback callback);
 constexpr auto feedModule = "quillberry-feed";

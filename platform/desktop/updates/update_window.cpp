@@ -8,11 +8,11 @@
 #include <utility>
 
 #include "platform/application_metadata.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/files/module.h"
-#include "platform/desktop/language/strings.h"
 #include "platform/desktop/updates/appcast.h"
 #include "platform/desktop/updates/feed_request.h"
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
 
 namespace platform::desktop {
@@ -70,22 +70,22 @@ UpdateWindow::UpdateWindow(ProgramWindows& windows, QString feed, QStringList mo
 void UpdateWindow::check() {
   interrupted_ = false;
   if (!request_) ask();
-  addActions(windows_.commandsBeside());
+  addActions(windows_.companionCommands());
   if (!testAttribute(Qt::WA_Moved)) moveToMiddle();
-  if (!isVisible()) windows_.showBeside(*this);
-  windows_.activateBeside(*this);
+  if (!isVisible()) windows_.showCompanion(*this);
+  windows_.activateCompanion(*this);
 }
 
 /// Of the note's screen. Left to themselves, window managers put it into a corner.
 void UpdateWindow::moveToMiddle() {
-  const QWidget* const note = windows_.note();
+  const QWidget* const note = windows_.mainWindow();
   QRect place({}, sizeHint());
   place.moveCenter((note != nullptr ? note : this)->screen()->availableGeometry().center());
   move(place.topLeft());
 }
 
 void UpdateWindow::done(int result) {
-  windows_.hideBeside(*this);
+  windows_.hideCompanion(*this);
   QDialog::done(result);
 }
 

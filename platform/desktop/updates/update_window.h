@@ -14,14 +14,13 @@ namespace platform::desktop {
 
 class ProgramWindows;
 
-/// The window that tells whether there is a newer version. Hiding it ends a request that is under way.
+/// The window that says whether there is a newer version. Hiding it cancels a running request.
 class UpdateWindow : public QDialog {
  public:
-  /// `feed` is the address of an appcast; empty: the system's packages bring the updates.
-  /// `windows` outlives this.
+  /// `feed` is the URL of an appcast, or empty if updates come as packages of the system. `windows` outlives this.
   UpdateWindow(ProgramWindows& windows, QString feed, QStringList moduleFolders);
 
-  /// Shows the window in front and asks, if that is not under way.
+  /// Shows and activates the window, and starts a request unless one is running.
   void check();
   void done(int result) override;
 
@@ -34,7 +33,7 @@ class UpdateWindow : public QDialog {
   void ask();
   void tellAnswer(const QByteArray& feed, const QString& failure);
   void tellFailure(const QString& reason);
-  /// Replaces all that the window says. `page` may be empty, and so may the texts but the first.
+  /// Replaces the window's texts. Empty ones, and the button for an empty `page`, are hidden.
   void tell(const QString& message, const QString& details = {}, const QString& notes = {}, const QUrl& page = {});
 
   ProgramWindows& windows_;
@@ -48,8 +47,8 @@ class UpdateWindow : public QDialog {
   QHBoxLayout buttons_;
   QPushButton openPage_;
   QPushButton close_;
-  std::unique_ptr<QObject> request_;  ///< while it is under way
-  bool interrupted_ = false;          ///< it was under way when the window was hidden
+  std::unique_ptr<QObject> request_;  ///< null unless one is running
+  bool interrupted_ = false;          ///< a request was running when the window was hidden
 };
 
 }  // namespace platform::desktop

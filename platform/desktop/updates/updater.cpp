@@ -2,8 +2,8 @@
 #include "platform/updater.h"
 
 #include "platform/application_metadata.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/files/module.h"
-#include "platform/desktop/language/strings.h"
 #include "platform/desktop/updates/update_window.h"
 #include "platform/desktop/windows/program_windows.h"
 

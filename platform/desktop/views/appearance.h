@@ -8,23 +8,23 @@
 #include "platform/color.h"
 #include "platform/font.h"
 
-/// What the program's named fonts and colours are on this desktop.
+/// The program's named fonts and colours on this desktop.
 namespace platform::desktop {
 
 QFont toQFont(const NSFont&);
 
 QColor toQColor(const NSColor&, const QPalette&);
-/// For text beside the note's own: readable (4.5 : 1), but behind it.
+/// For text of less weight than the note's, with a contrast of at least 4.5 : 1.
 QColor secondaryTextColor(const QPalette&);
-/// Of a popover, hardly set apart from the note.
+/// A popover's background, slightly different from the note's.
 QColor popoverColor(const QPalette&);
-/// Dark or light, whichever is read better on that background.
+/// Black or white, whichever has more contrast to the background.
 QColor textColorOn(const QColor& background);
-/// The direction of a text by its own letters, whichever the desktop has.
+/// The direction of the text's own letters, independent of the desktop's.
 Qt::LayoutDirection directionOf(const QString& text);
-/// For lines that part one surface from another.
+/// For lines between two surfaces.
 QColor hairlineColor(const QPalette&);
-/// For the border of the window that has the keyboard.
+/// For the active window's border.
 QColor activeBorderColor(const QPalette&);
 
 }  // namespace platform::desktop

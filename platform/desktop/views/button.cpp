@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/button.h"
 
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/views/appearance.h"
 #include "platform/desktop/views/native_view.h"
 #include "platform/desktop/views/push_button.h"

@@ -6,7 +6,7 @@
 #include <QtMath>
 #include <algorithm>
 
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/views/appearance.h"
 
 namespace platform::desktop {

@@ -9,23 +9,23 @@
 
 namespace platform::desktop {
 
-/// A label in a colour by its role, which follows the palette. Sizes are in points.
+/// A label whose colour has a role (see NSColor) and follows the palette. Sizes are in points.
 class Label : public QLabel {
  public:
   explicit Label(const NSTextField& field);
 
-  /// Takes a line. Where that is wider than the room, it takes as many as it needs.
+  /// Breaks the text into lines that are no wider than `room`.
   void fitInto(int room);
-  /// Of the first line, which may be in a font that only the text asked for.
+  /// Of the first line, whose font may be a fallback for its letters.
   double ascent() const { return lines_.lineAt(0).ascent(); }
-  /// Takes room above, so that the first line stands on that of a label with this ascent.
+  /// Adds room above, so that the first baseline is that of a label with this ascent.
   void standOn(double ascent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  /// Gives their height.
+  /// Returns the height of all lines.
   int breakLines(int width);
 
   NSColor color_;

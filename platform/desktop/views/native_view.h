@@ -12,24 +12,23 @@
 namespace platform {
 namespace desktop {
 
-/// Where a view is on the screen, in Qt's global coordinates. Where it is not known what is there, nothing is to point
-/// at it.
+/// A rectangle on the screen that a popover belongs to, in Qt's global coordinates.
 struct Anchor {
   QRect rect;
-  bool known;
+  bool exact;  ///< false for a guess, at which no arrow is to point
 };
 
 }  // namespace desktop
 
-/// A view's widget. The view owns it; Qt's parent only places it.
+/// A view's widget. The view owns it; its QWidget parent, which never deletes it, only shows it.
 struct NSView::Native {
   explicit Native(std::unique_ptr<QWidget> owned) : widget(std::move(owned)) {}
 
   std::unique_ptr<QWidget> widget;
-  bool placedByParent = false;  ///< the superview's widget decides where it is
-  bool behindOthers = false;    ///< siblings that are there already lie over it
-  /// Where the view is if not in a window, as a status item's button in a tray; none while it is in no such place.
-  std::function<std::optional<desktop::Anchor>()> placeOutside = [] { return std::nullopt; };
+  bool placedByParent = false;  ///< the superview's widget sets its geometry
+  bool behindOthers = false;    ///< it is to be stacked below the siblings that exist already
+  /// For the status item's button: its place in the tray, or nothing while it is in none.
+  std::function<std::optional<desktop::Anchor>()> trayAnchor = [] { return std::nullopt; };
 };
 
 }  // namespace platform

@@ -7,7 +7,7 @@
 
 namespace platform::desktop {
 
-/// A push button with a face in its tint, on which the title is dark or light, whichever is read better.
+/// A push button filled with its tint. Its title is black or white, whichever has more contrast to that.
 class PushButton : public QPushButton {
  public:
   explicit PushButton(const QString& title);

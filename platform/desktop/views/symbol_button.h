@@ -8,7 +8,7 @@
 
 namespace platform::desktop {
 
-/// A button that is one of the system's symbols.
+/// A button that shows nothing but a symbol (see symbols.h).
 class SymbolButton : public QAbstractButton {
  public:
   SymbolButton();

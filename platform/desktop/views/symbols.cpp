@@ -75,10 +75,10 @@ void drawSymbol(std::string_view name, QPainter& painter, const QRectF& square) 
   draw(*symbol, painter, square.center(), square.width() / NSImage::symbolSide, pen);
 }
 
-QIcon symbolIcon(std::string_view name, const QColor& colour) {
+QIcon symbolIcon(std::string_view name, const QColor& color) {
   const Symbol* const symbol = find(name);
   if (symbol == nullptr) return {};
-  const QPen pen(colour, iconStrokeWidth, Qt::SolidLine, Qt::FlatCap);
+  const QPen pen(color, iconStrokeWidth, Qt::SolidLine, Qt::FlatCap);
   QIcon icon;
   for (const int side : {16, 22, 24, 32, 48, 64}) {
     QPixmap pixmap(side, side);

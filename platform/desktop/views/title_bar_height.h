@@ -3,7 +3,7 @@
 
 namespace platform::desktop {
 
-/// Of the note's window, in points. The title bar is opaque: text is cut below it.
+/// Of the main window, in points. The title bar is opaque and covers the top of the text view.
 constexpr int titleBarHeight = 28;
 
 }  // namespace platform::desktop

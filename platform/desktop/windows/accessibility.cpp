@@ -5,7 +5,7 @@
 #include <QApplication>
 
 #include "platform/desktop/windows/bubble.h"
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
 
 namespace platform::desktop {
@@ -20,7 +20,7 @@ bool isPart(const QWidget& window) {
 /// such ones out.
 class AccessibleNote : public QAccessibleWidget {
  public:
-  explicit AccessibleNote(NoteWindow& window) : QAccessibleWidget(&window, QAccessible::Window) {}
+  explicit AccessibleNote(MainWindow& window) : QAccessibleWidget(&window, QAccessible::Window) {}
 
   int childCount() const override { return QAccessibleWidget::childCount() + (popover() != nullptr ? 1 : 0); }
   QAccessibleInterface* child(int index) const override {
@@ -53,14 +53,14 @@ class AccessibleBubble : public QAccessibleWidget {
   explicit AccessibleBubble(Bubble& bubble) : QAccessibleWidget(&bubble, QAccessible::Dialog) {}
 
   QAccessibleInterface* parent() const override {
-    NoteWindow* const note = isPart(*widget()) ? ProgramWindows::instance().note() : nullptr;
+    MainWindow* const note = isPart(*widget()) ? ProgramWindows::instance().mainWindow() : nullptr;
     return note != nullptr ? QAccessible::queryAccessibleInterface(note) : QAccessibleWidget::parent();
   }
 };
 
 QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
   // Qt owns what it is given.
-  if (auto* const note = dynamic_cast<NoteWindow*>(object)) return new AccessibleNote(*note);
+  if (auto* const note = dynamic_cast<MainWindow*>(object)) return new AccessibleNote(*note);
   if (auto* const bubble = dynamic_cast<Bubble*>(object)) return new AccessibleBubble(*bubble);
   return nullptr;
 }

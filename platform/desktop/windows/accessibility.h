@@ -3,8 +3,8 @@
 
 namespace platform::desktop {
 
-/// Tells assistive technology what the program's own windows are: Qt knows them for plain widgets. Nothing
-/// is made before somebody asks.
+/// Gives the program's own windows their roles and names for assistive technology: for Qt they are plain widgets.
+/// Costs nothing until an assistive technology asks.
 void describeWindowsToAssistiveTechnology();
 
 }  // namespace platform::desktop

@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "platform/desktop/views/appearance.h"
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
 
 namespace platform::desktop {
@@ -49,7 +49,7 @@ Bubble::Bubble(ProgramWindows& windows, QWidget& content, bool transient)
   content_.show();
   content_.installEventFilter(this);
   fitContent();
-  addActions(windows_.commandsBeside());
+  addActions(windows_.companionCommands());
 }
 
 Bubble::~Bubble() { content_.setParent(nullptr); }
@@ -61,7 +61,7 @@ void Bubble::pointAt(std::function<Anchor()> anchor) {
 
 void Bubble::follow(QWidget& widget) {
   widget.installEventFilter(this);
-  if (windows_.note() != nullptr) windows_.note()->installEventFilter(this);
+  if (windows_.mainWindow() != nullptr) windows_.mainWindow()->installEventFilter(this);
 }
 
 bool Bubble::eventFilter(QObject* watched, QEvent* event) {
@@ -84,11 +84,11 @@ void Bubble::fitContent() {
 }
 
 void Bubble::point() {
-  const auto [anchor, known] = anchor_();
+  const auto [anchor, exact] = anchor_();
   const QScreen* const at = QGuiApplication::screenAt(anchor.center());
   const QRect room = (at != nullptr ? at : QGuiApplication::primaryScreen())->availableGeometry();
-  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * border + (known ? arrowHeight : 0));
-  if (known) {
+  setFixedSize(content_.width() + 2 * border, content_.height() + 2 * border + (exact ? arrowHeight : 0));
+  if (exact) {
     pointWithArrow(anchor, room);
   } else {
     arrowX_.reset();
@@ -97,7 +97,7 @@ void Bubble::point() {
     move(within(anchor.center().x() - width() / 2, free.left(), free.right() + 1 - width()),
          within(anchor.center().y() - height() / 2, free.top(), free.bottom() + 1 - height()));
   }
-  content_.move(border, (known && arrowAtTop_ ? arrowHeight : 0) + border);
+  content_.move(border, (exact && arrowAtTop_ ? arrowHeight : 0) + border);
   if (!testAttribute(Qt::WA_TranslucentBackground)) setMask(QRegion(outline(0).toFillPolygon().toPolygon()));
   update();
 }
@@ -161,7 +161,7 @@ void Bubble::hideEvent(QHideEvent* event) {
 }
 
 void Bubble::keyPressEvent(QKeyEvent* event) {
-  event->key() == Qt::Key_F6 ? windows_.activateNote() : QDialog::keyPressEvent(event);
+  event->key() == Qt::Key_F6 ? windows_.activateMainWindow() : QDialog::keyPressEvent(event);
 }
 
 }  // namespace platform::desktop

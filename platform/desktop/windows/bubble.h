@@ -12,25 +12,25 @@ namespace platform::desktop {
 
 class ProgramWindows;
 
-/// A dialog in the shape of a bubble with an arrow, around a content of its own size. Screen readers are told of all
-/// its texts at once, for they cannot be reached one by one.
+/// A dialog in the shape of a bubble with an arrow, around a content of its own size. Its accessible description has
+/// all its texts, since labels cannot get the focus.
 class Bubble : public QDialog {
  public:
-  /// `content` outlives the bubble. A transient one closes on a press outside it and on Escape.
+  /// Both outlive the bubble. A transient bubble closes when the user clicks outside it or presses Escape.
   Bubble(ProgramWindows& windows, QWidget& content, bool transient);
   ~Bubble() override;
 
-  /// Stands at what `anchor` gives, now and with each show: below it if there is room, else above, whole in the free
-  /// room of its screen. Without an arrow, for an anchor that is not known, it stands where that room is next to it.
+  /// Places the bubble at the anchor, which is asked for now and at each show: below it if there is room, else above,
+  /// and always inside the screen's available geometry. At an anchor that is not exact, the bubble has no arrow.
   void pointAt(std::function<Anchor()> anchor);
-  /// Points anew when that widget, or the window that it is in, moves or changes.
+  /// Places the bubble again whenever that widget, or its window, moves or is resized.
   void follow(QWidget& widget);
 
-  /// It was hidden, by whomever.
+  /// Called after each hiding, whatever caused it.
   std::function<void()> onHide;
-  /// The window manager wants it closed.
+  /// Called when the window manager asks to close it.
   std::function<void()> onCloseRequest;
-  /// Escape was pressed, which does not close it.
+  /// Called for Escape in a bubble that is not transient.
   std::function<void()> onEscape;
   void reject() override;
 
@@ -46,7 +46,7 @@ class Bubble : public QDialog {
   void fitContent();
   void point();
   void pointWithArrow(const QRect& anchor, const QRect& room);
-  /// `inset` from the edges of the window on every side.
+  /// `inset` from the window's edges, on every side.
   QPainterPath outline(double inset) const;
 
   ProgramWindows& windows_;
@@ -54,7 +54,7 @@ class Bubble : public QDialog {
   bool transient_;
   std::function<Anchor()> anchor_;
   bool arrowAtTop_ = true;
-  std::optional<int> arrowX_;  ///< none without an arrow
+  std::optional<int> arrowX_;  ///< of its tip; nothing if there is no arrow
 };
 
 }  // namespace platform::desktop

@@ -6,13 +6,13 @@
 
 namespace platform::desktop {
 
-/// A place to take hold of the window. A click is no drag: the window manager would hold on to a window whose
-/// button was released before it heard of the drag.
+/// A widget by which the user drags its window. The drag starts with the first movement, not with the press: a window
+/// manager that is asked to move a window after the button was released keeps it stuck to the pointer.
 class DragHandle : public QWidget {
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  /// The button, pressed at `from`, is down and the pointer has moved.
+  /// The pointer has moved with the button down, which was pressed at `from`.
   virtual void startDrag(QWindow& window, QPoint from) = 0;
 
  private:

@@ -13,11 +13,11 @@
 
 namespace platform::desktop {
 
-/// Escape for the focus of the program's windows under X11, even while an input method composes, which would take it
-/// for itself. It waits its turn behind the keys before it, also those that an input method still thinks about.
+/// Delivers Escape to the focused widget on X11 even while an input method composes, which would take the key for
+/// itself. Escape is delivered after all keys before it, also those that the input method has not answered yet.
 class EscapeKey : public QObject, private x11::EventFilter {
  public:
-  /// `connection` is Qt's and stays its own.
+  /// `connection` is Qt's.
   explicit EscapeKey(xcb_connection_t* connection);
 
   bool eventFilter(QObject* window, QEvent* event) override;
@@ -30,8 +30,8 @@ class EscapeKey : public QObject, private x11::EventFilter {
 
   xcb_connection_t* connection_;
   std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols_;
-  QPointer<QWidget> window_;  ///< where Escape was pressed and has not acted yet
-  QTimer deadline_;           ///< for an input method
+  QPointer<QWidget> window_;  ///< in which Escape was pressed and has not been delivered yet
+  QTimer deadline_;           ///< for the input method to answer
 };
 
 }  // namespace platform::desktop

@@ -9,12 +9,12 @@
 
 namespace platform::desktop {
 
-/// What nobody needs to see the note waits here until its first frame has been drawn.
+/// Postpones work that is not needed to show the note until the first frame has been drawn.
 class FirstFrame {
  public:
-  /// Runs `work` once the frame has been drawn, or soon if it has; not if `context` is gone by then.
+  /// Calls `work` from the event loop once the frame has been drawn; never if `context` is destroyed before that.
   void then(QObject& context, std::function<void()> work);
-  /// It has been drawn.
+  /// To be called when it has been drawn.
   void drawn();
 
  private:

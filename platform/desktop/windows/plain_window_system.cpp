@@ -16,7 +16,7 @@ void PlainWindowSystem::setActivationToken(const QString& token) {
   token.isEmpty() ? qunsetenv(variable) : qputenv(variable, token.toUtf8());
 }
 
-bool PlainWindowSystem::hasPlaces() const {
+bool PlainWindowSystem::canPosition() const {
   return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 

@@ -5,19 +5,18 @@
 
 namespace platform::desktop {
 
-/// A display on which Qt's own words have to do: Wayland, where a window's place is the compositor's, and screens that
-/// nobody sees.
+/// Displays where nothing beyond Qt's own API can be done: Wayland, and Qt's offscreen platform.
 class PlainWindowSystem : public WindowSystem {
  public:
-  void prepareToShow(QWidget& /*window*/, Placement /*placement*/) override {}
-  void place(QWidget& /*window*/, Placement /*placement*/) override {}
+  void prepareToShow(QWidget& /*window*/, WindowState /*state*/) override {}
+  void applyState(QWidget& /*window*/, WindowState /*state*/) override {}
   void activate(QWidget& window) override;
   void prepareToHide(QWidget& /*window*/) override {}
   bool isActive(const QWidget& window) override { return window.isActiveWindow(); }
   void activatePreviousProgram() override {}
   void setActivationToken(const QString& token) override;
   bool isSettled() const override { return true; }
-  bool hasPlaces() const override;
+  bool canPosition() const override;
   bool isComposited() const override { return true; }
 };
 

@@ -8,16 +8,16 @@
 #include "platform/button.h"
 #include "platform/desktop/language/key_names.h"
 #include "platform/desktop/views/native_view.h"
-#include "platform/desktop/views/view_realizer.h"
+#include "platform/desktop/views/widget_tree.h"
 #include "platform/desktop/windows/bubble.h"
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
 
 namespace platform {
 
 using desktop::Bubble;
 using desktop::KeyNames;
-using desktop::NoteWindow;
+using desktop::MainWindow;
 using desktop::ProgramWindows;
 
 namespace {
@@ -36,9 +36,9 @@ QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), 
 
 /// In the tray, in the note's window, or at its end while it is not known yet in which of them.
 desktop::Anchor placeOf(const NSView& anchor) {
-  if (const auto inTray = anchor.native().placeOutside()) return *inTray;
+  if (const auto inTray = anchor.native().trayAnchor()) return *inTray;
   const QWidget& widget = *anchor.native().widget;
-  const NoteWindow* const note = ProgramWindows::instance().note();
+  const MainWindow* const note = ProgramWindows::instance().mainWindow();
   if (widget.parentWidget() != nullptr || note == nullptr) return {globalRect(widget), true};
   QRect end = widget.rect();
   const QRect whole = globalRect(*note);
@@ -55,7 +55,7 @@ struct NSPopover::Impl {
   bool shown = false;
 
   void build(NSView& content, NSView& anchor, bool transient) {
-    desktop::realize(content);
+    desktop::buildWidgets(content);
     bubble = std::make_unique<Bubble>(windows, *content.native().widget, transient);
     bubble->setWindowTitle(anchor.native().widget->accessibleName());
     if (NSButton* const button = defaultButton(content)) {
@@ -76,20 +76,20 @@ struct NSPopover::Impl {
   void showTransient(const NSPopover& popover) {
     bubble->onHide = [this, &popover] {
       // Whoever came to its anchor by the key goes on typing.
-      if (NoteWindow* const note = windows.note()) note->setFocus();
+      if (MainWindow* const note = windows.mainWindow()) note->setFocus();
       closed(popover);
     };
     bubble->show();
   }
 
-  void showBeside() {
-    NoteWindow* const note = windows.note();
+  void showCompanion() {
+    MainWindow* const note = windows.mainWindow();
     bubble->onEscape = [this] {
-      if (windows.note() != nullptr) windows.note()->close();
+      if (windows.mainWindow() != nullptr) windows.mainWindow()->close();
     };
-    if (note != nullptr && !note->isVisible()) return windows.showBesideLater(*bubble);
-    windows.showBeside(*bubble);
-    windows.activateBeside(*bubble);
+    if (note != nullptr && !note->isVisible()) return windows.showCompanionLater(*bubble);
+    windows.showCompanion(*bubble);
+    windows.activateCompanion(*bubble);
   }
 
   void closed(const NSPopover& popover) {
@@ -106,12 +106,12 @@ void NSPopover::showRelativeToRect(NSRect /*rect*/, NSView& anchor, NSRectEdge /
   impl_->build(*controller_->view(), anchor, transient);
   impl_->shown = true;
   impl_->windows.keepWhileShown(shared_from_this());
-  transient ? impl_->showTransient(*this) : impl_->showBeside();
+  transient ? impl_->showTransient(*this) : impl_->showCompanion();
 }
 
 void NSPopover::performClose(NSObject* /*sender*/) {
   if (!impl_->shown) return;
-  impl_->windows.hideBeside(*impl_->bubble);
+  impl_->windows.hideCompanion(*impl_->bubble);
   impl_->closed(*this);
 }
 

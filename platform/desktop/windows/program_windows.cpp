@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 
 namespace platform::desktop {
 namespace {
@@ -24,77 +24,78 @@ QWidgetList visibleWindows() {
 }  // namespace
 
 std::shared_ptr<NSWindow> ProgramWindows::keyWindow() const {
-  const auto found = std::find_if(notes_.begin(), notes_.end(),
+  const auto found = std::find_if(mainWindows_.begin(), mainWindows_.end(),
                                   [this](const auto* note) { return note->isVisible() && system_.isActive(*note); });
-  return found == notes_.end() ? nullptr : std::static_pointer_cast<NSWindow>((*found)->owner().shared_from_this());
+  return found == mainWindows_.end() ? nullptr
+                                     : std::static_pointer_cast<NSWindow>((*found)->owner().shared_from_this());
 }
 
-Placement ProgramWindows::placementOf(const NoteWindow& window) const {
-  return {window.placement.aboveOthers && !givesWay_, window.placement.onEveryWorkspace};
+WindowState ProgramWindows::stateOf(const MainWindow& window) const {
+  return {window.state.aboveOthers && !keepAboveSuspended_, window.state.onEveryWorkspace};
 }
 
-void ProgramWindows::place(NoteWindow& window) {
-  if (window.isVisible()) system_.place(window, placementOf(window));
+void ProgramWindows::applyState(MainWindow& window) {
+  if (window.isVisible()) system_.applyState(window, stateOf(window));
 }
 
-void ProgramWindows::show(NoteWindow& window) {
+void ProgramWindows::show(MainWindow& window) {
   if (!window.isVisible()) {
-    system_.prepareToShow(window, placementOf(window));
+    system_.prepareToShow(window, stateOf(window));
     window.addActions(commands_);
     window.show();
   }
   // To where the user is: not every window manager leads the user to a window on another workspace.
-  place(window);
+  applyState(window);
   system_.activate(window);
 }
 
-void ProgramWindows::showBeside(QWidget& window) {
+void ProgramWindows::showCompanion(QWidget& window) {
   std::erase(hidden_, &window);
-  const NoteWindow* const owner = note();
-  const Placement placement = owner != nullptr ? placementOf(*owner) : Placement{};
-  system_.prepareToShow(window, placement);
+  const MainWindow* const owner = mainWindow();
+  const WindowState state = owner != nullptr ? stateOf(*owner) : WindowState{};
+  system_.prepareToShow(window, state);
   window.winId();  // makes its native window on any display
   window.windowHandle()->setTransientParent(owner != nullptr && owner->isVisible() ? owner->windowHandle() : nullptr);
   window.show();
-  system_.place(window, placement);
+  system_.applyState(window, state);
 }
 
-void ProgramWindows::activateBeside(QWidget& window) {
+void ProgramWindows::activateCompanion(QWidget& window) {
   system_.activate(window);
   // mutter takes a window that belongs to another one to this workspace when it is activated, and that one with it.
-  NoteWindow* const owner = note();
-  if (owner == nullptr || !owner->isVisible() || !owner->placement.onEveryWorkspace) return;
-  place(*owner);
-  system_.place(window, placementOf(*owner));
+  MainWindow* const owner = mainWindow();
+  if (owner == nullptr || !owner->isVisible() || !owner->state.onEveryWorkspace) return;
+  applyState(*owner);
+  system_.applyState(window, stateOf(*owner));
 }
 
-bool ProgramWindows::activateBeside() {
+bool ProgramWindows::activateCompanion() {
   const QWidgetList windows = visibleWindows();
   const auto found = std::find_if(windows.begin(), windows.end(),
                                   [](const QWidget* window) { return window->windowType() == Qt::Dialog; });
   if (found == windows.end()) return false;
-  activateBeside(**found);
+  activateCompanion(**found);
   return true;
 }
 
-void ProgramWindows::hideBeside(QWidget& window) {
+void ProgramWindows::hideCompanion(QWidget& window) {
   const bool hadKeyboard = system_.isActive(window);
   system_.prepareToHide(window);
   std::erase(hidden_, &window);
   window.hide();
   // In its turn: a window manager that is still letting go of the window passes the keyboard on itself.
-  if (hadKeyboard) requests_.add([this] { activateNote(); });
+  if (hadKeyboard) requests_.add([this] { activateMainWindow(); });
 }
 
-void ProgramWindows::activateNote() {
-  if (note() != nullptr && note()->isVisible()) system_.activate(*note());
+void ProgramWindows::activateMainWindow() {
+  if (mainWindow() != nullptr && mainWindow()->isVisible()) system_.activate(*mainWindow());
 }
 
 void ProgramWindows::activate() {
   for (const auto& window : std::exchange(hidden_, {})) {
-    if (!window.isNull()) showBeside(*window);
+    if (!window.isNull()) showCompanion(*window);
   }
-  for (NoteWindow* const window : notes_) {
+  for (MainWindow* const window : mainWindows_) {
     if (window->isVisible() && !system_.isActive(*window)) system_.activate(*window);
   }
 }
@@ -118,14 +119,14 @@ void ProgramWindows::prepareToHide(QWidget& window) {
   system_.prepareToHide(window);
 }
 
-void ProgramWindows::giveWay(bool givesWay) {
-  if (std::exchange(givesWay_, givesWay) == givesWay) return;
-  for (NoteWindow* const window : notes_) place(*window);
+void ProgramWindows::suspendKeepAbove(bool suspended) {
+  if (std::exchange(keepAboveSuspended_, suspended) == suspended) return;
+  for (MainWindow* const window : mainWindows_) applyState(*window);
 }
 
 void ProgramWindows::setCommands(const QList<QAction*>& all, const QList<QAction*>& ofApplication) {
   commands_ = all;
-  commandsBeside_ = ofApplication;
+  companionCommands_ = ofApplication;
 }
 
 void ProgramWindows::release(const NSObject& object) {

@@ -8,84 +8,83 @@
 #include <memory>
 #include <vector>
 
-#include "platform/desktop/one_in_process.h"
+#include "platform/desktop/base/singleton.h"
 #include "platform/desktop/windows/request_queue.h"
 #include "platform/desktop/windows/window_system.h"
 #include "platform/window.h"
 
 namespace platform::desktop {
 
-class NoteWindow;
+class MainWindow;
 
-/// The program's windows: the note's, and those that are shown beside it (popovers, the update window). How they come
-/// and go together, get the keyboard, and give it back to the program that had it before.
-class ProgramWindows : public OneInProcess<ProgramWindows> {
+/// Shows, hides and activates the program's windows: the main window and its companions (popovers, the update window).
+/// When all are hidden, the program that was active before gets the keyboard back.
+class ProgramWindows : public Singleton<ProgramWindows> {
  public:
   /// Both outlive this.
   ProgramWindows(WindowSystem& system, RequestQueue& requests) : system_(system), requests_(requests) {}
 
   WindowSystem& system() const { return system_; }
 
-  /// A note's window tells of itself for as long as it lives.
-  void add(NoteWindow& window) { notes_.push_back(&window); }
-  void remove(NoteWindow& window) { std::erase(notes_, &window); }
-  /// The note's window that was made first; null if there is none.
-  NoteWindow* note() const { return notes_.empty() ? nullptr : notes_.front(); }
-  /// The one that has the keyboard, if there is one.
+  /// Called by each main window at its construction and destruction.
+  void add(MainWindow& window) { mainWindows_.push_back(&window); }
+  void remove(MainWindow& window) { std::erase(mainWindows_, &window); }
+  /// The main window that was made first; null if there is none.
+  MainWindow* mainWindow() const { return mainWindows_.empty() ? nullptr : mainWindows_.front(); }
+  /// The main window that has the keyboard; null if none has it.
   std::shared_ptr<NSWindow> keyWindow() const;
 
-  /// Shows a note's window, which need not be hidden, where it belongs, and gives it the keyboard.
-  void show(NoteWindow& window);
-  /// Shows another window of the program, which belongs to the note's while that is shown: window managers keep it
-  /// above.
-  void showBeside(QWidget& window);
-  /// Shows such a window when the program, hidden now, comes back; unless it is shown or hidden before.
-  void showBesideLater(QWidget& window) { hidden_.emplace_back(&window); }
-  /// Gives such a window, which is shown, the keyboard; without one to name, the first there is. False if there is
-  /// none.
-  void activateBeside(QWidget& window);
-  bool activateBeside();
-  /// Hides such a window. If it had the keyboard, the note's gets it, should that be shown.
-  void hideBeside(QWidget& window);
-  /// Gives the note's window the keyboard, should it be shown.
-  void activateNote();
+  /// Shows a main window, or moves it to the user's workspace if it is shown, and gives it the keyboard.
+  void show(MainWindow& window);
+  /// Shows a companion, as a transient of the main window if that is shown: window managers keep it above.
+  void showCompanion(QWidget& window);
+  /// Shows a companion at the next `activate`, unless it is shown or hidden before.
+  void showCompanionLater(QWidget& window) { hidden_.emplace_back(&window); }
+  /// Gives a companion that is shown the keyboard.
+  void activateCompanion(QWidget& window);
+  /// The same for the first companion that is shown. False if there is none.
+  bool activateCompanion();
+  /// Hides a companion. If it had the keyboard, the main window gets it, if that is shown.
+  void hideCompanion(QWidget& window);
+  /// Gives the main window the keyboard if it is shown.
+  void activateMainWindow();
 
-  /// Brings all windows back that were hidden with the program, and gives the note's the keyboard.
+  /// Shows the companions that `hide` has hidden, and gives the main window the keyboard if it is shown.
   void activate();
   /// Hides all windows, and gives the keyboard back to the program that had it before.
   void hide();
   bool areShown() const;
-  /// Before a window is taken off the screen, by whomever.
+  /// To be called before any window is hidden.
   void prepareToHide(QWidget& window);
 
-  /// Whether the note's window stays above all others no longer, while something that the desktop asks would lie below.
-  void giveWay(bool givesWay);
-  /// Places a note's window that is shown where it belongs now.
-  void place(NoteWindow& window);
+  /// While suspended, main windows are not kept above others: a dialog of the desktop would open below them.
+  void suspendKeepAbove(bool suspended);
+  /// To be called after a change of `window.state`.
+  void applyState(MainWindow& window);
 
-  /// The commands of the main menu, whose shortcuts the note's window has. The windows beside it have those of the
-  /// application menu alone: what edits there are Qt's own shortcuts.
+  /// The actions whose shortcuts work in main windows (all of the main menu), and those that work in companions (the
+  /// application menu; editing there is left to Qt's own shortcuts).
   void setCommands(const QList<QAction*>& all, const QList<QAction*>& ofApplication);
-  const QList<QAction*>& commandsBeside() const { return commandsBeside_; }
+  const QList<QAction*>& companionCommands() const { return companionCommands_; }
 
-  /// Keeps what is shown until it is released, on a later turn of the loop: its own code may be running now. What is
-  /// kept at the end is gone before Qt is.
+  /// Holds what is shown until it is released. A released object is destroyed by the event loop, since its own code may
+  /// be running now; those that are held at the end are destroyed before Qt's application.
   void keepWhileShown(std::shared_ptr<NSObject> object) { shown_.push_back(std::move(object)); }
   void release(const NSObject& object);
 
  private:
-  Placement placementOf(const NoteWindow& window) const;
+  WindowState stateOf(const MainWindow& window) const;
 
   WindowSystem& system_;
   RequestQueue& requests_;
-  std::vector<NoteWindow*> notes_;
-  std::vector<QPointer<QWidget>> hidden_;  ///< with the program, with which they come back
-  bool givesWay_ = false;
-  bool owesFocus_ = false;  ///< a window with the keyboard has been hidden, and the program before it is due
+  std::vector<MainWindow*> mainWindows_;
+  std::vector<QPointer<QWidget>> hidden_;  ///< companions that the next `activate` shows
+  bool keepAboveSuspended_ = false;
+  bool owesFocus_ = false;  ///< a window with the keyboard was hidden; the program before us is to get it back
   QList<QAction*> commands_;
-  QList<QAction*> commandsBeside_;
+  QList<QAction*> companionCommands_;
   std::vector<std::shared_ptr<NSObject>> shown_;
-  std::vector<std::shared_ptr<NSObject>> released_;  ///< and still there until the next turn
+  std::vector<std::shared_ptr<NSObject>> released_;  ///< to be destroyed by the event loop
 };
 
 }  // namespace platform::desktop

@@ -9,8 +9,9 @@
 
 namespace platform::desktop {
 
-/// What the user asks for from outside the windows of the program: by a hot key, in the tray, over the bus. One after
-/// the other: each is passed on once the window manager has done what the one before brought about.
+/// Requests from outside the program's windows: hot keys, the tray, D-Bus. Each is run when the window manager has
+/// carried out what the one before has asked of it, or after a second (see `WindowSystem::isSettled`). So each request
+/// sees the windows as the one before has left them.
 class RequestQueue : public QObject {
  public:
   explicit RequestQueue(WindowSystem& windowSystem);
@@ -22,7 +23,7 @@ class RequestQueue : public QObject {
 
   WindowSystem& windowSystem_;
   std::deque<std::function<void()>> requests_;
-  bool busy_ = false;  ///< the last one may have put off some of its work
+  bool busy_ = false;  ///< the last one has just run, and may have posted work to the event loop
 };
 
 }  // namespace platform::desktop

@@ -13,13 +13,13 @@ class QScreen;
 
 namespace platform::desktop {
 
-/// In the program's coordinates: y grows upward from the lower edge of the first screen.
+/// In the program's coordinates: y grows upward from the bottom of the first screen.
 std::vector<Screen> screens();
 NSRect fromQt(const QRect&);
 QRect toQt(NSRect);
 
-/// Tells that screens came, went, or changed in size, or that a panel took room on one: once for all that happens
-/// together, when it is over.
+/// Calls `changed` after screens were added, removed or resized, or a panel took room; once for changes that come
+/// together.
 class ScreenChanges : public QObject {
  public:
   explicit ScreenChanges(std::function<void()> changed);

@@ -10,8 +10,8 @@
 
 namespace platform::desktop {
 
-/// The band at the top of the window: the title in its middle, the close button where lines begin. Dragging
-/// moves the window.
+/// The title bar: the title in its middle, the close button at the start of the reading direction. Dragging it moves
+/// the window.
 class TitleBar : public DragHandle {
  public:
   TitleBar();
@@ -19,7 +19,8 @@ class TitleBar : public DragHandle {
 
   std::function<void()> onDoubleClick;
   SymbolButton& closeButton() { return closeButton_; }
-  /// Puts a button beside the one in the upper corner where lines end; null takes it out again. It stays its owner's.
+  /// Shows the status item's button, for desktops without a tray, beside the program's own button at the other end;
+  /// null removes it. The button is not owned.
   void setItemButton(QWidget* button);
 
  protected:

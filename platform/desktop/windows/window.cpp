@@ -7,17 +7,17 @@
 #include <algorithm>
 #include <chrono>
 
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/text/note_editor.h"
 #include "platform/desktop/views/native_view.h"
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
 #include "platform/desktop/windows/screens.h"
 #include "platform/user_defaults.h"
 
 namespace platform {
 
-using desktop::NoteWindow;
+using desktop::MainWindow;
 using desktop::ProgramWindows;
 
 namespace {
@@ -28,8 +28,8 @@ constexpr std::chrono::milliseconds frameSaveDelay{500};  // a drag is over when
 
 struct NSWindow::Impl {
   ProgramWindows& windows = ProgramWindows::instance();
-  std::shared_ptr<NSView> content;  // before the frame, which has it inside
-  NoteWindow frame;
+  std::shared_ptr<NSView> content;  // before the widget, which shows it
+  MainWindow widget;
   std::weak_ptr<NSWindowDelegate> delegate;
   std::weak_ptr<NSView> firstResponder;
   std::string autosaveKey;
@@ -37,12 +37,12 @@ struct NSWindow::Impl {
   QTimer saveFrameLater;
   desktop::ScreenChanges screenChanges{[this] { stayOnScreens(); }};
 
-  Impl(NSWindow& owner, NSRect contentRect) : content(std::make_shared<NSView>(NSRect{})), frame(windows, owner) {
-    frame.setContent(*content->native().widget);
-    frame.onCloseRequest = [this] { askToClose(); };
-    frame.onGeometryChange = [this] { geometryChanged(); };
-    frame.onHide = [this] { settleBeforeHiding(); };
-    frame.onUnusedKey = [this](QKeyEvent& key) { passToFirstResponder(key); };
+  Impl(NSWindow& owner, NSRect contentRect) : content(std::make_shared<NSView>(NSRect{})), widget(windows, owner) {
+    widget.setContent(*content->native().widget);
+    widget.onCloseRequest = [this] { askToClose(); };
+    widget.onGeometryChange = [this] { geometryChanged(); };
+    widget.onHide = [this] { settleBeforeHiding(); };
+    widget.onUnusedKey = [this](QKeyEvent& key) { passToFirstResponder(key); };
     saveFrameLater.setSingleShot(true);
     saveFrameLater.setInterval(frameSaveDelay);
     QObject::connect(&saveFrameLater, &QTimer::timeout, [this] { saveFrame(); });
@@ -55,45 +55,45 @@ struct NSWindow::Impl {
 
   void setFrame(NSRect rect) {
     place = rect;
-    frame.setGeometry(desktop::toQt(rect));
+    widget.setGeometry(desktop::toQt(rect));
     content->setFrame({{}, rect.size});
   }
 
   void askToClose() {
     const auto answerer = delegate.lock();
-    if (!answerer || answerer->windowShouldClose(frame.owner())) frame.hide();
+    if (!answerer || answerer->windowShouldClose(widget.owner())) widget.hide();
   }
 
   /// A window whose display tells no places counts as where it was put.
   NSRect placed(const QRect& geometry) const {
     NSRect rect = desktop::fromQt(geometry);
-    if (!windows.system().hasPlaces()) rect.origin = {place.minX(), place.maxY() - rect.size.height};
+    if (!windows.system().canPosition()) rect.origin = {place.minX(), place.maxY() - rect.size.height};
     return rect;
   }
 
   void stayOnScreens() {
-    if (frame.zoom().isOn()) return frame.zoom().fill();
-    const NSRect now = placed(frame.geometry());
+    if (widget.zoom().isOn()) return widget.zoom().fill();
+    const NSRect now = placed(widget.geometry());
     const NSRect whole = frameWholeOnScreens(now, desktop::screens());
     if (!(whole == now)) setFrame(whole);
   }
 
   void geometryChanged() {
-    content->setFrame({{}, {double(frame.width()), double(frame.height())}});
-    if (!autosaveKey.empty() && frame.isVisible()) saveFrameLater.start();
+    content->setFrame({{}, {double(widget.width()), double(widget.height())}});
+    if (!autosaveKey.empty() && widget.isVisible()) saveFrameLater.start();
   }
 
   /// The frame as the user last made it; a maximised window remembers the one before.
   void saveFrame() {
     saveFrameLater.stop();
-    if (autosaveKey.empty() || frame.isMaximized() || frame.isFullScreen()) return;
-    const NSRect rect = placed(frame.zoom().geometryWithout());
+    if (autosaveKey.empty() || widget.isMaximized() || widget.isFullScreen()) return;
+    const NSRect rect = placed(widget.zoom().geometryWithout());
     const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
     NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);
   }
 
   void settleBeforeHiding() {
-    for (auto* const editor : frame.findChildren<desktop::NoteEditor*>()) editor->commitComposition();
+    for (auto* const editor : widget.findChildren<desktop::NoteEditor*>()) editor->commitComposition();
     if (saveFrameLater.isActive()) saveFrame();
   }
 
@@ -110,18 +110,18 @@ NSWindow::NSWindow(NSRect contentRect, unsigned /*styleMask*/, NSBackingStoreTyp
     : impl_(std::make_unique<Impl>(*this, contentRect)) {}
 NSWindow::~NSWindow() = default;
 
-// The frame has one look of a title bar, and belongs to its window.
+// The window has one look of a title bar.
 void NSWindow::setTitlebarAppearsTransparent(bool /*transparent*/) {}
 void NSWindow::setReleasedWhenClosed(bool /*released*/) {}
 
 void NSWindow::setMinSize(NSSize size) {
-  impl_->frame.setMinimumSize(static_cast<int>(size.width), static_cast<int>(size.height));
+  impl_->widget.setMinimumSize(static_cast<int>(size.width), static_cast<int>(size.height));
 }
 
 void NSWindow::setDelegate(const std::weak_ptr<NSWindowDelegate>& delegate) { impl_->delegate = delegate; }
 
 void NSWindow::center() {
-  QRect rect = impl_->frame.geometry();
+  QRect rect = impl_->widget.geometry();
   rect.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
   impl_->setFrame(desktop::fromQt(rect));
 }
@@ -132,7 +132,7 @@ void NSWindow::setFrameAutosaveName(std::string_view name) {
   const auto kept = text ? frameFromString(*text) : std::nullopt;
   if (!kept) return;
   NSRect rect = frameOnScreens(*kept, desktop::screens());
-  const QSize smallest = impl_->frame.minimumSize();
+  const QSize smallest = impl_->widget.minimumSize();
   rect.size = {std::max(rect.size.width, double(smallest.width())),
                std::max(rect.size.height, double(smallest.height()))};
   impl_->setFrame(rect);
@@ -140,34 +140,34 @@ void NSWindow::setFrameAutosaveName(std::string_view name) {
 
 NSView& NSWindow::contentView() { return *impl_->content; }
 
-void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) { impl_->windows.show(impl_->frame); }
+void NSWindow::makeKeyAndOrderFront(NSObject* /*sender*/) { impl_->windows.show(impl_->widget); }
 
-void NSWindow::orderOut(NSObject* /*sender*/) { impl_->frame.hide(); }
+void NSWindow::orderOut(NSObject* /*sender*/) { impl_->widget.hide(); }
 
 void NSWindow::makeFirstResponder(NSView& view) {
   impl_->firstResponder = std::static_pointer_cast<NSView>(view.shared_from_this());
   QWidget& widget = *view.native().widget;
-  impl_->frame.setFocusProxy(&widget);
+  impl_->widget.setFocusProxy(&widget);
   widget.setFocus();
 }
 
 std::shared_ptr<NSView> NSWindow::firstResponder() const { return impl_->firstResponder.lock(); }
 
-bool NSWindow::isVisible() const { return impl_->frame.isVisible() && !impl_->frame.isMinimized(); }
+bool NSWindow::isVisible() const { return impl_->widget.isVisible() && !impl_->widget.isMinimized(); }
 bool NSWindow::isKeyWindow() const {
-  return impl_->frame.isVisible() && impl_->windows.system().isActive(impl_->frame);
+  return impl_->widget.isVisible() && impl_->windows.system().isActive(impl_->widget);
 }
 
 void NSWindow::setLevel(int level) {
-  impl_->frame.placement.aboveOthers = level >= NSFloatingWindowLevel;
-  impl_->windows.place(impl_->frame);
+  impl_->widget.state.aboveOthers = level >= NSFloatingWindowLevel;
+  impl_->windows.applyState(impl_->widget);
 }
 
 void NSWindow::setCollectionBehavior(unsigned behavior) {
-  impl_->frame.placement.onEveryWorkspace = (behavior & NSWindowCollectionBehaviorCanJoinAllSpaces) != 0;
-  impl_->windows.place(impl_->frame);
+  impl_->widget.state.onEveryWorkspace = (behavior & NSWindowCollectionBehaviorCanJoinAllSpaces) != 0;
+  impl_->windows.applyState(impl_->widget);
 }
 
-void NSWindow::setTitle(std::string_view title) { impl_->frame.setWindowTitle(desktop::toQString(title)); }
+void NSWindow::setTitle(std::string_view title) { impl_->widget.setWindowTitle(desktop::toQString(title)); }
 
 }  // namespace platform

@@ -6,7 +6,7 @@
 
 namespace platform::desktop {
 
-/// The edges and corners of the window, over all that is in it: the hairline border, and where the window is resized.
+/// Lies over the whole window, masked to its edges: paints the hairline border, and resizes the window when dragged.
 class WindowBorder : public DragHandle {
  public:
   explicit WindowBorder(const WindowSystem& windowSystem);

@@ -7,41 +7,41 @@
 
 namespace platform::desktop {
 
-/// Where a window stands among those of other programs.
-struct Placement {
+/// What a window manager is asked to do with a window.
+struct WindowState {
   bool aboveOthers = false;
   bool onEveryWorkspace = false;
 };
 
-/// What Qt has no word for, on the kind of display that the program runs on.
+/// What Qt has no API for, on the kind of display that the program runs on.
 class WindowSystem {
  public:
   virtual ~WindowSystem() = default;
 
-  /// Before each show: the window belongs to an accessory program, in no taskbar and no pager.
-  virtual void prepareToShow(QWidget& window, Placement placement) = 0;
-  /// Places a window that is shown.
-  virtual void place(QWidget& window, Placement placement) = 0;
-  /// Raises a window that is shown and gives it the keyboard, as a wish of the user's.
+  /// To be called before each show. Keeps the window out of taskbars and pagers.
+  virtual void prepareToShow(QWidget& window, WindowState state) = 0;
+  /// For a window that is shown. Without `onEveryWorkspace` it is moved to the current workspace.
+  virtual void applyState(QWidget& window, WindowState state) = 0;
+  /// Raises a window that is shown and gives it the keyboard, as the user has asked for.
   virtual void activate(QWidget& window) = 0;
-  /// Before a window is taken off the screen.
+  /// To be called before a window is hidden.
   virtual void prepareToHide(QWidget& window) = 0;
-  /// Whether the window is the one that the user works in, or is becoming it. A key grab, a menu of ours or a panel
-  /// that has the keyboard for the moment changes nothing.
+  /// Whether the user works in this window, or it is about to be activated. A key grab, a menu of ours or a panel that
+  /// has the keyboard for a moment changes nothing.
   virtual bool isActive(const QWidget& window) = 0;
-  /// Gives the keyboard to the window that had it before one of ours did, if it is still there to be seen.
+  /// Activates the window of another program that was active last, if it is still visible.
   virtual void activatePreviousProgram() = 0;
-  /// The compositor's leave to take the keyboard, for the next window that is activated. It came with the request that
-  /// is about to be answered; a request without one has an empty one.
+  /// A token by which the compositor allows the next activation (xdg-activation). It comes with a request from outside;
+  /// to be called for each such request, with an empty token if it has none.
   virtual void setActivationToken(const QString& token) = 0;
 
-  /// False while a window is being activated, or hidden, and the window manager has not done it yet.
+  /// False while the window manager has not finished activating or hiding a window, for a second at most.
   virtual bool isSettled() const = 0;
   std::function<void()> onSettled;
 
-  /// Whether windows have places that this program can learn and choose.
-  virtual bool hasPlaces() const = 0;
-  /// Whether windows may be see-through now. Each window is painted anew after a change.
+  /// Whether the program can know and set the positions of its windows.
+  virtual bool canPosition() const = 0;
+  /// Whether windows can be translucent now. All windows are repainted after a change.
   virtual bool isComposited() const = 0;
 };
 

@@ -7,19 +7,19 @@
 
 namespace platform::desktop {
 
-/// A window made as large as the screen's free room, and again what it was. By its geometry: not every window manager
-/// maximises a window of an accessory program.
+/// Makes a window as large as the screen's available geometry, and back. Sets the geometry itself, since not every
+/// window manager maximises a utility window.
 class WindowZoom {
  public:
-  /// The window has this as a part.
+  /// `window` outlives this.
   explicit WindowZoom(QWidget& window) : window_(window) {}
 
   void toggle();
-  /// Whether the window is as `toggle` made it large; one that was moved or resized since is not.
+  /// Whether the window is large by `toggle`, and has not been moved or resized since.
   bool isOn() const;
-  /// Makes a window that is large as large as the free room is by now.
+  /// Makes a large window follow a change of the available geometry.
   void fill();
-  /// The window's geometry, or what it was before it was made large.
+  /// The window's geometry, or the one before it was made large.
   QRect geometryWithout() const;
 
  private:
@@ -27,7 +27,7 @@ class WindowZoom {
 
   struct Large {
     QRect before;
-    QRect room;  ///< that was free at that moment
+    QRect room;  ///< the available geometry at that time
   };
   QWidget& window_;
   std::optional<Large> large_;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr auto focusingNewWindowsOnly = "wlroots wm";
 constexpr std::chrono::seconds longestActivation{1};  // then the window manager does not do it
-constexpr unsigned sentByClient = 0x80;  // of an event's type: a window manager tells where a window is in such a one
+constexpr unsigned syntheticEvent = 0x80;  // the bit of an event's type that SendEvent sets, as window managers do
 
 // In _MOTIF_WM_HINTS: which of its fields count, and the functions of the second one.
 enum MotifFlags : std::uint32_t { hasFunctions = 1, hasDecorations = 2 };
@@ -47,7 +47,7 @@ X11WindowSystem::X11WindowSystem(xcb_connection_t* connection)
       managementAtom_(x11::atom(connection, "WM_STATE")),
       motifHintsAtom_(x11::atom(connection, "_MOTIF_WM_HINTS")),
       root_(x11::rootWindow(connection)),
-      besideWayland_(!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+      isXWayland_(!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
   deadline_.setSingleShot(true);
   deadline_.setInterval(longestActivation);
   QObject::connect(&deadline_, &QTimer::timeout, [this] { settle(); });
@@ -55,27 +55,27 @@ X11WindowSystem::X11WindowSystem(xcb_connection_t* connection)
   updateActiveWindow();
 }
 
-void X11WindowSystem::prepareToShow(QWidget& window, Placement placement) {
+void X11WindowSystem::prepareToShow(QWidget& window, WindowState state) {
   const xcb_window_t id = idOf(window);
   // Some window managers go on calling a window active that was hidden.
   if (active_ == id) active_ = XCB_NONE;
-  if (managed_) asked_[id] = window.pos();
+  if (managed_) requestedPositions_[id] = window.pos();
   ewmh_.setType(id, ewmh_->_NET_WM_WINDOW_TYPE_UTILITY);
-  leaveProgramGroup(id);
+  leaveWindowGroup(id);
   if (window.windowFlags().testFlag(Qt::FramelessWindowHint)) forbidMinimizing(id);
   // A window manager wipes these when a window is withdrawn.
   std::vector<xcb_atom_t> states{ewmh_->_NET_WM_STATE_SKIP_TASKBAR, ewmh_->_NET_WM_STATE_SKIP_PAGER};
-  if (placement.aboveOthers) states.push_back(ewmh_->_NET_WM_STATE_ABOVE);
-  if (placement.onEveryWorkspace) states.push_back(ewmh_->_NET_WM_STATE_STICKY);
+  if (state.aboveOthers) states.push_back(ewmh_->_NET_WM_STATE_ABOVE);
+  if (state.onEveryWorkspace) states.push_back(ewmh_->_NET_WM_STATE_STICKY);
   ewmh_.setStates(id, states);
-  ewmh_.setOnEveryWorkspace(id, placement.onEveryWorkspace);
+  ewmh_.setOnEveryWorkspace(id, state.onEveryWorkspace);
 }
 
-void X11WindowSystem::place(QWidget& window, Placement placement) {
+void X11WindowSystem::applyState(QWidget& window, WindowState state) {
   const xcb_window_t id = idOf(window);
-  ewmh_.requestState(id, placement.aboveOthers, ewmh_->_NET_WM_STATE_ABOVE);
-  ewmh_.requestState(id, placement.onEveryWorkspace, ewmh_->_NET_WM_STATE_STICKY);
-  ewmh_.requestWorkspace(id, placement.onEveryWorkspace ? x11::everyWorkspace : ewmh_.currentWorkspace());
+  ewmh_.requestState(id, state.aboveOthers, ewmh_->_NET_WM_STATE_ABOVE);
+  ewmh_.requestState(id, state.onEveryWorkspace, ewmh_->_NET_WM_STATE_STICKY);
+  ewmh_.requestWorkspace(id, state.onEveryWorkspace ? x11::everyWorkspace : ewmh_.currentWorkspace());
   xcb_flush(connection_);
 }
 
@@ -83,14 +83,14 @@ void X11WindowSystem::activate(QWidget& window) {
   const xcb_window_t id = idOf(window);
   window.raise();
   if (!managed_) window.activateWindow();
-  if (focusesNewWindowsOnly_ && active_ != id && ewmh_.isManaged(id)) mapAnew(id);
+  if (focusesNewWindowsOnly_ && active_ != id && ewmh_.isManaged(id)) remap(id);
   ewmh_.requestActive(id, clock_.now(), XCB_NONE);
   xcb_flush(connection_);
   if (active_ != id) expect({id, true});
 }
 
 void X11WindowSystem::prepareToHide(QWidget& window) {
-  asked_.erase(idOf(window));
+  requestedPositions_.erase(idOf(window));
   if (isActive(window)) expect({idOf(window), false});
 }
 
@@ -109,13 +109,13 @@ void X11WindowSystem::activatePreviousProgram() {
 }
 
 bool X11WindowSystem::take(xcb_generic_event_t& event) {
-  if (event.response_type == (XCB_CONFIGURE_NOTIFY | sentByClient))
-    moveWhereAsked(x11::as<xcb_configure_notify_event_t>(event).window);
+  if (event.response_type == (XCB_CONFIGURE_NOTIFY | syntheticEvent))
+    moveToRequestedPosition(x11::as<xcb_configure_notify_event_t>(event).window);
   if (x11::typeOf(event) != XCB_PROPERTY_NOTIFY) return false;
   const auto& change = x11::as<xcb_property_notify_event_t>(event);
   if (change.window == root_ && change.atom == ewmh_->_NET_ACTIVE_WINDOW) updateActiveWindow();
   if (change.window == root_ && change.atom == ewmh_->_NET_SUPPORTING_WM_CHECK) updateWindowManager();
-  // A window manager takes this property back when it has let go of a hidden window, or says so in it.
+  // A window manager removes WM_STATE of a hidden window, or sets it to Withdrawn, when it no longer manages it.
   const bool awaited = expectation_ && !expectation_->active && change.window == expectation_->window;
   if (awaited && change.atom == managementAtom_ && !ewmh_.isManaged(change.window)) settle();
   return false;
@@ -131,7 +131,7 @@ void X11WindowSystem::updateActiveWindow() {
   // A panel that was clicked may take the keyboard, but nobody works in it.
   if (active != XCB_NONE && ewmh_.isPanel(active)) return;
   active_ = active;
-  if (active == XCB_NONE ? besideWayland_ : !isOurs(active)) previous_ = active;
+  if (active == XCB_NONE ? isXWayland_ : !isOurs(active)) previous_ = active;
   if (expectation_ && expectation_->active && active_ == expectation_->window) settle();
 }
 
@@ -142,42 +142,42 @@ void X11WindowSystem::expect(Expectation expectation) {
 }
 
 void X11WindowSystem::settle() {
-  if (expectation_->active) asked_.clear();  // from here on it is the user who moves windows
+  if (expectation_->active) requestedPositions_.clear();  // from here on it is the user who moves windows
   expectation_.reset();
   deadline_.stop();
   if (onSettled) onSettled();
 }
 
 /// Window managers hide an inactive program's utility windows once its group has another member.
-void X11WindowSystem::leaveProgramGroup(xcb_window_t window) {
+void X11WindowSystem::leaveWindowGroup(xcb_window_t window) {
   xcb_icccm_wm_hints_t hints{};
   xcb_icccm_get_wm_hints_reply(connection_, xcb_icccm_get_wm_hints(connection_, window), &hints, nullptr);
   xcb_icccm_wm_hints_set_window_group(&hints, window);
   xcb_icccm_set_wm_hints(connection_, window, &hints);
 }
 
-/// What is in no taskbar could not be brought back. Qt says nothing of what a window without a frame allows.
+/// A window that is in no taskbar could not be restored. Qt sets no such hints for frameless windows.
 void X11WindowSystem::forbidMinimizing(xcb_window_t window) {
   constexpr std::array<std::uint32_t, 5> hints{hasFunctions | hasDecorations, resize | move | maximize | close};
   xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, motifHintsAtom_, motifHintsAtom_, 32, hints.size(),
                       hints.data());
 }
 
-/// Behind Qt's back, for nothing changes but that the window is a new one for the window manager.
-void X11WindowSystem::mapAnew(xcb_window_t window) {
+/// Makes the window a new one for the window manager. Qt does not hear of it.
+void X11WindowSystem::remap(xcb_window_t window) {
   xcb_unmap_window(connection_, window);
   xcb_map_window(connection_, window);
 }
 
-/// i3 moves windows that come up, to leave room for a decoration that they then do not get, with each show more.
-void X11WindowSystem::moveWhereAsked(xcb_window_t id) {
-  const auto asked = asked_.find(id);
-  QWidget* const window = asked == asked_.end() ? nullptr : QWidget::find(id);
-  // Later, for Qt hands on where the window is after what is told here.
-  if (window != nullptr) QTimer::singleShot(0, window, [window, place = asked->second] { window->move(place); });
+/// At each show i3 moves a window by the size of a decoration that it then does not draw.
+void X11WindowSystem::moveToRequestedPosition(xcb_window_t id) {
+  const auto requested = requestedPositions_.find(id);
+  QWidget* const window = requested == requestedPositions_.end() ? nullptr : QWidget::find(id);
+  // Later: Qt handles this event after us.
+  if (window != nullptr)
+    QTimer::singleShot(0, window, [window, position = requested->second] { window->move(position); });
 }
 
-/// A window that is gone, hidden or on another workspace is not gone back to.
 bool X11WindowSystem::canBeSeen(xcb_window_t window) {
   const x11::Reply<xcb_get_window_attributes_reply_t> attributes(
       xcb_get_window_attributes_reply(connection_, xcb_get_window_attributes(connection_, window), nullptr));

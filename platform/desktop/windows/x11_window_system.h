@@ -15,26 +15,25 @@
 
 namespace platform::desktop {
 
-/// Window managers under X11, by the rules of EWMH. Escape reaches the window's focus even while an input method
-/// composes.
+/// X11, by way of EWMH.
 class X11WindowSystem : public WindowSystem, private x11::EventFilter {
  public:
-  /// `connection` is Qt's and stays its own.
+  /// `connection` is Qt's.
   explicit X11WindowSystem(xcb_connection_t* connection);
 
-  void prepareToShow(QWidget& window, Placement placement) override;
-  void place(QWidget& window, Placement placement) override;
+  void prepareToShow(QWidget& window, WindowState state) override;
+  void applyState(QWidget& window, WindowState state) override;
   void activate(QWidget& window) override;
   void prepareToHide(QWidget& window) override;
   bool isActive(const QWidget& window) override;
   void activatePreviousProgram() override;
-  void setActivationToken(const QString& /*token*/) override {}  // X11 goes by the time of the request
+  void setActivationToken(const QString& /*token*/) override {}  // on X11 the time of the request decides
   bool isSettled() const override { return !expectation_; }
-  bool hasPlaces() const override { return true; }
+  bool canPosition() const override { return true; }
   bool isComposited() const override { return compositor_.isOwned(); }
 
  private:
-  /// What the window manager has been asked for and has not done yet.
+  /// What the window manager has been asked to do and has not done yet.
   struct Expectation {
     xcb_window_t window;
     bool active;
@@ -45,10 +44,10 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   void updateActiveWindow();
   void expect(Expectation expectation);
   void settle();
-  void leaveProgramGroup(xcb_window_t window);
+  void leaveWindowGroup(xcb_window_t window);
   void forbidMinimizing(xcb_window_t window);
-  void mapAnew(xcb_window_t window);
-  void moveWhereAsked(xcb_window_t window);
+  void remap(xcb_window_t window);
+  void moveToRequestedPosition(xcb_window_t window);
   bool canBeSeen(xcb_window_t window);
 
   xcb_connection_t* connection_;
@@ -59,12 +58,12 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   xcb_atom_t managementAtom_;
   xcb_atom_t motifHintsAtom_;
   xcb_window_t root_;
-  bool managed_ = false;                  ///< a window manager runs, and tells what it does
-  bool focusesNewWindowsOnly_ = false;    ///< it marks others as urgent when they ask for the keyboard
-  xcb_window_t active_ = XCB_NONE;        ///< the window that the user works in, by its word
-  xcb_window_t previous_ = XCB_NONE;      ///< the last active window that is not ours; none if that is no X11 window
-  const bool besideWayland_;              ///< whose windows are none to X11
-  std::map<xcb_window_t, QPoint> asked_;  ///< where windows are to come up that are coming up now
+  bool managed_ = false;                ///< an EWMH window manager runs
+  bool focusesNewWindowsOnly_ = false;  ///< it only marks other windows as urgent when they ask for the keyboard
+  xcb_window_t active_ = XCB_NONE;      ///< by _NET_ACTIVE_WINDOW, panels left out
+  xcb_window_t previous_ = XCB_NONE;    ///< the last active window of another program; none if it is a Wayland one
+  const bool isXWayland_;
+  std::map<xcb_window_t, QPoint> requestedPositions_;  ///< of windows that are being shown
   std::optional<Expectation> expectation_;
   QTimer deadline_;
 };

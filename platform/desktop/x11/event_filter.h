@@ -8,7 +8,7 @@
 
 namespace platform::desktop::x11 {
 
-/// Sees each event of the X server's before Qt does, from construction to destruction.
+/// Sees each X11 event before Qt does, from construction to destruction.
 class EventFilter : public QAbstractNativeEventFilter {
  public:
   EventFilter() { qApp->installNativeEventFilter(this); }
@@ -20,11 +20,11 @@ class EventFilter : public QAbstractNativeEventFilter {
   }
 
  protected:
-  /// True if nobody else, Qt included, is to see the event.
+  /// True if the event is to go no further, not even to Qt.
   virtual bool take(xcb_generic_event_t& event) = 0;
 };
 
-/// An event as what its type says it is.
+/// The event as the struct that its type stands for.
 template <typename T>
 T& as(xcb_generic_event_t& event) {
   return reinterpret_cast<T&>(event);

@@ -8,8 +8,7 @@
 
 namespace platform::desktop {
 
-/// Whether an X selection has an owner: that is how trays and compositors show that they run. The server tells of
-/// changes.
+/// Whether an X selection has an owner. Trays and compositors own one while they run.
 class SelectionWatch : private x11::EventFilter {
  public:
   /// Calls `onChange` after each change.

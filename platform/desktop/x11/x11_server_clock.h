@@ -7,12 +7,12 @@
 
 namespace platform::desktop {
 
-/// The X server's clock, by which window managers tell new requests from late ones.
+/// The X server's clock. Window managers compare its times to ignore outdated requests.
 class X11ServerClock {
  public:
   explicit X11ServerClock(xcb_connection_t* connection);
 
-  /// Milliseconds since the server's start, modulo 2^32; XCB_CURRENT_TIME where the server does not tell.
+  /// In milliseconds modulo 2^32; XCB_CURRENT_TIME if the server has no SYNC extension.
   xcb_timestamp_t now() const;
 
  private:

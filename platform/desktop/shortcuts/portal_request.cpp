@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/dbus/portal_request.h"
+#include "platform/desktop/shortcuts/portal_request.h"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/shortcuts/x11_global_keys.h"
+#include "platform/desktop/shortcuts/x11_global_shortcuts.h"
 
 #include <chrono>
 #include <string_view>
@@ -13,8 +13,8 @@ namespace {
 
 using x11::Reply;
 
-constexpr unsigned newKeyboard = 0;  // kinds of events of the keyboard extension
-constexpr unsigned newMap = 1;
+constexpr unsigned xkbNewKeyboardNotify = 0;  // kinds of XKB events; Qt's xcb plugin selects both
+constexpr unsigned xkbMapNotify = 1;
 constexpr unsigned allModifiers = 0xFF;  // of an event's state; the rest are pointer buttons and the layout
 constexpr xcb_timestamp_t shortestRepeatDelay = 100;     // milliseconds
 constexpr xcb_timestamp_t longestRepeatInterval = 2000;  // milliseconds
@@ -48,8 +48,8 @@ void KeyRepetition::release(xcb_timestamp_t time) {
   releasedAt_ = time;
 }
 
-X11GlobalKeys::X11GlobalKeys(RequestQueue& requests, xcb_connection_t* connection)
-    : GlobalKeys(requests),
+X11GlobalShortcuts::X11GlobalShortcuts(RequestQueue& requests, xcb_connection_t* connection)
+    : GlobalShortcuts(requests),
       connection_(connection),
       root_(x11::rootWindow(connection)),
       modifiers_(X11Modifiers::ofKeyboard(connection)) {
@@ -61,12 +61,12 @@ X11GlobalKeys::X11GlobalKeys(RequestQueue& requests, xcb_connection_t* connectio
   QObject::connect(&releaseWatch_, &QTimer::timeout, [this] { lookForReleases(); });
 }
 
-X11GlobalKeys::~X11GlobalKeys() {
+X11GlobalShortcuts::~X11GlobalShortcuts() {
   if (qApp == nullptr) return;                           // and the connection has ended
   for (const HotKey& hotKey : hotKeys_) ungrab(hotKey);  // before our connection ends
 }
 
-bool X11GlobalKeys::grab(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) {
+bool X11GlobalShortcuts::listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) {
   const auto key = keyAt(keyCode);
   if (!key) return false;
   HotKey hotKey{*key, modifiers, std::move(pressed), false, {}};
@@ -76,17 +76,17 @@ bool X11GlobalKeys::grab(std::uint32_t keyCode, std::uint32_t modifiers, std::fu
   return true;
 }
 
-bool X11GlobalKeys::take(xcb_generic_event_t& event) {
+bool X11GlobalShortcuts::take(xcb_generic_event_t& event) {
   const unsigned type = x11::typeOf(event);
   if (type == XCB_KEY_PRESS) return press(x11::as<xcb_key_press_event_t>(event));
   if (type == XCB_KEY_RELEASE) release(x11::as<xcb_key_release_event_t>(event));
   const bool isNewKeyboard =
-      keyboardEvent_ && type == *keyboardEvent_ && (event.pad0 == newKeyboard || event.pad0 == newMap);
+      keyboardEvent_ && type == *keyboardEvent_ && (event.pad0 == xkbNewKeyboardNotify || event.pad0 == xkbMapNotify);
   if (isNewKeyboard || type == XCB_MAPPING_NOTIFY) keyboardChanged();
   return false;
 }
 
-unsigned X11GlobalKeys::stateFor(const HotKey& hotKey) const {
+unsigned X11GlobalShortcuts::stateFor(const HotKey& hotKey) const {
   unsigned state = 0;
   if ((hotKey.modifiers & cmdKey) != 0) state |= XCB_MOD_MASK_CONTROL;
   if ((hotKey.modifiers & optionKey) != 0) state |= modifiers_.alt;
@@ -94,7 +94,7 @@ unsigned X11GlobalKeys::stateFor(const HotKey& hotKey) const {
 }
 
 /// All or nothing, in one round trip.
-bool X11GlobalKeys::grab(const HotKey& hotKey) {
+bool X11GlobalShortcuts::grab(const HotKey& hotKey) {
   std::vector<xcb_void_cookie_t> requests;
   for (const unsigned locks : modifiers_.lockCombinations()) {
     requests.push_back(xcb_grab_key_checked(connection_, 0, root_, static_cast<std::uint16_t>(stateFor(hotKey) | locks),
@@ -109,13 +109,13 @@ bool X11GlobalKeys::grab(const HotKey& hotKey) {
   return all;
 }
 
-void X11GlobalKeys::ungrab(const HotKey& hotKey) {
+void X11GlobalShortcuts::ungrab(const HotKey& hotKey) {
   for (const unsigned locks : modifiers_.lockCombinations())
     xcb_ungrab_key(connection_, hotKey.key, root_, static_cast<std::uint16_t>(stateFor(hotKey) | locks));
   xcb_flush(connection_);
 }
 
-void X11GlobalKeys::keyboardChanged() {
+void X11GlobalShortcuts::keyboardChanged() {
   const auto now = X11Modifiers::ofKeyboard(connection_);
   if (now != modifiers_) {
     for (HotKey& hotKey : hotKeys_) {
@@ -127,8 +127,8 @@ void X11GlobalKeys::keyboardChanged() {
   for (HotKey& hotKey : hotKeys_) hotKey.grabbed = hotKey.grabbed || grab(hotKey);
 }
 
-/// To whichever window it is told: a popover or a menu of ours holds the keyboard, and the grab does not count.
-bool X11GlobalKeys::press(const xcb_key_press_event_t& event) {
+/// Whichever window the event is for: while a popover or a menu of ours has grabbed the keyboard, that window gets it.
+bool X11GlobalShortcuts::press(const xcb_key_press_event_t& event) {
   for (HotKey& hotKey : hotKeys_) {
     const unsigned state = event.state & allModifiers & ~modifiers_.locks;
     if (!hotKey.grabbed || event.detail != hotKey.key || state != stateFor(hotKey)) continue;
@@ -139,14 +139,14 @@ bool X11GlobalKeys::press(const xcb_key_press_event_t& event) {
   return false;
 }
 
-void X11GlobalKeys::release(const xcb_key_release_event_t& event) {
+void X11GlobalShortcuts::release(const xcb_key_release_event_t& event) {
   for (HotKey& hotKey : hotKeys_) {
     if (event.detail == hotKey.key) hotKey.repetition.release(event.time);
   }
 }
 
-/// Nobody tells us of a release once the popover or menu that was told of the press is gone.
-void X11GlobalKeys::lookForReleases() {
+/// If the popover or menu that got the press is closed, no window of ours gets the release.
+void X11GlobalShortcuts::lookForReleases() {
   const Reply<xcb_query_keymap_reply_t> down(
       xcb_query_keymap_reply(connection_, xcb_query_keymap(connection_), nullptr));
   bool anyDown = false;

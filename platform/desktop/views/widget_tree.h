@@ -7,11 +7,10 @@
 
 namespace platform::desktop {
 
-/// Gives the views of a tree that is placed by constraints the widgets and the layouts that they stand for. Once for
-/// each tree, before it is shown.
-void realize(NSView& root);
+/// Makes the widgets and layouts of a tree of views that is laid out by constraints. Once per tree, before it is shown.
+void buildWidgets(NSView& root);
 
-/// Calls keys by another name in such a tree.
+/// Replaces a key's name in the labels of such a tree.
 void renameKeys(const NSView& root, const QString& before, const QString& now);
 
 }  // namespace platform::desktop

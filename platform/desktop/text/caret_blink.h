@@ -9,12 +9,12 @@
 
 namespace platform::desktop {
 
-/// The caret blinks as the desktop has it, and stands still, shown, some seconds after the user's last act: a note
-/// that is left alone wakes nothing up.
-class CaretRest {
+/// Stops the caret's blinking, with the caret shown, some seconds after the user's last action: an idle note causes no
+/// wake-ups. Otherwise it blinks as the desktop's settings say.
+class CaretBlink {
  public:
-  explicit CaretRest(QObject& editor) : untilRest_(&editor) {
-    untilRest_.setObjectName(QStringLiteral("caretRest"));
+  explicit CaretBlink(QObject& editor) : untilRest_(&editor) {
+    untilRest_.setObjectName(QStringLiteral("caretBlink"));
     untilRest_.setSingleShot(true);
     untilRest_.setInterval(std::chrono::seconds(10));
     untilRest_.callOnTimeout([this] {
@@ -23,9 +23,9 @@ class CaretRest {
       QGuiApplication::styleHints()->setCursorFlashTime(neverBlinks);
     });
   }
-  CaretRest(const CaretRest&) = delete;
-  CaretRest& operator=(const CaretRest&) = delete;
-  ~CaretRest() { end(); }
+  CaretBlink(const CaretBlink&) = delete;
+  CaretBlink& operator=(const CaretBlink&) = delete;
+  ~CaretBlink() { end(); }
 
   /// The editor has got the focus, or the user has done something in it.
   void blink() {

@@ -12,50 +12,48 @@
 #include <functional>
 #include <optional>
 
-#include "platform/desktop/dbus/portal_request.h"
+#include "platform/desktop/shortcuts/portal_request.h"
 
 namespace platform::desktop {
 
-/// A shortcut as the portal is told of it.
+/// A shortcut in the portal's terms.
 struct PortalShortcut {
-  QString id;  ///< the same at every start: what the user chose is kept under it
+  QString id;  ///< the same at every start: the desktop stores the user's choice under it
   QVariantMap properties;
 };
 
-/// A session of global shortcuts with one process of the portal, asked for from construction on. Where the portal
-/// refuses it or has no shortcuts to give, nothing is heard of it any more. Where it closes the session, another one is
-/// asked for after a pause, which grows until a session lasts.
-class PortalShortcuts : public QObject {
+/// A session of the portal's GlobalShortcuts interface with one portal process, requested on construction. If the
+/// portal has no global shortcuts or refuses, none of the callbacks is ever called. If it closes the session, another
+/// one is requested after a pause, which doubles until a session lasts.
+class PortalSession : public QObject {
   Q_OBJECT
 
  public:
-  /// Gets a shortcut's id, and a token that lets a window take the keyboard; empty if the portal gave none.
+  /// Called with a shortcut's id and an activation token, which is empty if the portal sent none.
   using Activated = std::function<void(const QString& id, const QString& activationToken)>;
-  /// Gets a shortcut's id, and what the desktop calls the keys that the user has for it; empty if it does not tell.
+  /// Called with a shortcut's id and the desktop's name for the keys that the user has chosen, empty if it sends none.
   using KeysChanged = std::function<void(const QString& id, const QString& keys)>;
-
-  /// Told when the portal begins to ask the user for the shortcuts, if it does, and when that is over.
+  /// Called when the portal may show a dialog about the shortcuts, and when that is over.
   using Asking = std::function<void(bool asking)>;
 
-  PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, KeysChanged keysChanged,
-                  Asking asking);
+  PortalSession(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated, KeysChanged keysChanged,
+                Asking asking);
 
   const Portal& portal() const { return portal_; }
 
  private:
   Q_SLOT void onCreated(const QVariantMap& results);
-  /// The user has chosen other keys.
   Q_SLOT void onShortcutsChanged(const QDBusMessage& message);
   Q_SLOT void onActivated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
                           const QVariantMap& options);
   Q_SLOT void onClosed(const QDBusMessage& message);
 
-  void listen();
-  void tellName();
+  void listenToPortal();
+  void registerAppId();
   void createSession();
   void bindUnlessBound();
-  void askAgainIfGivenBefore();
-  void renewLater();
+  void retryIfGrantedBefore();
+  void retryLater();
   bool isEachIn(const QVariantMap& results) const;
   void tellKeys(const QVariantMap& results) const;
   bool isOurs(const QDBusObjectPath& session) const;
@@ -67,8 +65,8 @@ class PortalShortcuts : public QObject {
   KeysChanged keysChanged_;
   Asking asking_;
   QString session_;  ///< empty before it is created and after it is closed
-  QTimer renewal_;
-  std::chrono::milliseconds pause_;
+  QTimer retry_;
+  std::chrono::milliseconds backoff_;
   QElapsedTimer lifetime_;  ///< of the session
   std::optional<PortalRequest> creation_;
   std::optional<PortalRequest> listing_;

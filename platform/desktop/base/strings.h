@@ -10,7 +10,7 @@ inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// With a byte-order mark, which `QString::fromUtf8` would drop. U+FFFD stands for what is no UTF-8.
+/// Keeps a byte-order mark, which `QString::fromUtf8` would drop. What is not UTF-8 becomes U+FFFD.
 inline QString exactlyDecoded(std::string_view text) {
   constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
   const QString rest = toQString(text);

@@ -10,15 +10,14 @@
 
 namespace platform::desktop {
 
-/// The commands that the program offers to the desktop beside its menu, by the names of their selectors: those of the
-/// status item's menu.
-class OfferedCommands {
+/// The actions that other programs can call: the commands of the status item's menu, named by their selectors.
+class ExportedActions {
  public:
-  /// Held weakly.
+  /// The menu is held weakly.
   void setMenu(const std::shared_ptr<NSMenu>& menu) { menu_ = menu; }
 
-  /// The command whose selector is `name`. Null, for the reason put into `refusal`, if none is offered, or if a
-  /// parameter came along: none of them takes one.
+  /// The command whose selector is `name`. Null, with the reason in `refusal`, if there is none, or if there is a
+  /// parameter: no command takes one.
   std::shared_ptr<NSMenuItem> named(const QString& name, const QVariantList& parameter, QString& refusal) const;
   /// The command with that key, with exactly these modifiers; null if there is none.
   std::shared_ptr<NSMenuItem> withKey(std::string_view keyEquivalent, unsigned modifierMask) const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/views/view_realizer.h"
+#include "platform/desktop/views/widget_tree.h"
 
 #include <QPainter>
 #include <memory>
@@ -59,7 +59,7 @@ void build(NSView& root) {
 
 }  // namespace
 
-void realize(NSView& root) {
+void buildWidgets(NSView& root) {
   build(root);
   fit(root, QWIDGETSIZE_MAX);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -9,7 +9,7 @@
 
 namespace platform::desktop {
 
-NoteWindow::NoteWindow(ProgramWindows& windows, NSWindow& owner)
+MainWindow::MainWindow(ProgramWindows& windows, NSWindow& owner)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
       windows_(windows),
       owner_(owner),
@@ -23,12 +23,12 @@ NoteWindow::NoteWindow(ProgramWindows& windows, NSWindow& owner)
   QObject::connect(this, &QWidget::windowTitleChanged, &titleBar_, [this] { titleBar_.update(); });
 }
 
-NoteWindow::~NoteWindow() {
+MainWindow::~MainWindow() {
   windows_.remove(*this);
   if (content_ != nullptr) content_->setParent(nullptr);
 }
 
-void NoteWindow::setContent(QWidget& content) {
+void MainWindow::setContent(QWidget& content) {
   content_ = &content;
   content.setParent(this);
   content.show();
@@ -38,7 +38,7 @@ void NoteWindow::setContent(QWidget& content) {
   border_.show();
 }
 
-void NoteWindow::setVisible(bool visible) {
+void MainWindow::setVisible(bool visible) {
   if (!visible && isVisible()) {
     windows_.prepareToHide(*this);
     if (onHide) onHide();
@@ -46,27 +46,27 @@ void NoteWindow::setVisible(bool visible) {
   QWidget::setVisible(visible);
 }
 
-void NoteWindow::closeEvent(QCloseEvent* event) {
+void MainWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (onCloseRequest) onCloseRequest();
 }
 
-void NoteWindow::resizeEvent(QResizeEvent* /*event*/) {
+void MainWindow::resizeEvent(QResizeEvent* /*event*/) {
   titleBar_.setGeometry(0, 0, width(), titleBarHeight);
   border_.setGeometry(rect());
   if (onGeometryChange) onGeometryChange();
 }
 
-void NoteWindow::moveEvent(QMoveEvent* /*event*/) {
+void MainWindow::moveEvent(QMoveEvent* /*event*/) {
   if (onGeometryChange) onGeometryChange();
 }
 
-void NoteWindow::changeEvent(QEvent* event) {
+void MainWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) border_.setVisible(!isMaximized());
 }
 
-void NoteWindow::keyPressEvent(QKeyEvent* event) {
+void MainWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F6) {
     // The way into the title bar, for the tab key belongs to the text.
     focusNextPrevChild((event->modifiers() & Qt::ShiftModifier) == 0);
@@ -75,7 +75,7 @@ void NoteWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-QWidgetList NoteWindow::focusStops() {
+QWidgetList MainWindow::focusStops() {
   QWidgetList stops{focusProxy() != nullptr ? focusProxy() : this};
   for (auto* const button : findChildren<QAbstractButton*>()) {
     if (button->isVisible() && button->isEnabled() && button->focusPolicy() != Qt::NoFocus) stops.append(button);
@@ -87,11 +87,11 @@ QWidgetList NoteWindow::focusStops() {
   return stops;
 }
 
-bool NoteWindow::focusNextPrevChild(bool next) {
+bool MainWindow::focusNextPrevChild(bool next) {
   const QWidgetList stops = focusStops();
   const auto current = std::max<qsizetype>(0, stops.indexOf(focusWidget()));
   const bool atEnd = current == (next ? stops.size() - 1 : 0);
-  if (atEnd && windows_.activateBeside()) {
+  if (atEnd && windows_.activateCompanion()) {
     stops.front()->setFocus(Qt::OtherFocusReason);
   } else {
     stops[(current + (next ? 1 : stops.size() - 1)) % stops.size()]->setFocus(Qt::TabFocusReason);

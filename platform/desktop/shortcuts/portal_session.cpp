@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/shortcuts/portal_shortcuts.h"
+#include "platform/desktop/shortcuts/portal_session.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/desktop/dbus/bus.h"
-#include "platform/desktop/session/application_service.h"
+#include "platform/desktop/dbus/bus_names.h"
 
 namespace platform::desktop {
 namespace {
@@ -42,23 +42,23 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& s
   return argument;
 }
 
-PortalShortcuts::PortalShortcuts(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated,
-                                 KeysChanged keysChanged, Asking asking)
+PortalSession::PortalSession(Portal portal, const QList<PortalShortcut>& shortcuts, Activated activated,
+                             KeysChanged keysChanged, Asking asking)
     : portal_(std::move(portal)),
       shortcuts_(shortcuts),
       activated_(std::move(activated)),
       keysChanged_(std::move(keysChanged)),
       asking_(std::move(asking)),
-      pause_(firstPause) {
+      backoff_(firstPause) {
   qDBusRegisterMetaType<PortalShortcut>();
   qDBusRegisterMetaType<QList<PortalShortcut>>();
-  renewal_.setSingleShot(true);
-  connect(&renewal_, &QTimer::timeout, this, &PortalShortcuts::createSession);
-  listen();
-  tellName();
+  retry_.setSingleShot(true);
+  connect(&retry_, &QTimer::timeout, this, &PortalSession::createSession);
+  listenToPortal();
+  registerAppId();
 }
 
-void PortalShortcuts::listen() {
+void PortalSession::listenToPortal() {
   portal_.bus.connect(portal_.owner, {}, QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Closed"),
                       this, SLOT(onClosed(QDBusMessage)));
   portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
@@ -67,38 +67,38 @@ void PortalShortcuts::listen() {
                       SLOT(onShortcutsChanged(QDBusMessage)));
 }
 
-/// A portal that knows programs by their names gives shortcuts to no other; one that cannot be told of it finds it out
-/// itself, or has no need of it. Its answer is awaited, so that it knows the name when the session is asked for.
-void PortalShortcuts::tellName() {
+/// Newer portals give shortcuts only to programs whose id they know; older ones have no Registry and find it out
+/// themselves. The session is created after the reply, whatever it says, so that the id is known by then.
+void PortalSession::registerAppId() {
   QDBusMessage call = portal_.call(QStringLiteral("org.freedesktop.host.portal.Registry"), QStringLiteral("Register"));
   call << serviceName() << QVariantMap();
   onReply(portal_.bus.asyncCall(call), *this, [this](const QDBusPendingCall& /*answer*/) { createSession(); });
 }
 
-void PortalShortcuts::createSession() {
+void PortalSession::createSession() {
   // Plasma 5.27 gives keys only to the shortcuts that it is told here; others do not look.
   const QVariantMap options{{QStringLiteral("session_handle_token"), QStringLiteral("quillberry")},
                             {QStringLiteral("shortcuts"), QVariant::fromValue(shortcuts_)}};
   creation_.emplace(
       portal_, portal_.call(globalShortcuts, QStringLiteral("CreateSession")), options,
-      [this](const QVariantMap& results) { onCreated(results); }, [this] { askAgainIfGivenBefore(); });
+      [this](const QVariantMap& results) { onCreated(results); }, [this] { retryIfGrantedBefore(); });
 }
 
-/// What closed the session may be starting anew itself; a portal that never gave one has none to give.
-void PortalShortcuts::askAgainIfGivenBefore() {
-  if (lifetime_.isValid()) renewLater();
+/// A portal that has given a session before may just be restarting; one that has never given any has none to give.
+void PortalSession::retryIfGrantedBefore() {
+  if (lifetime_.isValid()) retryLater();
 }
 
-void PortalShortcuts::onCreated(const QVariantMap& results) {
-  // A string, whatever else handles are; what is no path comes out empty.
+void PortalSession::onCreated(const QVariantMap& results) {
+  // This handle is a string, other than the portal's other handles; one that is not a path comes out empty.
   session_ = QDBusObjectPath(results.value(QStringLiteral("session_handle")).toString()).path();
-  if (session_.isEmpty()) return askAgainIfGivenBefore();
+  if (session_.isEmpty()) return retryIfGrantedBefore();
   lifetime_.start();
   bindUnlessBound();
 }
 
-/// Plasma 5.27 has bound them with the session, and would open its settings each time that it is asked to bind.
-void PortalShortcuts::bindUnlessBound() {
+/// Plasma 5.27 binds them with the session, and opens its settings at each BindShortcuts.
+void PortalSession::bindUnlessBound() {
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("ListShortcuts"));
   call << QVariant::fromValue(QDBusObjectPath(session_));
   listing_.emplace(
@@ -106,14 +106,14 @@ void PortalShortcuts::bindUnlessBound() {
       [this](const QVariantMap& results) { isEachIn(results) ? tellKeys(results) : bind(); }, [this] { bind(); });
 }
 
-bool PortalShortcuts::isEachIn(const QVariantMap& results) const {
+bool PortalSession::isEachIn(const QVariantMap& results) const {
   const auto bound = shortcutsIn(results.value(shortcutsKey));
   return std::all_of(shortcuts_.begin(), shortcuts_.end(), [&](const PortalShortcut& wanted) {
     return std::any_of(bound.begin(), bound.end(), [&](const PortalShortcut& each) { return each.id == wanted.id; });
   });
 }
 
-void PortalShortcuts::bind() {
+void PortalSession::bind() {
   QDBusMessage call = portal_.call(globalShortcuts, QStringLiteral("BindShortcuts"));
   const QString noParentWindow = QStringLiteral("");
   call << QVariant::fromValue(QDBusObjectPath(session_)) << QVariant::fromValue(shortcuts_) << noParentWindow;
@@ -127,41 +127,41 @@ void PortalShortcuts::bind() {
       [this] { asking_(false); });
 }
 
-void PortalShortcuts::onShortcutsChanged(const QDBusMessage& message) {
+void PortalSession::onShortcutsChanged(const QDBusMessage& message) {
   const auto session = message.arguments().value(0).value<QDBusObjectPath>();
   if (isOurs(session)) tellKeys({{shortcutsKey, message.arguments().value(1)}});
 }
 
-bool PortalShortcuts::isOurs(const QDBusObjectPath& session) const {
+bool PortalSession::isOurs(const QDBusObjectPath& session) const {
   return !session_.isEmpty() && session.path() == session_;
 }
 
-void PortalShortcuts::tellKeys(const QVariantMap& results) const {
+void PortalSession::tellKeys(const QVariantMap& results) const {
   for (const PortalShortcut& shortcut : shortcutsIn(results.value(shortcutsKey)))
     keysChanged_(shortcut.id, shortcut.properties.value(QStringLiteral("trigger_description")).toString());
 }
 
-/// Whatever the portal answered when it was asked to bind: the user may have taken only some of them, and GNOME 48 says
-/// that it has failed when the user has taken all.
-void PortalShortcuts::onActivated(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
-                                  const QVariantMap& options) {
+/// Does not depend on the reply to BindShortcuts: the user may have accepted some of the shortcuts only, and GNOME 48
+/// replies with a failure when the user has accepted all.
+void PortalSession::onActivated(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
+                                const QVariantMap& options) {
   if (!isOurs(session)) return;
   activated_(id, options.value(QStringLiteral("activation_token")).toString());
 }
 
-void PortalShortcuts::onClosed(const QDBusMessage& message) {
+void PortalSession::onClosed(const QDBusMessage& message) {
   if (!isOurs(QDBusObjectPath(message.path()))) return;
   session_.clear();
   listing_.reset();
   binding_.reset();
   asking_(false);
-  if (lifetime_.hasExpired(longestPause.count())) pause_ = firstPause;
-  renewLater();
+  if (lifetime_.hasExpired(longestPause.count())) backoff_ = firstPause;
+  retryLater();
 }
 
-void PortalShortcuts::renewLater() {
-  renewal_.start(pause_);
-  pause_ = std::min(2 * pause_, longestPause);
+void PortalSession::retryLater() {
+  retry_.start(backoff_);
+  backoff_ = std::min(2 * backoff_, longestPause);
 }
 
 }  // namespace platform::desktop

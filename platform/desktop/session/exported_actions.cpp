@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/session/offered_commands.h"
+#include "platform/desktop/session/exported_actions.h"
 
 #include <algorithm>
 
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/base/strings.h"
 
 namespace platform::desktop {
 namespace {
@@ -20,7 +20,7 @@ std::shared_ptr<NSMenuItem> findCommand(const std::shared_ptr<NSMenu>& menu, con
 
 }  // namespace
 
-std::shared_ptr<NSMenuItem> OfferedCommands::named(const QString& name, const QVariantList& parameter,
+std::shared_ptr<NSMenuItem> ExportedActions::named(const QString& name, const QVariantList& parameter,
                                                    QString& refusal) const {
   auto command =
       findCommand(menu_.lock(), [&](const NSMenuItem& item) { return toQString(item.action().name) == name; });
@@ -33,13 +33,13 @@ std::shared_ptr<NSMenuItem> OfferedCommands::named(const QString& name, const QV
   return command;
 }
 
-std::shared_ptr<NSMenuItem> OfferedCommands::withKey(std::string_view keyEquivalent, unsigned modifierMask) const {
+std::shared_ptr<NSMenuItem> ExportedActions::withKey(std::string_view keyEquivalent, unsigned modifierMask) const {
   return findCommand(menu_.lock(), [&](const NSMenuItem& item) {
     return item.keyEquivalent() == keyEquivalent && item.keyEquivalentModifierMask() == modifierMask;
   });
 }
 
-bool OfferedCommands::isFirst(const NSMenuItem& command) const {
+bool ExportedActions::isFirst(const NSMenuItem& command) const {
   const auto menu = menu_.lock();
   return menu && menu->items().front().get() == &command;
 }

@@ -16,26 +16,26 @@ namespace platform::desktop {
 
 class ProgramWindows;
 
-/// The window that a note is in, with a title bar and a border of its own.
-class NoteWindow : public QWidget {
+/// The widget of an NSWindow: the note's window, with a title bar and a border of its own.
+class MainWindow : public QWidget {
  public:
-  /// `owner` has this window.
-  NoteWindow(ProgramWindows& windows, NSWindow& owner);
-  ~NoteWindow() override;
+  /// `owner` owns this widget; `windows` outlives it.
+  MainWindow(ProgramWindows& windows, NSWindow& owner);
+  ~MainWindow() override;
 
-  /// Puts `content` in; the title bar becomes a part of it, so that what the program adds can lie over it.
-  /// `content` outlives this window.
+  /// Shows `content`, which outlives this widget. The title bar becomes a child of it, so that views that the program
+  /// adds later can be stacked above the title bar.
   void setContent(QWidget& content);
   void setVisible(bool visible) override;
   NSWindow& owner() const { return owner_; }
   TitleBar& titleBar() { return titleBar_; }
   WindowZoom& zoom() { return zoom_; }
 
-  Placement placement;  ///< where it stands when nothing that the desktop asks is in its way
+  WindowState state;  ///< as the program wants it; see `ProgramWindows::suspendKeepAbove`
   std::function<void()> onCloseRequest;
   std::function<void()> onGeometryChange;
-  std::function<void()> onHide;  ///< before it is hidden
-  /// A key that no control in the window used.
+  std::function<void()> onHide;  ///< called before it is hidden
+  /// Called with a key press that no control in the window has accepted.
   std::function<void(QKeyEvent&)> onUnusedKey;
 
  protected:
@@ -44,7 +44,7 @@ class NoteWindow : public QWidget {
   void moveEvent(QMoveEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
-  /// From the text to the buttons in the direction of reading, to a window beside this one, and back to the text.
+  /// From the text to the buttons in reading direction, then to a companion window, then back to the text.
   bool focusNextPrevChild(bool next) override;
 
  private:

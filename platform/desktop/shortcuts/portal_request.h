@@ -9,17 +9,17 @@
 
 namespace platform::desktop {
 
-/// One running process of the desktop's portal, and the connection on which it knows this program.
+/// The process that is the desktop's portal now, and the connection on which it knows this program.
 struct Portal {
   QDBusConnection bus;
-  QString owner;  ///< its unique name: whatever comes from another one is not from it
+  QString owner;  ///< its unique bus name, by which its signals are told from those of an earlier portal process
 
   static QString name();
-  /// A call of the portal's one object; the caller adds the arguments.
+  /// A call to the portal's one object; the caller adds the arguments.
   QDBusMessage call(const QString& interface, const QString& method) const;
 };
 
-/// A call to the portal that is answered later, by a signal. Destroyed earlier, it hears no answer.
+/// A call to the portal whose result comes later, as a signal. Destroying the request drops the result.
 class PortalRequest : public QObject {
   Q_OBJECT
 
@@ -27,9 +27,9 @@ class PortalRequest : public QObject {
   using Granted = std::function<void(const QVariantMap& results)>;
   using Refused = std::function<void()>;
 
-  /// Sends `call`, to which the request's own `options` are added as the last argument. One of the two is called, once:
-  /// `granted` when the portal has done what was asked, `refused` when it will not or the call is an error. An answer
-  /// that cannot be read is silence.
+  /// Sends `call` with `options` and a handle token as its last argument. Afterwards calls one of the two, once:
+  /// `granted` with the results, or `refused` if the portal declines or the call fails. Neither is called while the
+  /// portal sends nothing that can be read; there is no time limit, for a user may be thinking about a dialog.
   PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted, Refused refused = {});
 
  private:

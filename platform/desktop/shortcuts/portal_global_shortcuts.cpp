@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop/shortcuts/portal_global_keys.h"
+#include "platform/desktop/shortcuts/portal_global_shortcuts.h"
 
 #include <QDBusPendingReply>
 #include <algorithm>
 #include <utility>
 
+#include "platform/desktop/base/strings.h"
 #include "platform/desktop/dbus/bus.h"
 #include "platform/desktop/language/key_names.h"
-#include "platform/desktop/language/strings.h"
+#include "platform/desktop/session/exported_actions.h"
 #include "platform/desktop/session/gnome_overview.h"
-#include "platform/desktop/session/offered_commands.h"
 #include "platform/desktop/session/session_environment.h"
 #include "platform/desktop/shortcuts/gnome_shortcuts.h"
 #include "platform/desktop/windows/first_frame.h"
-#include "platform/desktop/windows/note_window.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
 #include "platform/hot_key.h"
 
@@ -22,7 +22,7 @@ namespace {
 
 const QString connectionName = QStringLiteral("portal");
 
-/// The character of a key: the portal knows no physical ones. Empty for a key that the program does not name.
+/// The key's letter, since the portal does not know physical keys. Empty for keys that the program does not use.
 std::string_view letterOf(std::uint32_t virtualKeyCode) {
   switch (virtualKeyCode) {
     case kVK_ANSI_N:
@@ -46,7 +46,7 @@ constexpr Modifier knownModifiers[] = {
     {optionKey, NSEventModifierFlagOption, Qt::AltModifier, "ALT+", "<Alt>"},
 };
 
-/// Not a service that is slow or fails: what is added to GNOME's settings stays.
+/// False for a service that is only slow or failing: shortcuts that are added to GNOME's settings stay there.
 bool saysThereIsNone(const QDBusError& error) {
   switch (error.type()) {
     case QDBusError::InvalidArgs:
@@ -63,15 +63,15 @@ bool saysThereIsNone(const QDBusError& error) {
 
 }  // namespace
 
-PortalGlobalKeys::PortalGlobalKeys(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
-                                   ProgramWindows& windows, const OfferedCommands& commands)
-    : GlobalKeys(requests), windows_(windows), commands_(commands) {
+PortalGlobalShortcuts::PortalGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
+                                             ProgramWindows& windows, const ExportedActions& commands)
+    : GlobalShortcuts(requests), windows_(windows), commands_(commands) {
   firstFrame.then(*this, [this, &sessionBus] { sessionBus.whenItAnswers(*this, [this] { findPortal(); }); });
 }
 
-PortalGlobalKeys::~PortalGlobalKeys() { QDBusConnection::disconnectFromBus(connectionName); }
+PortalGlobalShortcuts::~PortalGlobalShortcuts() { QDBusConnection::disconnectFromBus(connectionName); }
 
-bool PortalGlobalKeys::grab(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) {
+bool PortalGlobalShortcuts::listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) {
   const std::string_view letter = letterOf(keyCode);
   if (letter.empty()) return false;
   hotKeys_.push_back({letter, modifiers, std::move(pressed), {}, {}, std::make_unique<QAction>()});
@@ -79,8 +79,8 @@ bool PortalGlobalKeys::grab(std::uint32_t keyCode, std::uint32_t modifiers, std:
   return true;
 }
 
-/// Whoever gives the keys takes them before a window of ours sees them; where nobody does, they act there at least.
-void PortalGlobalKeys::listenInOwnWindows(HotKey& hotKey) {
+/// Where the desktop listens for the keys, our windows never see them; where it does not, they work in these at least.
+void PortalGlobalShortcuts::listenInOwnWindows(HotKey& hotKey) {
   Qt::KeyboardModifiers modifiers;
   for (const Modifier& modifier : knownModifiers)
     modifiers.setFlag(modifier.ofQt, (hotKey.modifiers & modifier.ofHotKey) != 0);
@@ -90,12 +90,12 @@ void PortalGlobalKeys::listenInOwnWindows(HotKey& hotKey) {
   hotKey.inOwnWindows->setShortcutContext(Qt::ApplicationShortcut);
   hotKey.inOwnWindows->setAutoRepeat(false);
   connect(hotKey.inOwnWindows.get(), &QAction::triggered, [pressed = hotKey.pressed] { pressed(); });
-  if (windows_.note() != nullptr) windows_.note()->addAction(hotKey.inOwnWindows.get());
+  if (windows_.mainWindow() != nullptr) windows_.mainWindow()->addAction(hotKey.inOwnWindows.get());
 }
 
-/// GNOME's own part of the portal is asked there: where that has no shortcuts, the portal takes those of another
-/// desktop that is installed, which never hear a key.
-void PortalGlobalKeys::findPortal() {
+/// In GNOME the portal's own backend is asked first: if that has no global shortcuts, the portal would use the backend
+/// of another installed desktop, which never gets a key press.
+void PortalGlobalShortcuts::findPortal() {
   if (hotKeys_.empty()) return;
   if (!isSessionOf(gnome)) return usePortal();
   const QDBusMessage question = getProperty(
@@ -107,16 +107,16 @@ void PortalGlobalKeys::findPortal() {
   });
 }
 
-void PortalGlobalKeys::usePortal() {
-  // The portal takes a program's name only from a connection on which it was asked for nothing else before; Qt may
-  // ask it for the desktop's colours on the shared one.
+void PortalGlobalShortcuts::usePortal() {
+  // The portal takes a program's id only from a connection on which it has had no other call. On the shared one Qt may
+  // have read the color scheme.
   QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
   if (!bus.isConnected()) return;
   nameWatch_.setConnection(bus);
   nameWatch_.addWatchedService(Portal::name());
   connect(&nameWatch_, &QDBusServiceWatcher::serviceOwnerChanged, this,
           [this, bus](const QString& /*name*/, const QString& /*oldOwner*/, const QString& owner) {
-            useShortcutsOf({bus, owner});
+            openSession({bus, owner});
           });
   constexpr uint noFlags = 0;
   const QDBusMessage start = callOfTheBus(QStringLiteral("StartServiceByName")) << Portal::name() << noFlags;
@@ -125,19 +125,19 @@ void PortalGlobalKeys::usePortal() {
   });
 }
 
-/// The bus is asked: not every version of Qt tells whose an answer is.
-void PortalGlobalKeys::findOwner(const QDBusConnection& bus) {
+/// By a call to the bus: not every version of Qt tells the sender of a reply.
+void PortalGlobalShortcuts::findOwner(const QDBusConnection& bus) {
   const QDBusMessage question = callOfTheBus(QStringLiteral("GetNameOwner")) << Portal::name();
   onReply(bus.asyncCall(question), *this, [this, bus](const QDBusPendingReply<QString>& owner) {
-    if (owner.isValid()) useShortcutsOf({bus, owner.value()});
+    if (owner.isValid()) openSession({bus, owner.value()});
   });
 }
 
-/// `portal` has no owner when there is none.
-void PortalGlobalKeys::useShortcutsOf(const Portal& portal) {
-  if (shortcuts_ && shortcuts_->portal().owner == portal.owner) return;
-  shortcuts_.reset();
-  windows_.giveWay(false);
+/// `portal.owner` is empty if no portal runs any more.
+void PortalGlobalShortcuts::openSession(const Portal& portal) {
+  if (session_ && session_->portal().owner == portal.owner) return;
+  session_.reset();
+  windows_.suspendKeepAbove(false);
   if (portal.owner.isEmpty()) return;
   QList<PortalShortcut> wanted;
   for (const Described& hotKey : describeHotKeys()) {
@@ -146,15 +146,15 @@ void PortalGlobalKeys::useShortcutsOf(const Portal& portal) {
          {{QStringLiteral("description"), hotKey.title}, {QStringLiteral("preferred_trigger"), hotKey.trigger}}});
   }
   if (wanted.isEmpty()) return;
-  shortcuts_.emplace(
+  session_.emplace(
       portal, wanted, [this](const QString& id, const QString& token) { press(id, token); },
-      [this](const QString& id, const QString& keys) { rename(id, keys); },
-      // A dialog of GNOME's comes up below windows that are above all others.
-      [this](bool asks) { windows_.giveWay(asks); });
+      [this](const QString& id, const QString& keys) { onKeysChanged(id, keys); },
+      // GNOME 48 opens its dialog below windows that are kept above.
+      [this](bool asks) { windows_.suspendKeepAbove(asks); });
 }
 
-/// Each by the menu's command with the same key; a hot key without one has no name that the user would know.
-QList<PortalGlobalKeys::Described> PortalGlobalKeys::describeHotKeys() {
+/// Named after the menu's command with the same keys. A hot key without such a command is left out.
+QList<PortalGlobalShortcuts::Described> PortalGlobalShortcuts::describeHotKeys() {
   QList<Described> described;
   for (HotKey& hotKey : hotKeys_) {
     unsigned menuModifiers = 0;
@@ -175,17 +175,17 @@ QList<PortalGlobalKeys::Described> PortalGlobalKeys::describeHotKeys() {
   return described;
 }
 
-/// Null if none has been told by that id.
-const PortalGlobalKeys::HotKey* PortalGlobalKeys::hotKeyOf(const QString& id) const {
+/// Null if no hot key has that id.
+const PortalGlobalShortcuts::HotKey* PortalGlobalShortcuts::hotKeyOf(const QString& id) const {
   const auto hotKey = std::find_if(hotKeys_.begin(), hotKeys_.end(), [&](const HotKey& each) { return each.id == id; });
   return id.isEmpty() || hotKey == hotKeys_.end() ? nullptr : &*hotKey;
 }
 
-void PortalGlobalKeys::rename(const QString& id, const QString& keys) {
-  if (const HotKey* const hotKey = hotKeyOf(id)) KeyNames::instance().tell(hotKey->keys, keys);
+void PortalGlobalShortcuts::onKeysChanged(const QString& id, const QString& keys) {
+  if (const HotKey* const hotKey = hotKeyOf(id)) KeyNames::instance().replaceKeys(hotKey->keys, keys);
 }
 
-void PortalGlobalKeys::press(const QString& id, const QString& activationToken) {
+void PortalGlobalShortcuts::press(const QString& id, const QString& activationToken) {
   const HotKey* const hotKey = hotKeyOf(id);
   if (hotKey == nullptr) return;
   leaveGnomeOverview(*this, [this, activationToken, pressed = hotKey->pressed] {

@@ -5,14 +5,14 @@
 #include <optional>
 #include <vector>
 
-#include "platform/desktop/shortcuts/global_keys.h"
+#include "platform/desktop/shortcuts/global_shortcuts.h"
 #include "platform/desktop/shortcuts/x11_modifiers.h"
 #include "platform/desktop/x11/event_filter.h"
 
 namespace platform::desktop {
 
-/// Tells the presses of one key from the repetitions that a held key sends after a while: presses without a release
-/// between them, or a release and a press of the same moment. Times are the X server's.
+/// Tells presses of one key from its auto-repeat: presses without a release between them, or a release and a press with
+/// the same time. Times are the X server's.
 class KeyRepetition {
  public:
   bool isRepeated(xcb_timestamp_t time);
@@ -25,12 +25,13 @@ class KeyRepetition {
   xcb_timestamp_t releasedAt_ = 0;
 };
 
-/// Passive grabs of physical keys under X11, whatever the layout and the locks. They follow a change of the keyboard.
-class X11GlobalKeys : public GlobalKeys, private x11::EventFilter {
+/// Passive grabs of physical keys on X11, independent of layout, Caps Lock and Num Lock. When the keyboard or its
+/// modifiers change, grabs are made anew, and those that failed are tried again.
+class X11GlobalShortcuts : public GlobalShortcuts, private x11::EventFilter {
  public:
-  /// `connection` is Qt's and stays its own.
-  X11GlobalKeys(RequestQueue& requests, xcb_connection_t* connection);
-  ~X11GlobalKeys() override;
+  /// `connection` is Qt's.
+  X11GlobalShortcuts(RequestQueue& requests, xcb_connection_t* connection);
+  ~X11GlobalShortcuts() override;
 
  private:
   struct HotKey {
@@ -41,7 +42,7 @@ class X11GlobalKeys : public GlobalKeys, private x11::EventFilter {
     KeyRepetition repetition;
   };
 
-  bool grab(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) override;
+  bool listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) override;
   bool take(xcb_generic_event_t& event) override;
   unsigned stateFor(const HotKey& hotKey) const;
   bool grab(const HotKey& hotKey);
@@ -54,9 +55,9 @@ class X11GlobalKeys : public GlobalKeys, private x11::EventFilter {
   xcb_connection_t* connection_;
   xcb_window_t root_;
   X11Modifiers modifiers_;
-  std::optional<unsigned> keyboardEvent_;  ///< the one type of all the keyboard extension's events
+  std::optional<unsigned> keyboardEvent_;  ///< the type that all XKB events share
   std::vector<HotKey> hotKeys_;
-  QTimer releaseWatch_;  ///< while a key is down whose release may not be told
+  QTimer releaseWatch_;  ///< runs while a key is down whose release event may go to another window
 };
 
 }  // namespace platform::desktop

@@ -8,7 +8,7 @@ namespace quillberry {
 
 using namespace platform;
 
-std::shared_ptr<NSGridView> makeShortcutGrid(const std::array<ShortcutRow, 3>& rows, ShortcutGridMetrics metrics) {
+std::shared_ptr<NSGridView> makeShortcutGrid(const std::vector<ShortcutRow>& rows, ShortcutGridMetrics metrics) {
   auto grid = NSGridView::gridViewWithNumberOfColumns(2, 0);
   grid->setColumnSpacing(metrics.columnSpacing);
   grid->setRowSpacing(metrics.rowSpacing);

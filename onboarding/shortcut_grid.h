@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/grid_view.h"
 
@@ -23,7 +23,7 @@ struct ShortcutGridMetrics {
 };
 
 /// The shortcuts in two columns: the key caps, and what they do.
-std::shared_ptr<platform::NSGridView> makeShortcutGrid(const std::array<ShortcutRow, 3>& rows,
+std::shared_ptr<platform::NSGridView> makeShortcutGrid(const std::vector<ShortcutRow>& rows,
                                                        ShortcutGridMetrics metrics);
 
 }  // namespace quillberry

@@ -16,10 +16,10 @@ constexpr ShortcutGridMetrics metrics{13, 14, 6};
 constexpr double verticalMargin = 14;
 constexpr double horizontalMargin = 16;
 
-std::array<ShortcutRow, 3> rows() {
-  return {ShortcutRow{"⌥⌘N", NSLocalizedString("Show / hide from anywhere")},
-          ShortcutRow{"⌥⌘P", NSLocalizedString("Keep on top (follows every Space)")},
-          ShortcutRow{"esc", NSLocalizedString("Hide and go back to what you did")}};
+std::vector<ShortcutRow> rows() {
+  return {{"⌥⌘N", NSLocalizedString("Show / hide from anywhere")},
+          {"⌥⌘P", NSLocalizedString("Keep on top (follows every Space)")},
+          {"esc", NSLocalizedString("Hide and go back to what you did")}};
 }
 
 }  // namespace

@@ -34,10 +34,10 @@ constexpr NSSize barSize{40, 3};
 constexpr NSColor barColor = NSColor::colorWithSRGBRed(1.0, 0.847, 0.302, 1.0);
 constexpr NSColor buttonTint = NSColor::colorWithSRGBRed(0.69, 0.49, 0.06, 1.0);
 
-std::array<ShortcutRow, 3> rows() {
-  return {ShortcutRow{"⌥⌘N", NSLocalizedString("Show / hide from anywhere")},
-          ShortcutRow{"⌥⌘P", NSLocalizedString("Keep on top (every Space)")},
-          ShortcutRow{"esc", NSLocalizedString("Hide, back to what you did")}};
+std::vector<ShortcutRow> rows() {
+  return {{"⌥⌘N", NSLocalizedString("Show / hide from anywhere")},
+          {"⌥⌘P", NSLocalizedString("Keep on top (every Space)")},
+          {"esc", NSLocalizedString("Hide, back to what you did")}};
 }
 
 std::shared_ptr<NSTextField> makeLabel(std::string_view text, const NSFont& font) {

@@ -12,8 +12,8 @@ constexpr std::string_view NSWorkspaceDidWakeNotification = "NSWorkspaceDidWakeN
 /// The displays are on again. Posted by the workspace's centre, without an object.
 constexpr std::string_view NSWorkspaceScreensDidWakeNotification = "NSWorkspaceScreensDidWakeNotification";
 
-/// What happens to the machine and its screens. While a screen locker covers everything the news of a wake or an unlock
-/// is held back, and posted when the locker has gone.
+/// What happens to the machine and its screens. While a screen locker is known to cover everything, as on X11, the news
+/// of a wake or an unlock is held back, and posted when the locker has gone.
 class NSWorkspace {
  public:
   static NSWorkspace& sharedWorkspace();

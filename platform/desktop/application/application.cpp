@@ -99,7 +99,7 @@ struct NSApplication::Impl {
     QTimer::singleShot(0, qt.get(), [this, &app] { drawnFirstFrame(app); });
   }
 
-  /// What needs a bus: nobody needs it to see the note.
+  /// Starts what needs a bus.
   void drawnFirstFrame(NSApplication& app) {
     service.emplace(sessionBus, *windowSystem, requests, commands, [this, &app] {
       if (const auto told = delegate.lock()) told->applicationShouldHandleReopen(app, windows.areShown());

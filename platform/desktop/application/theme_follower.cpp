@@ -16,7 +16,7 @@
 namespace platform::desktop {
 namespace {
 
-/// A setting that a service of the session tells, and tells of when it changes.
+/// A setting of a D-Bus service, which signals its changes.
 struct Source {
   QString service;
   QString path;

@@ -24,9 +24,8 @@ std::unique_ptr<WindowSystem> makeWindowSystem() {
   return std::make_unique<PlainWindowSystem>();
 }
 
-/// A Wayland session is the portal's even for a program that runs through XWayland: there the X server sees keys, and
-/// so heeds a grab, only while one of its own windows has the keyboard. On other displays without an X server the
-/// portal is the only one to ask. Plain X11 needs nobody: a grab is there at once, and names the physical key.
+/// In a Wayland session the portal is used, also under XWayland: its X server sees keys, and so honours a grab, only
+/// while an X11 window has the keyboard. On plain X11 a grab works at once, needs no service, and names a physical key.
 std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
                                                      ProgramWindows& windows, const ExportedActions& commands) {
   auto* const connection = x11::connection();

@@ -26,8 +26,8 @@ std::pair<sockaddr_un, socklen_t> addressOf(const QByteArray& socket) {
   return {address, static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + socket.size())};
 }
 
-/// Asks as every connection begins: the answer comes from the one loop in which a bus does all of its work. It will
-/// come over what is returned; none where there is no bus.
+/// Sends the line with which every D-Bus client begins; a bus answers it from the loop in which it does all its work.
+/// Returns the descriptor that the answer is read from; none if there is no bus.
 UniqueFd askAt(const QByteArray& name) {
   const auto [address, length] = addressOf(name);
   UniqueFd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));

@@ -11,8 +11,8 @@
 
 namespace platform::desktop {
 
-/// The combination that a text like "⌥⌘N" or "esc" stands for; nothing for any other text. Knows ⌃, ⌥, ⌘, letters and
-/// esc.
+/// The combination that a text like "⌥⌘N" stands for: ⌥ or ⌘ or both before one character, or "esc". Nothing for any
+/// other text.
 std::optional<QKeySequence> keysOfSymbols(const QString& text);
 
 /// What key combinations are called on the screen: by Qt's names, in the user's language, or by the desktop's name for

@@ -26,7 +26,7 @@ void leave(const QDBusConnection& bus) {
   bus.send(call << shell << overviewActive << QVariant::fromValue(QDBusVariant(false)));
 }
 
-/// Asks until it is not there.
+/// Leaves the overview if it is shown, and asks again until it is not, `questions` times at most.
 void leave(QObject& context, const std::function<void()>& then, int questions) {
   const QDBusConnection bus = QDBusConnection::sessionBus();
   onReply(bus.asyncCall(getProperty(shell, shellPath, shell, overviewActive)), context,

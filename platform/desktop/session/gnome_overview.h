@@ -6,8 +6,8 @@
 
 namespace platform::desktop {
 
-/// Calls `then` when GNOME Shell has left its overview, in which no window gets the keyboard; at once elsewhere. Not if
-/// `context` is gone by then. To be called in answer to a request from the session bus.
+/// Leaves GNOME Shell's overview, in which no window gets the keyboard. Then, or after a second, calls `then`; on other
+/// desktops at once; never if `context` is destroyed before that. The session bus is known to answer.
 void leaveGnomeOverview(QObject& context, const std::function<void()>& then);
 
 }  // namespace platform::desktop

@@ -45,7 +45,7 @@ Entry read(const fs::path& file) {
   return bytes ? DesktopEntry::parse(*bytes) : std::nullopt;
 }
 
-/// In the first of the system's folders that has such a file, which decides even if it is no entry.
+/// From the first system folder that has such a file. If that file is malformed, later folders are not read.
 Entry systemWideEntry() {
   for (const char* const* folder = g_get_system_config_dirs(); *folder != nullptr; ++folder) {
     const fs::path file = entryBelow(*folder);
@@ -54,7 +54,7 @@ Entry systemWideEntry() {
   return std::nullopt;
 }
 
-/// What the desktop goes by: a file of the user's decides even if it is no entry.
+/// The entry that counts for the desktop: the user's own file, even if it is malformed, else the system's.
 Entry decisiveEntry() { return isFile(ownFile()) ? read(ownFile()) : systemWideEntry(); }
 
 bool isOn(const DesktopEntry& entry) {
@@ -126,7 +126,7 @@ std::optional<NSError> SMAppService::registerAndReturnError() {
   auto entry = read(ownFile());
   if (!entry) entry = systemWideEntry();
   if (!entry) entry = newEntry();
-  // Qt looked for it when the program began: after an upgrade it still is where the new one is.
+  // Qt has read this path at start, so it stays right when an upgrade replaces the running program.
   const std::string program = QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString();
   letStart(*entry, program);
   if (auto error = saveAsOwn(*entry)) return error;

@@ -13,8 +13,8 @@ class Bus;
 class X11ScreenWatch;
 
 /// Listens for resume, unlock and displays that come on, from whichever services the desktop runs now or later, and
-/// posts NSWorkspace's and NSDistributedNotificationCenter's notifications. An unlock counts only after a lock, and so
-/// for displays: services repeat their state.
+/// posts NSWorkspace's and NSDistributedNotificationCenter's notifications. Services repeat
+/// their state, so an unlock counts only after a lock, and a display that comes on only after it went off.
 class WakeSignals : public QObject {
   Q_OBJECT
 
@@ -34,7 +34,7 @@ class WakeSignals : public QObject {
   bool endsAbsence(const QString& source, bool away);
   void listenToLoginManager();
   void listenToSession();
-  /// Calls `post` once no screen locker covers the screen.
+  /// Calls `post` once no screen locker covers the screen; on displays other than X11 at once.
   void whenUnlocked(void (*post)());
 
   std::unique_ptr<X11ScreenWatch> screen_;  ///< none on other displays

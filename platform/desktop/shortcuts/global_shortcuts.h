@@ -22,7 +22,6 @@ class GlobalShortcuts : public Singleton<GlobalShortcuts> {
   bool add(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed);
 
  private:
-  /// Calls `pressed` on each press.
   virtual bool listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) = 0;
 
   RequestQueue& requests_;

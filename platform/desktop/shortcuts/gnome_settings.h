@@ -6,9 +6,9 @@ namespace platform::desktop {
 
 /// A custom shortcut of GNOME, as the user sees it in GNOME's settings. All texts are UTF-8.
 struct GnomeShortcut {
-  const char* folder;   ///< the name of the entry's folder, a word
-  const char* name;     ///< for the user
-  const char* command;  ///< a command line
+  const char* folder;  ///< the name of the entry's folder, a word
+  const char* name;    ///< for the user
+  const char* command;
   const char* binding;  ///< the keys, as GTK writes them: "<Control><Alt>n"
 };
 

@@ -20,7 +20,7 @@ constexpr std::chrono::milliseconds longestPause = 64s;  // and a session that l
 const QString shortcutsKey = QStringLiteral("shortcuts");
 const QString globalShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 
-/// Empty for an answer of another type: Qt does not come to the end of one that it reads as this.
+/// Empty for an answer of another type, on which qdbus_cast would not terminate.
 QList<PortalShortcut> shortcutsIn(const QVariant& answer) {
   const bool readable = answer.value<QDBusArgument>().currentSignature() == QLatin1String("a(sa{sv})");
   return readable ? qdbus_cast<QList<PortalShortcut>>(answer) : QList<PortalShortcut>();

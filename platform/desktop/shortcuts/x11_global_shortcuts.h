@@ -25,8 +25,9 @@ class KeyRepetition {
   xcb_timestamp_t releasedAt_ = 0;
 };
 
-/// Passive grabs of physical keys on X11, independent of layout, Caps Lock and Num Lock. When the keyboard or its
-/// modifiers change, grabs are made anew, and those that failed are tried again.
+/// Passive grabs of physical keys on X11, independent of layout, Caps Lock and Num Lock. When Alt or Num Lock moves to
+/// another modifier bit, all are grabbed again, and what fails then is tried at the next change of the keyboard. A
+/// combination that `add` has refused is not tried again.
 class X11GlobalShortcuts : public GlobalShortcuts, private x11::EventFilter {
  public:
   /// `connection` is Qt's.

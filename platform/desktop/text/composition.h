@@ -18,7 +18,7 @@ class Composition {
   QString textWithComposition() const;
   /// Handles an event of the input method at the caret.
   void handle(QInputMethodEvent& event);
-  /// Commits the open composition. That is no edit, for the text stays the same.
+  /// Commits the open composition. Reported as an edit only if the input method changes the text in doing so.
   void commit();
   /// The user has typed something else: a commit that comes now is new text, no late duplicate of `commit`.
   void forgetCommit() { committed_.clear(); }

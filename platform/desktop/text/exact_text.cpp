@@ -38,7 +38,7 @@ void takeStandInsOut(QString& text) {
 
 bool isLineEnd(QChar c) { return c == u'\n' || c == u'\r' || c == paragraphSeparator; }
 
-/// What of several characters there is at the front of a text that begins with a line end.
+/// The line end with which `text` begins; CR LF is one.
 LineEnd firstLineEnd(QStringView text) {
   for (const auto kind : {LineEnd::LineFeed, LineEnd::CarriageReturnLineFeed, LineEnd::CarriageReturn}) {
     if (text.startsWith(spelling(kind))) return kind;

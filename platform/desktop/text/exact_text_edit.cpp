@@ -46,7 +46,7 @@ bool isPlainUtf8(const QString& format) {
   return plain == QLatin1String("text/plain;charset=utf-8") || plain == QLatin1String("text/plain;charset=utf8");
 }
 
-/// The format that only says so in a way that Qt does not look for; empty if there is none.
+/// Such a format of `data`, if it has no other plain text that Qt would find; else empty.
 QString utf8FormatOf(const QMimeData& data) {
   const QStringList formats = data.formats();
   const auto found = std::find_if(formats.begin(), formats.end(), isPlainUtf8);

@@ -16,8 +16,8 @@ namespace {
 constexpr int greatestCost = 16'384;
 constexpr int costOfForeignLetter = 4;  // may be looked for in every font
 constexpr int costOfMark = 32;          // is ordered among all marks of its letter
-// A picture is decoded, from a font of pictures, each time that it is measured. Only the first half of one beyond the
-// first plane counts, and for both: the second may be half a letter.
+// An emoji is decoded from its font each time it is measured. Beyond the first plane its high surrogate counts for the
+// whole of it: low surrogates do not tell emoji from letters.
 constexpr int costOfPicture = 128;
 
 constexpr char16_t lastOrdinary = 0x02FF;

@@ -76,7 +76,8 @@ void NoteEditor::setInset(int horizontal, int vertical) {
   setViewportMargins(horizontal - margin, titleBarHeight, horizontal - margin, 0);
 }
 
-/// The document is whole, the caret blinks, and what an input method has not committed again it no longer will.
+/// Before an action of the user: loads the rest of the text, makes the caret blink, and, unless it is the input
+/// method's, no longer expects a late duplicate of a commit.
 void NoteEditor::prepareForUser(const QEvent& event) {
   if (event.type() != QEvent::InputMethod) composition_.forgetCommit();
   caret_.blink();

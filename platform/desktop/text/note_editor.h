@@ -30,7 +30,7 @@ class NoteEditor : public ExactTextEdit {
   void commitComposition() { composition_.commit(); }
 
   void setNoteFont(const QFont& font);
-  /// Margins in points, which scroll with the text.
+  /// Margins in points. The room for the title bar and a part of the sides stay; the rest scrolls with the text.
   void setInset(int horizontal, int vertical);
 
  protected:

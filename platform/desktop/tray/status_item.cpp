@@ -59,7 +59,6 @@ struct NSStatusItem::Impl {
     QObject::connect(&qtMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
                      [this] { buttonWidget().window()->setFocus(); });
     bar.commands.setMenu(menu);
-    // Nobody needs the tray to see the note, and to find one takes the bus.
     bar.firstFrame.then(whileThere, [this] { lookForTrays(); });
   }
 

@@ -12,7 +12,7 @@ namespace {
 /// Filled by the one widget inside it.
 std::unique_ptr<QWidget> makeWidget() {
   auto widget = std::make_unique<QWidget>();
-  auto* const layout = new QVBoxLayout(widget.get());  // a widget always owns its layout
+  auto* const layout = new QVBoxLayout(widget.get());
   layout->setContentsMargins(0, 0, 0, 0);
   return widget;
 }

@@ -28,7 +28,7 @@ void layOutStack(const NSStackView& stack) {
     if (view != stack.subviews().back()) layout->addSpacing(qRound(stack.spacingAfter(*view)));
   }
   if (!vertical) layout->addStretch();
-  widgetOf(stack).setLayout(layout.release());  // a widget owns its layout
+  widgetOf(stack).setLayout(layout.release());
 }
 
 void layOutGrid(const NSGridView& grid) {
@@ -41,7 +41,7 @@ void layOutGrid(const NSGridView& grid) {
     layout->addWidget(&widgetOf(*view), cell / grid.columns(), cell % grid.columns(), Qt::AlignLeading | Qt::AlignTop);
     ++cell;
   }
-  widgetOf(grid).setLayout(layout.release());  // a widget owns its layout
+  widgetOf(grid).setLayout(layout.release());
 }
 
 /// The distance that a subview keeps from an edge of `view`, by its own constraints.
@@ -59,7 +59,7 @@ void layOutOnlySubview(const NSView& view) {
   layout->setContentsMargins(distance(subview, NSLayoutAttributeLeading), distance(subview, NSLayoutAttributeTop),
                              distance(subview, NSLayoutAttributeTrailing), distance(subview, NSLayoutAttributeBottom));
   layout->addWidget(&widgetOf(subview));
-  widgetOf(view).setLayout(layout.release());  // a widget owns its layout
+  widgetOf(view).setLayout(layout.release());
 }
 
 void fixSize(const NSView& view) {

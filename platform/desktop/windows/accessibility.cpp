@@ -31,7 +31,7 @@ class AccessibleNote : public QAccessibleWidget {
     const bool last = popover() != nullptr && child->object() == popover();
     return last ? QAccessibleWidget::childCount() : QAccessibleWidget::indexOfChild(child);
   }
-  /// The text that has the focus for it is the only one that is said to have it.
+  /// The editor has the focus on the window's behalf; only the editor is reported as focused.
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     state.focused = false;

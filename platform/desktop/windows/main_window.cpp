@@ -91,7 +91,7 @@ bool MainWindow::focusNextPrevChild(bool next) {
   const QWidgetList stops = focusStops();
   const auto current = std::max<qsizetype>(0, stops.indexOf(focusWidget()));
   const bool atEnd = current == (next ? stops.size() - 1 : 0);
-  if (atEnd && windows_.activateCompanion()) {
+  if (atEnd && windows_.activateAnyCompanion()) {
     stops.front()->setFocus(Qt::OtherFocusReason);
   } else {
     stops[(current + (next ? 1 : stops.size() - 1)) % stops.size()]->setFocus(Qt::TabFocusReason);

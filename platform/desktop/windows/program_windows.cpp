@@ -12,7 +12,7 @@
 namespace platform::desktop {
 namespace {
 
-/// The windows that the user sees of the program. Its icon in an X11 tray is one only for Qt.
+/// The program's visible windows, without the icon in an X11 tray, which Qt counts as one.
 QWidgetList visibleWindows() {
   QWidgetList windows = QApplication::topLevelWidgets();
   windows.removeIf([](const QWidget* window) {
@@ -69,7 +69,7 @@ void ProgramWindows::activateCompanion(QWidget& window) {
   system_.applyState(window, stateOf(*owner));
 }
 
-bool ProgramWindows::activateCompanion() {
+bool ProgramWindows::activateAnyCompanion() {
   const QWidgetList windows = visibleWindows();
   const auto found = std::find_if(windows.begin(), windows.end(),
                                   [](const QWidget* window) { return window->windowType() == Qt::Dialog; });

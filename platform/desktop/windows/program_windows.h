@@ -17,8 +17,9 @@ namespace platform::desktop {
 
 class MainWindow;
 
-/// Shows, hides and activates the program's windows: the main window and its companions (popovers, the update window).
-/// When all are hidden, the program that was active before gets the keyboard back.
+/// Shows, hides and activates the program's windows: main windows (the program makes one, for its note) and their
+/// companions (popovers, the update window), which belong to the first main window. When all are hidden, the program
+/// that was active before gets the keyboard back.
 class ProgramWindows : public Singleton<ProgramWindows> {
  public:
   /// Both outlive this.
@@ -29,7 +30,7 @@ class ProgramWindows : public Singleton<ProgramWindows> {
   /// Called by each main window at its construction and destruction.
   void add(MainWindow& window) { mainWindows_.push_back(&window); }
   void remove(MainWindow& window) { std::erase(mainWindows_, &window); }
-  /// The main window that was made first; null if there is none.
+  /// The first main window; null if there is none.
   MainWindow* mainWindow() const { return mainWindows_.empty() ? nullptr : mainWindows_.front(); }
   /// The main window that has the keyboard; null if none has it.
   std::shared_ptr<NSWindow> keyWindow() const;
@@ -42,14 +43,14 @@ class ProgramWindows : public Singleton<ProgramWindows> {
   void showCompanionLater(QWidget& window) { hidden_.emplace_back(&window); }
   /// Gives a companion that is shown the keyboard.
   void activateCompanion(QWidget& window);
-  /// The same for the first companion that is shown. False if there is none.
-  bool activateCompanion();
+  /// Gives the first companion that is shown the keyboard. False if there is none.
+  bool activateAnyCompanion();
   /// Hides a companion. If it had the keyboard, the main window gets it, if that is shown.
   void hideCompanion(QWidget& window);
   /// Gives the main window the keyboard if it is shown.
   void activateMainWindow();
 
-  /// Shows the companions that `hide` has hidden, and gives the main window the keyboard if it is shown.
+  /// Shows the companions that `hide` has hidden, and activates each main window that is shown.
   void activate();
   /// Hides all windows, and gives the keyboard back to the program that had it before.
   void hide();

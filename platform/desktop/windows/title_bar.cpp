@@ -28,7 +28,6 @@ TitleBar::~TitleBar() { setItemButton(nullptr); }
 
 void TitleBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  // Text that scrolls up here would be read through the title.
   painter.fillRect(rect(), palette().base());
   painter.setFont(toQFont(NSFont::systemFontOfSize(titleSize, NSFontWeight::Semibold)));
   painter.setPen(secondaryTextColor(palette()));

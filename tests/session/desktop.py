@@ -22,6 +22,7 @@ TOOLS = ("Xvfb", "dbus-daemon", "xdotool", "xprop", "xwininfo", "wmctrl", "xterm
 ANNOUNCE = "#!/bin/sh\nenv -0 > {home}/telling\nmv {home}/telling {home}/told\nexec sleep infinity\n"
 ANNOUNCED = "DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "SWAYSOCK", "SESSION_MANAGER"
 NOBODY = 65534
+FONTS = Path(__file__).resolve().parent.parent / "fonts.conf"
 DEBIAN_PYTHON = "/usr/bin/python3"  # has the modules of the packages
 
 
@@ -82,8 +83,8 @@ class Desktop:
         self.home = Path(self._stack.enter_context(tempfile.TemporaryDirectory(ignore_cleanup_errors=True)))
         self._stack.callback(self._end_helpers)
         self.environment = {key: value for key, value in os.environ.items() if key == "PATH" or "SAN_OPTIONS" in key}
-        self.environment |= {"HOME": str(self.home), "LC_ALL": "C.UTF-8", "XDG_SESSION_TYPE": "x11",
-                             "NO_AT_BRIDGE": "1"} | kind.environment
+        self.environment |= {"HOME": str(self.home), "LC_ALL": "C.UTF-8", "TZ": "UTC", "XDG_SESSION_TYPE": "x11",
+                             "FONTCONFIG_FILE": str(FONTS), "NO_AT_BRIDGE": "1"} | kind.environment
         for variable in ("XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"):
             folder = self.home / variable.lower()
             folder.mkdir(0o700)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What Quillberry is measured beside: the least that the toolkit needs for a window with an editor, and the text of a
+// What Quillberry is measured beside: the least that Qt needs for a window with an editor, and the text of a
 // file in it.
 #include <QApplication>
 #include <QFile>

@@ -106,10 +106,10 @@ the same text: 24 lines where no size is told, otherwise ordinary lines of some 
 
 {table}
 
-"bare Qt" is a window with nothing but the toolkit's plain-text editor. A dash stands where a program does not do that,
+"bare Qt" is a window with nothing but Qt's plain-text editor. A dash stands where a program does not do that,
 or not within a minute. What counts as text on the screen is told by pictures of the program without the text and with
 it: Quillberry shows the end of a large note, where its caret is, as soon as it has read it, and takes in the rest
-behind it; a key that is pressed meanwhile waits until the toolkit's editor has it all. A save runs from the key that
+behind it; a key that is pressed meanwhile waits until Qt's editor has it all. A save runs from the key that
 asks for it to the file in its place; a key press to the file is there for programs that save by themselves. Memory is
 the process's share (PSS).
 

@@ -15,7 +15,7 @@ using fuzz::require;
 
 constexpr std::size_t longOnes = 8;  // one in so many is repeated until its paragraphs are shown in pieces
 
-bool isUtf8ForTheToolkit(const std::string& bytes) {
+bool isUtf8ForQt(const std::string& bytes) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
   const QString decoded = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
   return !decoder.hasError();
@@ -55,7 +55,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
 
   const std::string bytes = fuzz::bytesOf(data, size);
   const bool valid = isValidUtf8(bytes);
-  require(valid == isUtf8ForTheToolkit(bytes), "a note is read if it is valid UTF-8, and only then");
+  require(valid == isUtf8ForQt(bytes), "a note is read if it is valid UTF-8, and only then");
   if (!valid) return 0;
   view.setString(bytes);
   require(view.string() == bytes, "what is shown is saved as the bytes that were read");

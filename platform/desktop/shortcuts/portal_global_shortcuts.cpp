@@ -65,15 +65,18 @@ bool saysThereIsNone(const QDBusError& error) {
 
 PortalGlobalShortcuts::PortalGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
                                              ProgramWindows& windows, const ExportedActions& commands)
-    : GlobalShortcuts(requests), windows_(windows), commands_(commands) {
-  firstFrame.then(*this, [this, &sessionBus] { sessionBus.whenItAnswers(*this, [this] { findPortal(); }); });
-}
+    : GlobalShortcuts(requests),
+      sessionBus_(sessionBus),
+      firstFrame_(firstFrame),
+      windows_(windows),
+      commands_(commands) {}
 
 PortalGlobalShortcuts::~PortalGlobalShortcuts() { QDBusConnection::disconnectFromBus(connectionName); }
 
 bool PortalGlobalShortcuts::listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) {
   const std::string_view letter = letterOf(keyCode);
   if (letter.empty()) return false;
+  if (hotKeys_.empty()) firstFrame_.then(*this, [this] { sessionBus_.whenItAnswers(*this, [this] { findPortal(); }); });
   hotKeys_.push_back({letter, modifiers, std::move(pressed), {}, {}, std::make_unique<QAction>()});
   listenInOwnWindows(hotKeys_.back());
   return true;
@@ -96,7 +99,6 @@ void PortalGlobalShortcuts::listenInOwnWindows(HotKey& hotKey) {
 /// In GNOME the portal's own backend is asked first: if that has no global shortcuts, the portal would use the backend
 /// of another installed desktop, which never gets a key press.
 void PortalGlobalShortcuts::findPortal() {
-  if (hotKeys_.empty()) return;
   if (!isSessionOf(gnome)) return usePortal();
   const QDBusMessage question = getProperty(
       QStringLiteral("org.freedesktop.impl.portal.desktop.gnome"), QStringLiteral("/org/freedesktop/portal/desktop"),

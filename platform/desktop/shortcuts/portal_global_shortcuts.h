@@ -59,6 +59,8 @@ class PortalGlobalShortcuts : public QObject, public GlobalShortcuts {
   void onKeysChanged(const QString& id, const QString& keys);
   void press(const QString& id, const QString& activationToken);
 
+  Bus& sessionBus_;
+  FirstFrame& firstFrame_;
   ProgramWindows& windows_;
   const ExportedActions& commands_;
   std::vector<HotKey> hotKeys_;

@@ -62,7 +62,7 @@ std::optional<Release> newestRelease(const QByteArray& bytes) {
     if (xml.name() == u"item") {
       hasItems = true;
       const Release release = readItem(xml);
-      if (isNewer(release.version, newest.version)) newest = release;
+      if (newest.version.isEmpty() || isNewer(release.version, newest.version)) newest = release;
     } else {
       xml.skipCurrentElement();
     }

@@ -20,8 +20,8 @@ struct Release {
 /// no RSS, or without a version in all of its items.
 std::optional<Release> newestRelease(const QByteArray& xml);
 
-/// Numbers are compared as numbers, and missing ones are 0; a version with a suffix is older than the one without.
-/// Suffixes are compared as text.
+/// Numbers, which fit an int, are compared as such, and missing ones are 0; a version with a suffix is older than the
+/// one without. Suffixes are compared as text.
 bool isNewer(const QString& version, const QString& other);
 
 }  // namespace platform::desktop

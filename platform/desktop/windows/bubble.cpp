@@ -44,7 +44,8 @@ Bubble::Bubble(ProgramWindows& windows, QWidget& content, bool transient)
     setFocusPolicy(Qt::StrongFocus);
     setFocus();
   }
-  setAttribute(Qt::WA_NoMouseReplay);  // the press that closes it does nothing else
+  setProperty("_kde_no_window_grab", true);  // Breeze moves a dialog that is dragged by its background
+  setAttribute(Qt::WA_NoMouseReplay);        // the press that closes it does nothing else
   content_.setParent(this);
   content_.show();
   content_.installEventFilter(this);

@@ -64,6 +64,7 @@ void MainWindow::moveEvent(QMoveEvent* /*event*/) {
 void MainWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) border_.setVisible(!isMaximized());
+  if (event->type() == QEvent::ActivationChange) border_.update();  // no part of a window is told of this
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {

@@ -92,12 +92,15 @@ void ProgramWindows::activateMainWindow() {
 }
 
 void ProgramWindows::activate() {
-  for (const auto& window : std::exchange(hidden_, {})) {
+  const auto companions = std::exchange(hidden_, {});
+  for (const auto& window : companions) {
     if (!window.isNull()) showCompanion(*window);
   }
   for (MainWindow* const window : mainWindows_) {
     if (window->isVisible() && !system_.isActive(*window)) system_.activate(*window);
   }
+  // Again, and in its turn: i3 and xfwm4 give the keyboard to companions that come up.
+  if (!companions.empty()) requests_.add([this] { activateMainWindow(); });
 }
 
 void ProgramWindows::hide() {

@@ -46,11 +46,6 @@ void WindowBorder::resizeEvent(QResizeEvent* /*event*/) {
   setMask(QRegion(rect()) - rect().adjusted(thickness, thickness, -thickness, -thickness));
 }
 
-void WindowBorder::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange) update();
-}
-
 /// Takes away what the window's content has drawn outside of the round corners, and draws the line along the rest.
 void WindowBorder::paintEvent(QPaintEvent* /*event*/) {
   // A window that began without a compositor cannot become see-through.
@@ -73,7 +68,8 @@ void WindowBorder::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WindowBorder::mouseMoveEvent(QMouseEvent* event) {
-  setCursor(cursorFor(edgesAt(event->pos())));
+  const Qt::Edges edges = edgesAt(event->pos());
+  if (edges) setCursor(cursorFor(edges));  // none under a pointer that has dragged quickly
   DragHandle::mouseMoveEvent(event);
 }
 

@@ -15,7 +15,6 @@ class WindowBorder : public DragHandle {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  void changeEvent(QEvent* event) override;
   void startDrag(QWindow& window, QPoint from) override;
 
  private:

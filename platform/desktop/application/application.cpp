@@ -69,22 +69,22 @@ struct NSApplication::Impl {
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
   ~Impl() {
-    // All is saved. Qt may take some seconds more to hand the clipboard over, and a start meanwhile need not wait.
+    // Everything is saved. Qt may need some seconds to hand the clipboard over; a new start need not wait for that.
     if (noteLock) noteLock.close();
   }
 
-  /// Every end comes by here; where the compositor is lost, nothing else of the program runs any more.
+  /// Called at every end of the process; if the compositor is lost, nothing else of the program runs after it.
   void save() const {
     if (const auto told = delegate.lock()) told->applicationWillTerminate();
     SettingsFile::ofProgram().write();
   }
 
   void terminate() {
-    // Not quit(): that asks the windows, and one that refuses would keep the process.
+    // Not quit(): that asks the windows to close, and ours refuse.
     if (lastSave.run()) QCoreApplication::exit(EXIT_SUCCESS);
   }
 
-  /// A session that asks to save may end or go on; it tells later. It never has to wait for us.
+  /// The session asks to save and may then end or go on, which it says later. Saving takes no dialog.
   void obeySessionManager() {
     const auto saveForSession = [this](QSessionManager& session) {
       session.setRestartHint(QSessionManager::RestartNever);
@@ -121,7 +121,7 @@ std::shared_ptr<NSApplication> NSApplication::sharedApplication() {
 }
 
 void NSApplication::setActivationPolicy(NSApplicationActivationPolicy /*policy*/) {
-  // An accessory is what the window system makes of every window.
+  // WindowSystem makes every window an accessory's: in no taskbar and no pager.
 }
 
 void NSApplication::setDelegate(const std::weak_ptr<NSApplicationDelegate>& delegate) { impl_->delegate = delegate; }

@@ -13,18 +13,18 @@
 namespace platform::desktop {
 namespace {
 
-constexpr std::chrono::milliseconds longestSave{5000};  // that a thread of Qt waits for before it ends us
+constexpr std::chrono::milliseconds longestSave{5000};  // for which a thread of Qt waits before it ends the process
 
-/// For the exit handler and the warnings of Qt's threads, which get no argument.
+/// The exit handler and the message handler get no argument: they find it here.
 LastSave* current = nullptr;
-/// Free once all is saved; Qt's threads may wait for that while `current` goes.
+/// Released when everything is saved. Outlives `current`, for Qt's threads may still be waiting on it.
 QSemaphore saved{0};
 
 void saveOnMainThread() {
   if (current != nullptr) current->run();
 }
 
-/// Comes back when all is saved: several threads warn of the same loss, and Qt ends the process after any.
+/// Returns when everything is saved: several threads report the same loss, and Qt ends the process after each report.
 void saveFromAnyThread() {
   if (saved.available() > 0) return;
   if (QThread::currentThread() == qApp->thread()) return saveOnMainThread();
@@ -41,7 +41,7 @@ void hearLastWarning(QtMsgType type, const QMessageLogContext& context, const QS
 }  // namespace
 
 LastSave::LastSave(std::function<void()> save) : save_(std::move(save)) {
-  saved.acquire(saved.available());  // left by one before
+  saved.acquire(saved.available());  // released by an earlier instance
   current = this;
 }
 

@@ -37,7 +37,7 @@ std::unique_ptr<QtApplication> makeApplication() {
   return application;
 }
 
-/// A variable of the environment with another value, for a while.
+/// Sets an environment variable, and restores it on destruction.
 class TemporaryVariable {
  public:
   TemporaryVariable(const char* name, const char* value)
@@ -54,8 +54,8 @@ class TemporaryVariable {
   QByteArray before_;
 };
 
-/// XWayland is preferred where there is one: only through it can a window stay on top and on every workspace. Whatever
-/// we start chooses for itself.
+/// Prefers XWayland where there is one: only through X11 can a window stay on top and on every workspace. The variable
+/// is restored afterwards, so that programs that we start are not affected.
 std::optional<TemporaryVariable> preferXWayland() {
   constexpr auto plugin = "QT_QPA_PLATFORM";
   if (!qEnvironmentVariableIsEmpty(plugin) || qEnvironmentVariableIsEmpty("DISPLAY")) return std::nullopt;
@@ -76,7 +76,7 @@ bool wouldLoadGtk() {
 std::unique_ptr<QtApplication> QtApplication::start(Bus& sessionBus) {
   const std::optional<TemporaryVariable> plugin = preferXWayland();
   sessionBus.answersWithin(longestAnswerOfBus);
-  // Of the other themes, some ask the bus for colours. A theme that the user names is loaded all the same.
+  // Some of the other platform themes read colours over the bus. A theme that the user has named is loaded anyway.
   QGuiApplication::setDesktopSettingsAware(!sessionBus.isSilent() && !wouldLoadGtk());
   std::optional<TemporaryVariable> noAssistiveTechnology;
   if (sessionBus.isSilent()) noAssistiveTechnology.emplace("AT_SPI_BUS_ADDRESS", "disabled:");

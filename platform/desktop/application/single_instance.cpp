@@ -27,9 +27,9 @@ constexpr auto handOverTimeout = 3s;  // for a process that is starting or endin
 constexpr auto retryInterval = 20ms;
 constexpr auto busTimeout = 900ms;
 
-/// The right to the user's note: a lock that the kernel gives to one process and takes back when that one ends, however
-/// it ends. It is on the open folder of the user's data, since the note's own folder in it may be removed or renamed
-/// meanwhile, and the lock with it.
+/// The right to write the user's note: a lock that the kernel gives to one process and releases when that one ends,
+/// however it ends. It is taken on the folder of the user's data: the note's own folder inside may be removed or
+/// renamed meanwhile.
 struct NoteLock {
   enum class Outcome {
     Held,  ///< by this process, for as long as `folder` is open
@@ -75,7 +75,7 @@ UniqueFd ensureSingleInstance() {
   NoteLock lock = lockNote();
   if (lock.outcome == NoteLock::Outcome::Held) return std::move(lock.folder);
 
-  // Without a lock the bus alone can tell whether there is another process.
+  // If nothing can be locked, only the bus tells whether there is another process.
   int argc = 1;
   char name[] = "quillberry";
   char* argv[] = {name, nullptr};

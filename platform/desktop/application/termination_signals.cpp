@@ -21,7 +21,7 @@ void writeToPipe(int /*signal*/) {
   errno = savedErrno;
 }
 
-/// A signal that was ignored when the program began, by nohup for example, stays so.
+/// A signal that was ignored at the start, by nohup for example, stays ignored.
 void handleSignals(void (*handler)(int)) {
   struct sigaction action {};
   action.sa_handler = handler;

@@ -37,7 +37,7 @@ Source portal() {
           QStringLiteral("color-scheme")};
 }
 
-/// Xfce has no choice of dark or light but that of the theme, of which no portal tells.
+/// In Xfce only the theme is dark or light, and no portal reports it.
 Source xfceSettings() {
   const QString name = QStringLiteral("org.xfce.Xfconf");
   return {name,
@@ -55,7 +55,7 @@ bool isDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
-/// For a style that has light colours alone.
+/// For styles that have light colours only.
 QPalette darkPalette() {
   QPalette palette(QColor(0x3A, 0x3A, 0x3C), QColor(0x2B, 0x2B, 0x2D));
   palette.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1F));
@@ -97,7 +97,7 @@ void ThemeFollower::askDesktop() {
   QDBusMessage question = QDBusMessage::createMethodCall(source.service, source.path, source.interface, source.read);
   question << source.group << source.key;
   onReply(bus.asyncCall(question), *this, [this](const QDBusPendingReply<QDBusVariant>& answer) {
-    // A desktop that does not say has no preference; one that is too busy to answer may have one.
+    // A desktop that has no such setting has no preference; one that times out may have one.
     if (!answer.isError()) {
       setScheme(schemeIn(answer.value().variant()));
     } else if (answer.error().type() != QDBusError::NoReply) {
@@ -110,7 +110,7 @@ void ThemeFollower::onSettingChanged(const QString& /*group*/, const QString& /*
   setScheme(schemeIn(value.variant()));
 }
 
-/// From the portal's number, wrapped twice in its answer, or the name of an Xfce theme.
+/// From the portal's number, which comes inside two variants, or from the name of an Xfce theme.
 ThemeFollower::Scheme ThemeFollower::schemeIn(const QVariant& value) {
   if (value.canConvert<QDBusVariant>()) return schemeIn(value.value<QDBusVariant>().variant());
   if (value.typeId() != QMetaType::QString) return static_cast<Scheme>(value.toUInt());
@@ -125,7 +125,7 @@ void ThemeFollower::setScheme(Scheme scheme) {
   applyScheme();
 }
 
-/// The theme's own colours, as far as they are dark or light as they should be.
+/// Uses the platform theme's own colours if they are as dark or light as they should be.
 void ThemeFollower::applyScheme() {
   const QPalette light = qApp->style()->standardPalette();
   QApplication::setPalette(styleNamesTheColors_ ? light : QPalette());

@@ -13,7 +13,7 @@ namespace {
 bool isWaylandSession() {
   const QString kind = qEnvironmentVariable("XDG_SESSION_TYPE");
   if (kind == QLatin1String("wayland")) return true;
-  // An X11 session may have this one left over from another.
+  // In an X11 session this variable may be left over from a Wayland session.
   return kind != QLatin1String("x11") && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 

@@ -15,8 +15,8 @@ Date NSDate::now() {
 
 namespace {
 
-/// The timers that are still to fire. Never destroyed: a timer may outlast the main loop, and destroying what its block
-/// holds could use static objects that are gone by then.
+/// The timers that are still to fire. Never destroyed: what a timer's block holds could use static objects that are
+/// destroyed earlier.
 std::unordered_map<const NSTimer*, std::shared_ptr<NSTimer>>& scheduled() {
   static auto& timers = *new std::unordered_map<const NSTimer*, std::shared_ptr<NSTimer>>;
   return timers;

@@ -32,7 +32,7 @@ UniqueFd askAt(const QByteArray& name) {
   const auto [address, length] = addressOf(name);
   UniqueFd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   if (length == 0 || connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), length) != 0) {
-    // The queue of a bus that has long been silent is full: no answer can come.
+    // The socket's queue is full: the bus has long been silent, and no answer will come.
     return UniqueFd(length > 0 && errno == EAGAIN ? eventfd(0, EFD_CLOEXEC) : -1);
   }
   const QByteArray question = '\0' + ("AUTH EXTERNAL " + QByteArray::number(getuid()).toHex() + "\r\n");
@@ -46,7 +46,7 @@ void Bus::ask() {
   if (std::exchange(asked_, true)) return;
   const QByteArray address = addressOfBus(type_);
   const QList<QByteArray> sockets = socketsIn(address);
-  answers_ = !address.isEmpty() && sockets.isEmpty();  // as far as one can tell
+  answers_ = !address.isEmpty() && sockets.isEmpty();  // other transports are taken to work
   for (auto name = sockets.begin(); name != sockets.end() && !question_; ++name) question_ = askAt(*name);
 }
 

@@ -7,7 +7,7 @@
 namespace platform::desktop {
 namespace {
 
-/// Of one way to reach a bus: what comes after its kind.
+/// The keys and values of one address, after its transport.
 std::optional<QByteArray> socketOf(const QByteArray& parts) {
   for (const QByteArray& part : parts.split(',')) {
     const QByteArray value = QByteArray::fromPercentEncoding(part.mid(part.indexOf('=') + 1));

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int longestLinkChain = 40;  // as the kernel's own
+constexpr int longestLinkChain = 40;  // the kernel's limit
 constexpr std::size_t longestNameKept = 200;
 constexpr std::string_view auxiliaryMark = ".quillberry-";
 
@@ -30,8 +30,8 @@ auto uninterrupted(Call call) {
   return result;
 }
 
-/// The file that a chain of symbolic links ends at; it need not exist. An error if a link cannot be read: who took it
-/// for the file would replace the link.
+/// The file that a chain of symbolic links ends at; it need not exist. A link that cannot be read is an error: taken
+/// for the file itself, it would be replaced.
 std::optional<fs::path> finalTarget(fs::path path, std::error_code& error) {
   for (int hops = 0; hops <= longestLinkChain; ++hops) {
     const fs::path target = fs::read_symlink(path, error);
@@ -52,7 +52,7 @@ UniqueFd openFolder(const fs::path& folder) {
   return UniqueFd(uninterrupted([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
 }
 
-/// The names of a file's auxiliary files are this and a random number.
+/// The names of a file's temporary files: this, and a random number.
 std::string auxiliaryPrefix(const fs::path& file) {
   std::string prefix(1, '.');
   prefix.append(file.filename().string(), 0, longestNameKept).append(auxiliaryMark);
@@ -91,11 +91,11 @@ class AuxiliaryFile {
     return true;
   }
 
-  /// As far as the file system and our rights allow; the contents matter more.
+  /// Copies mode and owner as far as file system and rights allow; failures are ignored, for the contents matter more.
   void takeModeAndOwner(const struct stat& existing) {
     if (fchown(fd_.get(), existing.st_uid, existing.st_gid) != 0 &&
         fchown(fd_.get(), static_cast<uid_t>(-1), existing.st_gid) != 0) {
-      // The file has another group now, which must not get the rights of the old one.
+      // The group could not be kept: the new one must not get the old one's rights.
       fchmod(fd_.get(), existing.st_mode & 0707U);
       return;
     }
@@ -121,7 +121,7 @@ class AuxiliaryFile {
 
 std::error_code syncFolder(int folder) {
   if (uninterrupted([&] { return fsync(folder); }) == 0) return {};
-  // Some file systems know no syncing of a folder.
+  // Some file systems cannot sync a folder.
   return errno == EINVAL ? std::error_code() : lastError();
 }
 
@@ -201,7 +201,7 @@ std::error_code linkBackup(const fs::path& path, std::string_view suffix) {
     return same ? std::error_code() : error;
   }
   if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
-  // Some file systems have no second names, and some files of others must not get one: the file gets the new name only.
+  // Some file systems have no hard links, and files of other users may not get one: then the file is renamed.
   if (renameat2(folder.get(), name.c_str(), folder.get(), kept.c_str(), RENAME_NOREPLACE) != 0) return lastError();
   return syncFolder(folder.get());
 }

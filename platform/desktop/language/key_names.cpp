@@ -4,9 +4,9 @@
 namespace platform::desktop {
 namespace {
 
-constexpr qsizetype longestName = 40;  // characters; a desktop may tell anything
+constexpr qsizetype longestName = 40;  // characters; the desktop may send anything
 
-/// GNOME tells keys as GTK writes them: "Press <Control><Alt>n".
+/// GNOME names keys as GTK writes them: "Press <Control><Alt>n".
 QString asQtNames(const QString& told) {
   const qsizetype first = told.indexOf(u'<');
   if (first < 0) return told;

@@ -11,17 +11,17 @@ namespace {
 
 const QString english = QStringLiteral("en");
 
-/// Looks for the language too where the one of a country is not there.
+/// The table of the country's variant, else the one of the language.
 bool loadTable(QTranslator& table, const QString& name) {
   return table.load(QStringLiteral(":/translations/quillberry_") + name);
 }
 
-/// Hong Kong reads what Taiwan does, Singapore what the mainland does.
+/// Hong Kong uses the table for Taiwan, Singapore the one for the mainland.
 QString countryWithSameScript(const QLocale& locale) {
   return locale.script() == QLocale::TraditionalHanScript ? QStringLiteral("zh_TW") : QStringLiteral("zh_CN");
 }
 
-/// Of the languages that the user reads, the first that there is a table for.
+/// The first of the user's languages that has a table.
 bool loadFirstTable(QTranslator& table) {
   const QStringList languages = QLocale().uiLanguages();
   return std::any_of(languages.begin(), languages.end(), [&table](const QString& language) {
@@ -31,7 +31,7 @@ bool loadFirstTable(QTranslator& table) {
   });
 }
 
-/// The locale of messages has no language: then LANGUAGE, which Qt heeds always, does not count.
+/// The locale for messages is "C": LANGUAGE does not count then, though Qt always uses it.
 bool isWithoutLanguage() {
   for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const QByteArray name = qgetenv(variable);
@@ -47,7 +47,7 @@ Translations::Translations() {
   if (isWithoutLanguage()) return;
   if (!loadFirstTable(language_) || language_.language() == english) return;
   QCoreApplication::installTranslator(&language_);
-  // In the same language or not at all: a window in two is worse than one in English.
+  // Qt's texts in the same language or not at all: a window in two languages is worse than one in English.
   const QString file = QStringLiteral("qtbase_") + language_.language();
   if (ofQt_.load(file, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) QCoreApplication::installTranslator(&ofQt_);
 }

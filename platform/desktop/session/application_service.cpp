@@ -15,7 +15,8 @@
 namespace platform::desktop {
 namespace {
 
-/// The bus's service file sets it. What the bus sets itself is inherited by all that its services start.
+/// Set by our D-Bus service file. (The bus's own variables are inherited by whatever its services start, so they do not
+/// tell.)
 constexpr auto startedForRequest = "QUILLBERRY_STARTED_FOR_REQUEST";
 
 }  // namespace
@@ -34,14 +35,14 @@ ApplicationService::ApplicationService(Bus& sessionBus, WindowSystem& windowSyst
 
 void ApplicationService::registerOnBus() {
   QDBusConnection bus = QDBusConnection::sessionBus();
-  // The object first: who finds the name finds the object.
+  // The object first, so that whoever sees the name finds the object.
   if (!bus.registerObject(servicePath(), this, QDBusConnection::ExportScriptableInvokables)) return;
-  constexpr uint doNotQueue = 4;  // behind another process that has the name
+  constexpr uint doNotQueue = 4;  // the flag DBUS_NAME_FLAG_DO_NOT_QUEUE
   bus.send(callOfTheBus(QStringLiteral("RequestName")) << serviceName() << doNotQueue);
 }
 
 ApplicationService::~ApplicationService() {
-  // The next start may come before the connection ends.
+  // At once: a new start may come before the connection is closed.
   if (sessionBus_.answersWithin(std::chrono::milliseconds::zero()))
     QDBusConnection::sessionBus().send(callOfTheBus(QStringLiteral("ReleaseName")) << serviceName());
 }

@@ -26,7 +26,7 @@ bool contains(const Strings& strings, const std::string& string) {
   return std::find(strings.begin(), strings.end(), string) != strings.end();
 }
 
-/// From the most specific to the most general.
+/// The names in $XDG_CURRENT_DESKTOP, most specific first.
 Strings currentDesktops() {
   const char* const value = std::getenv("XDG_CURRENT_DESKTOP");
   Strings names = takeStrings(g_strsplit(value != nullptr ? value : "", ":", -1));

@@ -15,7 +15,7 @@ namespace platform::desktop {
 namespace {
 
 constexpr int mostQuestions = 40;
-constexpr std::chrono::milliseconds betweenQuestions{25};  // the overview goes gently
+constexpr std::chrono::milliseconds betweenQuestions{25};  // the overview closes with an animation
 const QString shell = QStringLiteral("org.gnome.Shell");
 const QString shellPath = QStringLiteral("/org/gnome/Shell");
 const QString overviewActive = QStringLiteral("OverviewActive");

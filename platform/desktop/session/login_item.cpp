@@ -31,7 +31,7 @@ fs::path entryBelow(const fs::path& configFolder) {
   return configFolder / "autostart" / (std::string(metadata::identifier) + ".desktop");
 }
 
-/// The user's own, which counts before those of the system.
+/// The user's own file, which overrides the system's.
 fs::path ownFile() { return entryBelow(desktop::configHome()); }
 
 bool isFile(const fs::path& path) {
@@ -71,7 +71,7 @@ bool triesWhatIsThere(const DesktopEntry& entry) {
   return !program || isExecutable(program);
 }
 
-/// Changes what keeps the desktop from starting `program`, or what the entry starts in its place.
+/// Makes the desktop start `program` by this entry.
 void letStart(DesktopEntry& entry, const std::string& program) {
   entry.setString(type, application);
   if (!entry.string(name)) entry.setString(name, std::string(metadata::name));

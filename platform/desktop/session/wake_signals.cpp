@@ -15,7 +15,7 @@
 
 namespace platform {
 
-// The services are listened to whoever observes.
+// The services are listened to from the start, not only once somebody observes.
 void NSNotificationCenter::observerAdded(std::string_view /*name*/) {}
 
 }  // namespace platform
@@ -29,7 +29,7 @@ const QString loginManager = QStringLiteral("org.freedesktop.login1");
 const QString loginSession = QStringLiteral("org.freedesktop.login1.Session");
 const QString displayConfiguration = QStringLiteral("org.gnome.Mutter.DisplayConfig");
 
-/// Every desktop has its own screen saver under its own name, which is its interface's too; their signals are alike.
+/// Each desktop has its own screen saver service, whose bus name is also its interface; the signals are the same.
 constexpr const char* screenSavers[] = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
                                         "org.cinnamon.ScreenSaver", "org.mate.ScreenSaver", "org.xfce.ScreenSaver"};
 
@@ -80,7 +80,7 @@ void WakeSignals::listenToLoginManager() {
 
 void WakeSignals::listenToSession() {
   QDBusConnection bus = QDBusConnection::sessionBus();
-  // From the owners of the names alone, whenever they start.
+  // Only from the owners of these names, now or when they start.
   for (const char* const name : screenSavers) {
     const QLatin1String screenSaver(name);
     bus.connect(screenSaver, {}, screenSaver, QStringLiteral("ActiveChanged"), this,

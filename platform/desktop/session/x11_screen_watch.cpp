@@ -41,11 +41,11 @@ bool X11ScreenWatch::take(xcb_generic_event_t& event) {
   const unsigned type = x11::typeOf(event);
   if (saverEvent_ && type == *saverEvent_) {
     const auto& change = x11::as<xcb_screensaver_notify_event_t>(event);
-    // The server tells of each reset, and media players reset it every few seconds.
+    // The server reports each reset, and media players reset the saver every few seconds.
     const bool wasOn = std::exchange(saverOn_, change.state != XCB_SCREENSAVER_STATE_OFF);
     if (wasOn && !saverOn_ && onScreenSaverEnded) onScreenSaverEnded();
   } else if (type == XCB_UNMAP_NOTIFY || type == XCB_DESTROY_NOTIFY) {
-    // The window stands at the same place in both.
+    // Both events have the window at the same offset.
     const xcb_window_t gone = x11::as<xcb_unmap_notify_event_t>(event).window;
     if (std::find(lockers_.begin(), lockers_.end(), gone) != lockers_.end()) runWaiting();
   }
@@ -63,7 +63,7 @@ std::vector<xcb_window_t> X11ScreenWatch::watchLockers() {
   };
   std::erase_if(found, coversNothing);
   if (found.empty() || !keyboardIsTaken()) return {};
-  // First the wish to hear of their ends, then another look: nothing is missed between the two.
+  // Select the events first, then check again: so nothing is missed in between.
   for (const xcb_window_t window : found) {
     const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     const auto wish = xcb_change_window_attributes_checked(connection_, window, XCB_CW_EVENT_MASK, &events);
@@ -73,7 +73,7 @@ std::vector<xcb_window_t> X11ScreenWatch::watchLockers() {
   return found;
 }
 
-/// The way to learn it is to try; a menu of ours would lose the keyboard by that.
+/// The only way to find out is to try a grab. Not while a menu of ours is open: it would lose the keyboard by that.
 bool X11ScreenWatch::keyboardIsTaken() {
   if (QApplication::activePopupWidget() != nullptr) return false;
   const auto request =
@@ -83,7 +83,7 @@ bool X11ScreenWatch::keyboardIsTaken() {
   return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
-/// Neither ours nor the server's own, such as a compositor's canvas.
+/// Neither ours nor the X server's own, such as the overlay window of a compositor.
 bool X11ScreenWatch::isOfOtherProgram(xcb_window_t window) {
   constexpr std::uint32_t idBits = 0x1FFFFFFF;
   const xcb_setup_t& setup = *xcb_get_setup(connection_);
@@ -91,7 +91,7 @@ bool X11ScreenWatch::isOfOtherProgram(xcb_window_t window) {
   return owner != 0 && owner != setup.resource_id_base;
 }
 
-/// Whether it is to be seen on a whole screen, and no window manager has a hand in it.
+/// Whether it is visible over a whole screen, and not managed by the window manager.
 bool X11ScreenWatch::coversAScreen(xcb_window_t window) {
   const auto askAttributes = xcb_get_window_attributes(connection_, window);
   const auto askGeometry = xcb_get_geometry(connection_, window);

@@ -19,7 +19,7 @@ constexpr auto customShortcut = "org.gnome.settings-daemon.plugins.media-keys.cu
 constexpr auto customShortcuts = "custom-keybindings";  // the key with their folders
 const std::string customFolder = "/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/";
 
-/// Where else GNOME keeps keys.
+/// The other settings in which GNOME has key combinations.
 constexpr const char* schemasWithKeys[] = {mediaKeys, "org.gnome.desktop.wm.keybindings", "org.gnome.shell.keybindings",
                                            "org.gnome.mutter.keybindings", "org.gnome.mutter.wayland.keybindings"};
 
@@ -35,13 +35,13 @@ using Schema = std::unique_ptr<GSettingsSchema, Free<g_settings_schema_unref>>;
 using Value = std::unique_ptr<GVariant, Free<g_variant_unref>>;
 using Strings = std::unique_ptr<char*, Free<g_strfreev>>;
 
-/// Null where it is not installed.
+/// Null if the schema is not installed.
 Schema schemaOf(const char* name) {
   GSettingsSchemaSource* const source = g_settings_schema_source_get_default();
   return Schema(source == nullptr ? nullptr : g_settings_schema_source_lookup(source, name, TRUE));
 }
 
-/// A combination as the set of its parts, so that each is written in one way.
+/// A combination as a set of its parts, for comparison.
 std::set<std::string> partsOf(std::string_view binding) {
   std::set<std::string> parts;
   std::string part;
@@ -121,7 +121,7 @@ extern "C" bool quillberryAddGnomeShortcut(const GnomeShortcut& shortcut) {
   const Settings settings(g_settings_new(mediaKeys));
   const std::vector<std::string> folders = foldersIn(settings.get());
   const std::string folder = customFolder + shortcut.folder + '/';
-  if (std::find(folders.begin(), folders.end(), folder) != folders.end()) return true;  // with the user's changes to it
+  if (std::find(folders.begin(), folders.end(), folder) != folders.end()) return true;  // maybe changed by the user
   if (areTaken(folders, partsOf(shortcut.binding))) return false;
   const Settings entry = customShortcutIn(folder);
   g_settings_set_string(entry.get(), "name", shortcut.name);

@@ -10,7 +10,7 @@ namespace {
 
 const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 
-/// Where the portal answers the caller's request of that token.
+/// The object path on which the portal answers the request with that token.
 QString requestPath(const QString& uniqueName, const QString& token) {
   const QString caller = uniqueName.mid(1).replace(u'.', u'_');
   return QStringLiteral("%1/request/%2/%3").arg(portalPath, caller, token);
@@ -32,7 +32,7 @@ QDBusMessage Portal::call(const QString& interface, const QString& method) const
 PortalRequest::PortalRequest(Portal portal, QDBusMessage call, QVariantMap options, Granted granted, Refused refused)
     : portal_(std::move(portal)), granted_(std::move(granted)), refused_(std::move(refused)) {
   const QString token = newToken();
-  // Before the call: the answer may come before its reply.
+  // Before the call: the response signal may come before the method's reply.
   portal_.bus.connect(portal_.owner, requestPath(portal_.bus.baseService(), token),
                       QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"), this,
                       SLOT(onResponse(uint, QVariantMap)));

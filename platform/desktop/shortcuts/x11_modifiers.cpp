@@ -46,7 +46,7 @@ X11Modifiers X11Modifiers::ofKeyboard(xcb_connection_t* connection) {
     }
   }
   if (alt != 0) found.alt = alt;
-  // A modifier that is held as well as locked is one that counts.
+  // A bit that Alt, Super, Shift or Control uses too does not count as a lock.
   found.locks |= locks & ~(found.alt | super | XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL);
   return found;
 }

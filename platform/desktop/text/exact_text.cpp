@@ -17,7 +17,7 @@ namespace {
 
 constexpr QChar paragraphSeparator = QChar::ParagraphSeparator;
 
-// The two noncharacters that a document keeps for itself, and what stands for them.
+// The two noncharacters that QTextDocument uses itself, and their stand-ins.
 constexpr char16_t frameBegin = 0xFDD0;
 constexpr char16_t frameEnd = 0xFDD1;
 constexpr char16_t standInBegin = 0xDFD0;
@@ -87,7 +87,7 @@ Lines linesOf(QStringView text) {
   return lines;
 }
 
-/// Until what it returns goes, nothing is remembered for undo.
+/// Undo is off until the returned object is destroyed.
 auto withoutUndo(QTextDocument& document) {
   const bool was = document.isUndoRedoEnabled();
   document.setUndoRedoEnabled(false);
@@ -154,7 +154,7 @@ QString exactText(const QTextDocument& document, int start, int end) {
   QString text;
   text.reserve(end - start);
   QTextBlock block = document.findBlock(start);
-  // Counted, not asked of each block, which would look it up in a tree.
+  // Counted here, since QTextBlock::position() searches a tree.
   for (int position = block.position(); block.isValid() && position <= end; block = block.next()) {
     if (position > start) text += spelling(lineEndBefore(block));
     const int from = std::max(start - position, 0);

@@ -20,8 +20,8 @@ bool isPrintable(const QString& text) {
   return std::all_of(characters.begin(), characters.end(), [](uint c) { return QChar::isPrint(c); });
 }
 
-/// What the key types: nothing while Control, Alt or Super is held, but for AltGr, which some keyboards report as
-/// Control and Alt together.
+/// What the key types. Nothing while Control, Alt or Super is held, except Control and Alt together: some keyboards
+/// report AltGr so.
 QString typedText(const QKeyEvent& key) {
   constexpr Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
   const Qt::KeyboardModifiers held = key.modifiers() & (altGr | Qt::MetaModifier);
@@ -57,7 +57,7 @@ QString utf8FormatOf(const QMimeData& data) {
 
 ExactTextEdit::ExactTextEdit() {
   connect(this, &QPlainTextEdit::textChanged, [this] {
-    // Qt reports a change of looks too; it leaves the revision alone.
+    // Qt also reports changes of format, which leave the revision unchanged.
     if (document()->revision() != reportedRevision_) reportEdit();
   });
 }
@@ -107,7 +107,7 @@ void ExactTextEdit::giveToQt(QKeyEvent& key) {
   const int revision = document()->revision();
   const int position = textCursor().position();
   QPlainTextEdit::keyPressEvent(&key);
-  // A move goes on to where the user sees one.
+  // A caret that has only crossed a joint has not moved for the user: it moves on.
   const bool moved = document()->revision() == revision;
   if (moved && onlyJointBetween(*document(), position, textCursor().position())) QPlainTextEdit::keyPressEvent(&key);
 }
@@ -119,7 +119,7 @@ QMimeData* ExactTextEdit::createMimeDataFromSelection() const {
   return data.release();  // the caller's, as Qt asks
 }
 
-/// Goes by the formats alone: the data may be long in coming.
+/// Looks at the formats only: the data itself may take long to arrive.
 bool ExactTextEdit::canInsertFromMimeData(const QMimeData* source) const {
   return source->hasText() || !utf8FormatOf(*source).isEmpty();
 }
@@ -128,7 +128,7 @@ void ExactTextEdit::insertFromMimeData(const QMimeData* source) {
   if (const QString format = utf8FormatOf(*source); !format.isEmpty()) {
     insertExactly(exactlyDecoded(source->data(format).toStdString()));
   } else if (source->hasText()) {
-    insertExactly(source->text());  // Qt spells out addresses too
+    insertExactly(source->text());  // for URLs, Qt makes text of them
   }
 }
 

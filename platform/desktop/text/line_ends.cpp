@@ -10,8 +10,8 @@
 namespace platform::desktop {
 namespace {
 
-// The kind is that of an object. Of all properties of a character this is the one that Qt does not hand on to
-// what is typed behind it. LF has none.
+// The kind is stored as QTextFormat's object type, the only property that Qt does not give to text that is typed behind
+// the character. LF has none.
 constexpr int property = QTextFormat::ObjectType;
 constexpr int firstKind = QTextFormat::UserObject;
 

@@ -12,10 +12,10 @@
 namespace platform::desktop {
 namespace {
 
-// What a layout costs, in units of an ordinary letter's: a block of the greatest cost takes some milliseconds.
+// Costs of layout, in units of an ordinary letter. A block of the greatest cost takes some milliseconds.
 constexpr int greatestCost = 16'384;
-constexpr int costOfForeignLetter = 4;  // may be looked for in every font
-constexpr int costOfMark = 32;          // is ordered among all marks of its letter
+constexpr int costOfForeignLetter = 4;  // Qt may search every font for it
+constexpr int costOfMark = 32;          // is sorted among all marks of its letter
 // An emoji is decoded from its font each time it is measured. Beyond the first plane its high surrogate counts for the
 // whole of it: low surrogates do not tell emoji from letters.
 constexpr int costOfPicture = 128;
@@ -61,7 +61,7 @@ void divideIfLong(QTextCursor cursor) {
   const int start = block.position();
   const std::vector<qsizetype> joints = jointsIn(text);
   cursor.joinPreviousEditBlock();
-  int before = 0;  // joints, each of which takes a position
+  int before = 0;  // joints, each of which takes one position in the document
   for (const qsizetype joint : joints) {
     cursor.setPosition(start + static_cast<int>(joint) + before++);
     cursor.insertBlock(cursor.blockFormat(), formatOf(LineEnd::Joint));

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int tabWidth = 8;  // characters
 
-/// What the user does to the text, or to what of it is in view.
+/// Whether it is an action of the user on the text or its view.
 bool actsOnText(const QEvent& event) {
   constexpr std::array acts{QEvent::KeyPress,   QEvent::InputMethod, QEvent::MouseButtonPress,
                             QEvent::TouchBegin, QEvent::Wheel,       QEvent::Drop};
@@ -44,7 +44,7 @@ NoteEditor::NoteEditor() {
   QTextOption option = document()->defaultTextOption();
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   option.setTextDirection(Qt::LayoutDirectionAuto);
-  // Together these justify nothing, and put a line that runs from right to left at the right.
+  // Together these mean: not justified, and right-to-left lines at the right.
   option.setAlignment(Qt::AlignJustify | Qt::AlignLeft);
   document()->setDefaultTextOption(option);
   setBackgroundRole(QPalette::Base);
@@ -69,8 +69,8 @@ void NoteEditor::setNoteFont(const QFont& font) {
 }
 
 void NoteEditor::setInset(int horizontal, int vertical) {
-  // The viewport begins below the title bar, so that no line is ever hidden or half read there; the rest of the
-  // inset is the document's.
+  // The viewport begins below the title bar, so that no line is hidden behind it; the rest of the inset is the
+  // document's margin.
   const int margin = vertical - titleBarHeight;
   document()->setDocumentMargin(margin);
   setViewportMargins(horizontal - margin, titleBarHeight, horizontal - margin, 0);
@@ -102,7 +102,7 @@ void NoteEditor::focusOutEvent(QFocusEvent* event) {
 
 void NoteEditor::showEvent(QShowEvent* event) {
   QPlainTextEdit::showEvent(event);
-  // Qt scrolled to the caret before it had wrapped the lines.
+  // Qt has scrolled to the caret before wrapping the lines.
   if (!std::exchange(wasShown_, true)) ensureCursorVisible();
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr int firstPiece = 100'000;  // characters; more than the largest screen shows
 constexpr int laterPiece = 300'000;  // characters
 
-/// The start of the lines at the end of the text that have so many characters together, or a few more.
+/// The start of the last lines that have at least so many characters together.
 qsizetype startOfLastPiece(QStringView text, qsizetype length) {
   return text.size() > length ? text.lastIndexOf(u'\n', -length) + 1 : 0;
 }
@@ -43,7 +43,7 @@ void TextLoader::loadPiece() {
   const int topLine = editor_.verticalScrollBar()->value() - top.block().firstLineNumber();
   editor_.changeSilently([&] { prependExactText(*editor_.document(), above_.sliced(start)); });
   above_.truncate(start);
-  // What is in view stays.
+  // Keeps the same lines in view.
   editor_.verticalScrollBar()->setValue(top.block().firstLineNumber() + topLine);
   if (!above_.isEmpty()) return;
   above_.squeeze();

@@ -21,7 +21,7 @@ QKeySequence shortcutOf(const NSMenuItem& item) {
   return QKeyCombination(modifiers, static_cast<Qt::Key>(letter));
 }
 
-/// An ampersand in a title is one, and marks no letter.
+/// With ampersands doubled: a single one would mark a mnemonic for Qt.
 QString withoutMnemonics(const std::string& title) { return toQString(title).replace(u'&', QStringLiteral("&&")); }
 
 }  // namespace
@@ -44,11 +44,11 @@ void QtMenu::addItem(const std::shared_ptr<NSMenuItem>& item) {
   actions_.push_back(std::make_unique<QAction>(withoutMnemonics(item->title())));
   QAction* const action = actions_.back().get();
   action->setSeparator(item->isSeparatorItem());
-  // The desktop may give other keys for these, now or later.
+  // The user may have chosen other keys at the desktop, or may do so later.
   const auto showKeys = [action, keys = shortcutOf(*item)] { action->setShortcut(KeyNames::instance().keysFor(keys)); };
   showKeys();
   QObject::connect(&KeyNames::instance(), &KeyNames::renamed, action, showKeys);
-  // The item decides what its mark shows, also after a choice that Qt took for a toggle.
+  // The item's state decides the check mark, not the toggle that Qt makes of a choice.
   item->onStateChange = [action, shown = item.get()] {
     action->setCheckable(shown->isCheckable());
     action->setChecked(shown->state() == NSControlStateValueOn);

@@ -55,7 +55,7 @@ struct NSStatusItem::Impl {
   void setMenu(const std::shared_ptr<NSMenu>& opened) {
     menu = opened;
     qtMenu.emplace(menu, [this](const std::function<void()>& command) { bar.requests.add(command); });
-    // Whoever came to the button by its key goes on typing.
+    // A user who came to the button by the keyboard goes on typing in the text.
     QObject::connect(&qtMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
                      [this] { buttonWidget().window()->setFocus(); });
     bar.commands.setMenu(menu);

@@ -13,10 +13,10 @@
 namespace platform::desktop {
 namespace {
 
-// Panels are light or dark whatever the desktop's palette is: 3 : 1 and more on white and on a panel of #303030.
+// Panels may be light or dark, independent of the palette: this has a contrast of 3 : 1 on white and on #303030.
 const QColor colourForAnyPanel(0x88, 0x88, 0x88);
 
-/// Hosts of notifier items draw a symbolic icon from the theme in their own colours.
+/// A symbolic icon of the theme, which StatusNotifier hosts draw in their own colours.
 QIcon iconFor(const std::optional<NSImage>& image, TrayHosts::Kind kind) {
   if (!image) return {};
   const QIcon drawn = symbolIcon(image->symbolName, colourForAnyPanel);
@@ -25,7 +25,7 @@ QIcon iconFor(const std::optional<NSImage>& image, TrayHosts::Kind kind) {
   return themed ? QIcon::fromTheme(name, drawn) : drawn;
 }
 
-/// The first screen that a panel takes room of, else the primary one.
+/// The first screen that has a panel, else the primary one.
 const QScreen& screenWithPanel() {
   const QList<QScreen*> screens = QGuiApplication::screens();
   const auto found = std::find_if(screens.begin(), screens.end(), [](const QScreen* screen) {
@@ -34,8 +34,8 @@ const QScreen& screenWithPanel() {
   return found == screens.end() ? *QGuiApplication::primaryScreen() : **found;
 }
 
-/// The end of the panel: the last point in the direction of reading, or downward in one at a side. A screen without
-/// panels counts as one with a panel above.
+/// The end of the panel in reading direction, or the lower end of one at a side. A screen without panels counts as one
+/// with a panel at the top.
 QRect endOfPanel() {
   const QScreen& screen = screenWithPanel();
   const QRect whole = screen.geometry();

@@ -15,7 +15,7 @@ constexpr int longestNotes = 32'000;
 
 QString line(const QString& text) { return text.left(longestLine).simplified(); }
 
-/// Without markup and pictures.
+/// The text of HTML, without images.
 QString plainText(const QString& notes) {
   const QString text = notes.left(longestNotes);
   QString plain = Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
@@ -32,7 +32,7 @@ Release readItem(QXmlStreamReader& xml) {
   QHash<QString, QString> texts;
   while (xml.readNextStartElement()) {
     QString& text = texts[xml.name().toString()];
-    // Without the elements in it: Qt reads these by recursion, and a feed may be nested to any depth.
+    // Child elements are skipped: Qt reads them by recursion, and a feed may be nested to any depth.
     const QString read = xml.readElementText(QXmlStreamReader::SkipChildElements).trimmed();
     if (text.isEmpty()) text = read;
   }

@@ -28,9 +28,9 @@ QNetworkRequest requestFor(const QUrl& url) {
   QNetworkRequest request(url);
   request.setHeader(QNetworkRequest::UserAgentHeader,
                     toQString(metadata::name) + QLatin1Char('/') + toQString(metadata::version));
-  // As it is: a small answer that unfolds into a large one is none that we want.
+  // No compression: a small answer could decompress into a huge one.
   request.setRawHeader("Accept-Encoding", "identity");
-  // So HTTP stays on this computer. To look at addresses in `redirected` is too late: Qt follows even if aborted there.
+  // Keeps HTTP on this computer. A check in `redirected` would come too late: Qt follows even when aborted there.
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, isHttps(url)
                                                                      ? QNetworkRequest::NoLessSafeRedirectPolicy
                                                                      : QNetworkRequest::SameOriginRedirectPolicy);
@@ -39,8 +39,8 @@ QNetworkRequest requestFor(const QUrl& url) {
   return request;
 }
 
-/// Fetches a feed over HTTPS, or over HTTP from this computer. Keeps nothing of it, and tells nothing but the name and
-/// the version of the program.
+/// Fetches a feed over HTTPS, or over HTTP from this computer. Stores no cookies and no cache, and sends nothing but
+/// the program's name and version.
 class FeedFetcher : public QObject {
  public:
   FeedFetcher(const QUrl& url, std::chrono::milliseconds timeout, FeedCallback callback)
@@ -53,7 +53,7 @@ class FeedFetcher : public QObject {
     reply_ = network_.get(requestFor(url));
     connect(reply_, &QNetworkReply::metaDataChanged, this, &FeedFetcher::checkSize);
     connect(reply_, &QNetworkReply::readyRead, this, &FeedFetcher::checkSize);
-    // Later, when nothing of the network library is on the stack: the callback may destroy all of it.
+    // From the event loop: the callback may destroy the reply, which must not be on the stack then.
     connect(reply_, &QNetworkReply::finished, this, &FeedFetcher::answer, Qt::QueuedConnection);
     QTimer::singleShot(timeout, this, [this, timeout] {
       const double seconds = std::chrono::duration<double>(timeout).count();

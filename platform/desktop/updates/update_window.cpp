@@ -38,7 +38,7 @@ UpdateWindow::UpdateWindow(ProgramWindows& windows, QString feed, QStringList mo
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     label->setWordWrap(true);
-    // The average of a font for Chinese or Japanese is twice that of its own Latin letters.
+    // In a Chinese or Japanese font the average character is twice as wide as the Latin letters.
     label->setFixedWidth(std::min(metrics.averageCharWidth(), metrics.horizontalAdvance(u'x')) * textWidth);
     column_.addWidget(label);
   }
@@ -76,7 +76,7 @@ void UpdateWindow::check() {
   windows_.activateCompanion(*this);
 }
 
-/// Of the note's screen. Left to themselves, window managers put it into a corner.
+/// The middle of the note's screen: window managers would put the window into a corner.
 void UpdateWindow::moveToMiddle() {
   const QWidget* const note = windows_.mainWindow();
   QRect place({}, sizeHint());
@@ -98,7 +98,7 @@ void UpdateWindow::hideEvent(QHideEvent* event) {
 
 void UpdateWindow::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (std::exchange(interrupted_, false)) ask();  // it was hidden with the program, and came back
+  if (std::exchange(interrupted_, false)) ask();  // the window was hidden with the program and is shown again
 }
 
 void UpdateWindow::ask() {

@@ -38,7 +38,7 @@ QString anyFixedPitchFamily(const QString& otherwise) {
 void addColourEmoji(QFont& font, bool wantsFixedPitch) {
   // The family by its own name: behind an alias, the emoji font would give spaces and digits too.
   const QFontInfo found(font);
-  // In some locales the alias for fixed pitch is a font that has another.
+  // In some locales the alias "monospace" is not a fixed-pitch font.
   const bool wrongPitch = wantsFixedPitch && !found.fixedPitch();
   const QString family = wrongPitch ? anyFixedPitchFamily(found.family()) : found.family();
   font.setFamilies({family, QStringLiteral("Noto Color Emoji")});
@@ -56,7 +56,7 @@ QFont::Weight toWeight(NSFontWeight weight) {
   return QFont::Normal;
 }
 
-/// As people see it, from 0 to 1.
+/// Relative luminance, from 0 to 1.
 double luminance(const QColor& color) {
   const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
   return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());

@@ -11,7 +11,7 @@
 namespace platform {
 namespace {
 
-/// Of the handler that draws now; null outside of one.
+/// The painter of the handler that draws now; null outside of one.
 QPainter* current = nullptr;
 QColor strokeColor;
 
@@ -52,7 +52,7 @@ void NSString::drawAtPoint(std::string_view text, NSPoint point, const NSStringA
   if (current == nullptr) return;
   const QFont font = desktop::toQFont(attributes.font);
   current->save();
-  // Letters stand upright in a picture whose y axis grows upward.
+  // The image's y axis grows upward; the letters must not be mirrored.
   current->translate(point.x, point.y + QFontMetricsF(font).descent());
   current->scale(1, -1);
   current->setFont(font);

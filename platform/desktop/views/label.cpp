@@ -38,7 +38,7 @@ void Label::paintEvent(QPaintEvent* /*event*/) {
 
 int Label::breakLines(int width) {
   QTextOption option;
-  // Of the language: a sentence may begin with a name in other letters.
+  // The direction of the user's language, not of the first letter: that may be of a foreign name.
   option.setTextDirection(layoutDirection());
   option.setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading));
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -32,7 +32,7 @@ void PushButton::setTint(const NSColor& tint) {
 QSize PushButton::sizeHint() const { return {fontMetrics().horizontalAdvance(text()) + 2 * sideRoom, faceHeight}; }
 
 void PushButton::focusInEvent(QFocusEvent* event) {
-  // The ring is for those who go from control to control; the default button has the focus from the first.
+  // The focus ring is shown only to users of the Tab key: the default button has the focus from the start.
   reachedByKey_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
   QPushButton::focusInEvent(event);
 }

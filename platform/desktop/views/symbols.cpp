@@ -12,11 +12,11 @@ namespace {
 
 using Draw = void (*)(QPainter&);
 
-// Each is drawn around the origin, 7 units to every side, in the pen's width.
+// Each symbol is a square of 14 units around the origin, drawn with the painter's pen.
 
 constexpr double strokeWidth = 1.2;
 constexpr double circleRadius = 7;
-constexpr int iconSide = 16;  // pixels, in which the strokes of an icon are as wide as its gaps
+constexpr int iconSide = 16;  // pixels, the grid on which the strokes are sharp
 constexpr double iconStrokeWidth = 2;
 
 void drawInfo(QPainter& painter) {
@@ -84,7 +84,7 @@ QIcon symbolIcon(std::string_view name, const QColor& color) {
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    // Whole pixels stay sharp: an icon between two multiples is the smaller one with room around it.
+    // Only whole multiples of the grid are sharp: other sizes get the next smaller one, with room around it.
     const int scale = side / iconSide;
     draw(*symbol, painter, QPointF(side, side) / 2, scale, pen);
     painter.end();

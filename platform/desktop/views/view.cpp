@@ -20,7 +20,7 @@ void NSView::showFrame() {
   const double top = superview_ != nullptr ? superview_->frame_.size.height - frame_.maxY() : frame_.minY();
   const QRect place = QRectF(frame_.minX(), top, frame_.size.width, frame_.size.height).toAlignedRect();
   if (superview_ == nullptr) return native_->widget->setGeometry(place);
-  // From right to left in the languages that are written so.
+  // Mirrored in languages that are written from right to left.
   const QRect whole(0, 0, static_cast<int>(superview_->frame_.size.width), 0);
   native_->widget->setGeometry(QStyle::visualRect(QGuiApplication::layoutDirection(), whole, place));
 }

@@ -71,7 +71,7 @@ void fixSize(const NSView& view) {
   }
 }
 
-/// The first lines of a row stand on one line, whatever their fonts.
+/// Aligns the first baselines of each row.
 void alignRow(const NSGridView& grid, std::size_t first) {
   std::vector<Label*> labels;
   for (std::size_t cell = first; cell < first + std::size_t(grid.columns()) && cell < grid.subviews().size(); ++cell) {
@@ -82,7 +82,7 @@ void alignRow(const NSGridView& grid, std::size_t first) {
   for (Label* label : labels) label->standOn(ascent);
 }
 
-/// A column takes what it needs, up to half of what the ones before it leave; the last one takes the rest.
+/// Each column gets the width that it needs, but at most half of what is left; the last one gets the rest.
 void fitGrid(const NSGridView& grid, int room) {
   const auto& cells = grid.subviews();
   for (int column = 0; column < grid.columns(); ++column) {

@@ -40,7 +40,7 @@ class Picture : public QWidget {
   NSImage image_;
 };
 
-/// None for a view that is content with the widget it has.
+/// Null for a view that keeps the widget it has.
 std::unique_ptr<QWidget> widgetFor(const NSView& view) {
   if (const auto* field = dynamic_cast<const NSTextField*>(&view)) return std::make_unique<Label>(*field);
   if (const auto* box = dynamic_cast<const NSBox*>(&view)) return std::make_unique<FilledBox>(*box);
@@ -53,7 +53,7 @@ void build(NSView& root) {
   if (auto widget = widgetFor(root)) native.widget = std::move(widget);
   for (const auto& view : root.subviews()) build(*view);
   layOut(root);
-  // Widgets made here came after those that were there before, in the order that a screen reader goes by.
+  // Screen readers follow the order of siblings; without this, widgets made here would come after older ones.
   for (const auto& view : root.subviews()) view->native().widget->raise();
 }
 

@@ -11,13 +11,12 @@
 namespace platform::desktop {
 namespace {
 
-/// Of the note's tree: a popover that closes by itself.
+/// Transient popovers are part of the main window's tree.
 bool isPart(const QWidget& window) {
   return window.windowType() == Qt::Popup && dynamic_cast<const Bubble*>(&window) != nullptr;
 }
 
-/// The note's window. A popover that closes by itself hangs in its tree, for Qt's own list of windows leaves
-/// such ones out.
+/// The main window. A transient popover is a child of it, since Qt leaves popups out of its list of windows.
 class AccessibleNote : public QAccessibleWidget {
  public:
   explicit AccessibleNote(MainWindow& window) : QAccessibleWidget(&window, QAccessible::Window) {}
@@ -47,7 +46,7 @@ class AccessibleNote : public QAccessibleWidget {
   }
 };
 
-/// A popover, in the tree of the note's window if it is a part of that.
+/// A popover; a child of the main window if it is transient.
 class AccessibleBubble : public QAccessibleWidget {
  public:
   explicit AccessibleBubble(Bubble& bubble) : QAccessibleWidget(&bubble, QAccessible::Dialog) {}

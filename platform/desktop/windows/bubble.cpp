@@ -27,7 +27,7 @@ constexpr int distanceFromAnchor = 2;
 constexpr int distanceFromPanel = 6;                             // without an arrow
 constexpr int closestArrow = cornerRadius + arrowHalfWidth + 2;  // to a side of the bubble
 
-/// As near to the wish as it may be; no less than the least.
+/// `wish`, limited to the range; `least` if the range is empty.
 int within(int wish, int least, int most) { return std::clamp(wish, least, std::max(least, most)); }
 
 }  // namespace
@@ -37,10 +37,10 @@ Bubble::Bubble(ProgramWindows& windows, QWidget& content, bool transient)
       windows_(windows),
       content_(content),
       transient_(transient) {
-  // Where nothing composes windows, what is see-through would be black: there the window has the shape instead.
+  // Without a compositor, transparent pixels would be black; there the window gets a mask instead.
   if (windows_.system().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
   if (transient) {
-    // What has the focus is what a screen reader tells of.
+    // Screen readers read what has the focus.
     setFocusPolicy(Qt::StrongFocus);
     setFocus();
   }
@@ -67,7 +67,7 @@ void Bubble::follow(QWidget& widget) {
 
 bool Bubble::eventFilter(QObject* watched, QEvent* event) {
   constexpr std::array telling{QEvent::Move, QEvent::Resize, QEvent::ParentChange, QEvent::Show};
-  // Later, when all that belongs to the change has been done.
+  // From the event loop, when the whole change has been made.
   if (watched == &content_) {
     if (event->type() == QEvent::LayoutRequest) QTimer::singleShot(0, this, [this] { fitContent(); });
   } else if (isVisible() && std::find(telling.begin(), telling.end(), event->type()) != telling.end()) {
@@ -133,7 +133,7 @@ void Bubble::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QColor line = hairlineColor(palette());
-  // A shape of whole points has steps where the outline is a curve: they are filled by the line.
+  // A mask has whole points; the line covers its steps along the curves.
   if (!testAttribute(Qt::WA_TranslucentBackground)) painter.fillRect(rect(), line);
   painter.setPen(QPen(line, border));
   painter.setBrush(popoverColor(palette()));

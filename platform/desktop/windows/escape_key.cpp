@@ -43,7 +43,7 @@ bool EscapeKey::takePress(const xcb_key_press_event_t& press) {
   return true;
 }
 
-/// A release of the key, which input methods hand on after all that was typed before it.
+/// Sends a release of the key, which the input method passes on after everything that was typed before.
 void EscapeKey::sendFollower(const xcb_key_press_event_t& press) {
   xcb_key_release_event_t follower = press;
   follower.response_type = XCB_KEY_RELEASE;

@@ -16,7 +16,7 @@ MainWindow::MainWindow(ProgramWindows& windows, NSWindow& owner)
       border_(windows.system()) {
   windows_.add(*this);
   setBackgroundRole(QPalette::Base);
-  // Where nothing composes windows, what is see-through would be black: there the corners stay square.
+  // Without a compositor, transparent pixels would be black; there the corners stay square.
   if (windows_.system().isComposited()) setAttribute(Qt::WA_TranslucentBackground);
   titleBar_.onDoubleClick = [this] { zoom_.toggle(); };
   QObject::connect(&titleBar_.closeButton(), &QAbstractButton::clicked, this, [this] { close(); });
@@ -64,12 +64,12 @@ void MainWindow::moveEvent(QMoveEvent* /*event*/) {
 void MainWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) border_.setVisible(!isMaximized());
-  if (event->type() == QEvent::ActivationChange) border_.update();  // no part of a window is told of this
+  if (event->type() == QEvent::ActivationChange) border_.update();  // only windows get this event
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F6) {
-    // The way into the title bar, for the tab key belongs to the text.
+    // F6 moves the focus to the title bar's buttons, since Tab types into the text.
     focusNextPrevChild((event->modifiers() & Qt::ShiftModifier) == 0);
   } else if (onUnusedKey) {
     onUnusedKey(*event);

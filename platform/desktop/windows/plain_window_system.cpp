@@ -11,7 +11,7 @@ void PlainWindowSystem::activate(QWidget& window) {
 }
 
 void PlainWindowSystem::setActivationToken(const QString& token) {
-  // Qt shows it with the next activation.
+  // Qt sends the token with the next activation.
   constexpr auto variable = "XDG_ACTIVATION_TOKEN";
   token.isEmpty() ? qunsetenv(variable) : qputenv(variable, token.toUtf8());
 }

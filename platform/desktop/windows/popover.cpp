@@ -34,7 +34,7 @@ NSButton* defaultButton(const NSView& view) {
 
 QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), widget.size()}; }
 
-/// In the tray, in the note's window, or at its end while it is not known yet in which of them.
+/// The view's place in the tray or in the main window; the end of that window's title bar while neither is known.
 desktop::Anchor placeOf(const NSView& anchor) {
   if (const auto inTray = anchor.native().trayAnchor()) return *inTray;
   const QWidget& widget = *anchor.native().widget;
@@ -65,7 +65,7 @@ struct NSPopover::Impl {
     QObject::connect(
         &KeyNames::instance(), &KeyNames::renamed, bubble.get(),
         [&content](const QString& before, const QString& now) { desktop::renameKeys(content, before, now); });
-    // Both edges that the program names are the lower ones of their anchors.
+    // The program uses only edges that mean the lower side of the anchor.
     bubble->follow(*anchor.native().widget);
     bubble->pointAt([weak = std::weak_ptr(anchor.shared_from_this()), last = placeOf(anchor)]() mutable {
       if (const auto alive = std::static_pointer_cast<NSView>(weak.lock())) last = placeOf(*alive);
@@ -75,7 +75,7 @@ struct NSPopover::Impl {
 
   void showTransient(const NSPopover& popover) {
     bubble->onHide = [this, &popover] {
-      // Whoever came to its anchor by the key goes on typing.
+      // A user who came to the anchor by the keyboard goes on typing in the text.
       if (MainWindow* const note = windows.mainWindow()) note->setFocus();
       closed(popover);
     };

@@ -44,7 +44,7 @@ void ProgramWindows::show(MainWindow& window) {
     window.addActions(commands_);
     window.show();
   }
-  // To where the user is: not every window manager leads the user to a window on another workspace.
+  // To the current workspace: not every window manager switches to the one of an activated window.
   applyState(window);
   system_.activate(window);
 }
@@ -54,7 +54,7 @@ void ProgramWindows::showCompanion(QWidget& window) {
   const MainWindow* const owner = mainWindow();
   const WindowState state = owner != nullptr ? stateOf(*owner) : WindowState{};
   system_.prepareToShow(window, state);
-  window.winId();  // makes its native window on any display
+  window.winId();  // creates the native window
   window.windowHandle()->setTransientParent(owner != nullptr && owner->isVisible() ? owner->windowHandle() : nullptr);
   window.show();
   system_.applyState(window, state);
@@ -62,7 +62,7 @@ void ProgramWindows::showCompanion(QWidget& window) {
 
 void ProgramWindows::activateCompanion(QWidget& window) {
   system_.activate(window);
-  // mutter takes a window that belongs to another one to this workspace when it is activated, and that one with it.
+  // mutter moves an activated transient window to this workspace, together with its parent.
   MainWindow* const owner = mainWindow();
   if (owner == nullptr || !owner->isVisible() || !owner->state.onEveryWorkspace) return;
   applyState(*owner);
@@ -83,7 +83,7 @@ void ProgramWindows::hideCompanion(QWidget& window) {
   system_.prepareToHide(window);
   std::erase(hidden_, &window);
   window.hide();
-  // In its turn: a window manager that is still letting go of the window passes the keyboard on itself.
+  // Through the queue: while the window manager still unmanages the window, it would pass the keyboard on itself.
   if (hadKeyboard) requests_.add([this] { activateMainWindow(); });
 }
 
@@ -99,7 +99,7 @@ void ProgramWindows::activate() {
   for (MainWindow* const window : mainWindows_) {
     if (window->isVisible() && !system_.isActive(*window)) system_.activate(*window);
   }
-  // Again, and in its turn: i3 and xfwm4 give the keyboard to companions that come up.
+  // Again, through the queue: i3 and xfwm4 give the keyboard to companions when they map them.
   if (!companions.empty()) requests_.add([this] { activateMainWindow(); });
 }
 

@@ -23,7 +23,7 @@ void RequestQueue::passOn() {
   requests_.pop_front();
   busy_ = true;
   request();
-  // Behind what the request has put off itself.
+  // After the work that the request itself has posted.
   DispatchQueue::main().async([queue = QPointer(this)] {
     if (queue.isNull()) return;
     queue->busy_ = false;

@@ -9,7 +9,7 @@
 namespace platform::desktop {
 namespace {
 
-constexpr std::chrono::milliseconds quiet{250};  // panels and window managers answer to a change one after the other
+constexpr std::chrono::milliseconds quiet{250};  // panels and window managers react to a change one after another
 
 /// The lower edge of the first screen, in Qt's coordinates.
 double ground() { return QGuiApplication::primaryScreen()->geometry().bottom() + 1; }

@@ -64,7 +64,7 @@ struct NSWindow::Impl {
     if (!answerer || answerer->windowShouldClose(widget.owner())) widget.hide();
   }
 
-  /// A window whose display tells no places counts as where it was put.
+  /// Where the display does not tell positions, the last one that was set.
   NSRect placed(const QRect& geometry) const {
     NSRect rect = desktop::fromQt(geometry);
     if (!windows.system().canPosition()) rect.origin = {place.minX(), place.maxY() - rect.size.height};
@@ -97,7 +97,7 @@ struct NSWindow::Impl {
     if (saveFrameLater.isActive()) saveFrame();
   }
 
-  /// Escape puts the note away from every control in it.
+  /// Keys that no control has used, such as Escape, go to the first responder.
   void passToFirstResponder(QKeyEvent& key) {
     if (key.key() != Qt::Key_Escape) return;
     const auto first = firstResponder.lock();
@@ -110,7 +110,7 @@ NSWindow::NSWindow(NSRect contentRect, unsigned /*styleMask*/, NSBackingStoreTyp
     : impl_(std::make_unique<Impl>(*this, contentRect)) {}
 NSWindow::~NSWindow() = default;
 
-// The window has one look of a title bar.
+// There is one kind of title bar.
 void NSWindow::setTitlebarAppearsTransparent(bool /*transparent*/) {}
 void NSWindow::setReleasedWhenClosed(bool /*released*/) {}
 

@@ -37,7 +37,7 @@ Qt::Edges edgesWithin(int reach, QPoint point, QSize window) {
 
 WindowBorder::WindowBorder(const WindowSystem& windowSystem) : windowSystem_(windowSystem) { setMouseTracking(true); }
 
-/// An edge is a corner at its ends.
+/// Two edges near a corner.
 Qt::Edges WindowBorder::edgesAt(QPoint point) const {
   return edgesWithin(thickness, point, size()) ? edgesWithin(cornerLength, point, size()) : Qt::Edges();
 }
@@ -46,9 +46,9 @@ void WindowBorder::resizeEvent(QResizeEvent* /*event*/) {
   setMask(QRegion(rect()) - rect().adjusted(thickness, thickness, -thickness, -thickness));
 }
 
-/// Takes away what the window's content has drawn outside of the round corners, and draws the line along the rest.
+/// Clears the pixels outside the round corners, and draws the border line.
 void WindowBorder::paintEvent(QPaintEvent* /*event*/) {
-  // A window that began without a compositor cannot become see-through.
+  // A window that was created without a compositor cannot become translucent.
   const bool seeThrough = window()->testAttribute(Qt::WA_TranslucentBackground) && windowSystem_.isComposited();
   const double radius = seeThrough ? cornerRadius : 0;
   constexpr double middleOfLine = 0.5;
@@ -69,7 +69,7 @@ void WindowBorder::paintEvent(QPaintEvent* /*event*/) {
 
 void WindowBorder::mouseMoveEvent(QMouseEvent* event) {
   const Qt::Edges edges = edgesAt(event->pos());
-  if (edges) setCursor(cursorFor(edges));  // none under a pointer that has dragged quickly
+  if (edges) setCursor(cursorFor(edges));  // none if a quick drag has left the border
   DragHandle::mouseMoveEvent(event);
 }
 

@@ -9,7 +9,7 @@
 namespace platform::desktop {
 namespace {
 
-/// With a fractional scale each edge may be a point away from where it was put.
+/// With a fractional scale each edge may be one point off.
 bool isAbout(const QRect& a, const QRect& b) {
   constexpr int rounding = 2;
   return std::abs(a.left() - b.left()) <= rounding && std::abs(a.top() - b.top()) <= rounding &&
@@ -20,7 +20,7 @@ bool isAbout(const QRect& a, const QRect& b) {
 
 void WindowZoom::toggle() {
   if (window_.isMaximized()) {
-    // Some window managers maximise a window that they find as large as the screen.
+    // Some window managers maximise a window that is as large as the screen.
     window_.showNormal();
     if (large_) undo();
   } else if (isOn()) {
@@ -31,7 +31,7 @@ void WindowZoom::toggle() {
   }
 }
 
-/// Screens may have shrunk or gone since.
+/// Back to the geometry before, on the screens that there are now.
 void WindowZoom::undo() { window_.setGeometry(toQt(frameWholeOnScreens(fromQt(large_->before), screens()))); }
 
 void WindowZoom::fill() {
@@ -42,7 +42,7 @@ void WindowZoom::fill() {
 bool WindowZoom::isOn() const {
   if (!large_) return false;
   const QRect now = window_.geometry();
-  // Window managers too make room for a panel that comes.
+  // A window manager may have made room for a new panel itself.
   return window_.isMaximized() || isAbout(now, large_->room) || isAbout(now, window_.screen()->availableGeometry());
 }
 

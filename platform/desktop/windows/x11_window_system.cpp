@@ -17,7 +17,7 @@ namespace platform::desktop {
 namespace {
 
 constexpr auto focusingNewWindowsOnly = "wlroots wm";
-constexpr std::chrono::seconds longestActivation{1};  // then the window manager does not do it
+constexpr std::chrono::seconds longestActivation{1};  // after that the window manager is taken to have refused
 constexpr unsigned syntheticEvent = 0x80;  // the bit of an event's type that SendEvent sets, as window managers do
 
 // In _MOTIF_WM_HINTS: which of its fields count, and the functions of the second one.
@@ -57,7 +57,7 @@ X11WindowSystem::X11WindowSystem(xcb_connection_t* connection)
 
 void X11WindowSystem::prepareToShow(QWidget& window, WindowState state) {
   const xcb_window_t id = idOf(window);
-  // Some window managers go on calling a window active that was hidden.
+  // In some window managers a hidden window stays the active one.
   if (active_ == id) active_ = XCB_NONE;
   if (managed_) requestedPositions_[id] = window.pos();
   ewmh_.setType(id, ewmh_->_NET_WM_WINDOW_TYPE_UTILITY);
@@ -98,7 +98,7 @@ bool X11WindowSystem::isActive(const QWidget& window) {
   const xcb_window_t id = idOf(window);
   if (expectation_ && expectation_->window == id) return expectation_->active;
   if (!managed_) return window.isActiveWindow();
-  // Some window managers go on calling a window active that was left on another workspace.
+  // In some window managers a window on another workspace stays the active one.
   return active_ == id && ewmh_.isOnCurrentWorkspace(id);
 }
 
@@ -142,7 +142,7 @@ void X11WindowSystem::expect(Expectation expectation) {
 }
 
 void X11WindowSystem::settle() {
-  if (expectation_->active) requestedPositions_.clear();  // from here on it is the user who moves windows
+  if (expectation_->active) requestedPositions_.clear();  // from now on the user moves windows
   expectation_.reset();
   deadline_.stop();
   if (onSettled) onSettled();

@@ -45,10 +45,10 @@ struct NSApplication::Impl {
   std::unique_ptr<WindowSystem> windowSystem = makeWindowSystem();
   RequestQueue requests{*windowSystem};
   ProgramWindows windows{*windowSystem, requests};
-  ExportedActions commands;
-  StatusBar statusBar{sessionBus, firstFrame, requests, windows, commands};
+  ExportedActions exportedActions;
+  StatusBar statusBar{sessionBus, firstFrame, requests, windows, exportedActions};
   std::unique_ptr<GlobalShortcuts> globalShortcuts =
-      makeGlobalShortcuts(requests, sessionBus, firstFrame, windows, commands);
+      makeGlobalShortcuts(requests, sessionBus, firstFrame, windows, exportedActions);
   std::optional<QtMenu> mainMenu;
   std::optional<ApplicationService> service;
   std::optional<WakeSignals> wakeSignals;
@@ -96,12 +96,12 @@ struct NSApplication::Impl {
 
   void launch(NSApplication& app) {
     if (const auto told = delegate.lock()) told->applicationDidFinishLaunching();
-    QTimer::singleShot(0, qt.get(), [this, &app] { drawnFirstFrame(app); });
+    QTimer::singleShot(0, qt.get(), [this, &app] { startServices(app); });
   }
 
-  /// Starts what needs a bus.
-  void drawnFirstFrame(NSApplication& app) {
-    service.emplace(sessionBus, *windowSystem, requests, commands, [this, &app] {
+  /// Starts what needs a bus, after the first frame.
+  void startServices(NSApplication& app) {
+    service.emplace(sessionBus, *windowSystem, requests, exportedActions, [this, &app] {
       if (const auto told = delegate.lock()) told->applicationShouldHandleReopen(app, windows.areShown());
     });
     wakeSignals.emplace(sessionBus, systemBus);

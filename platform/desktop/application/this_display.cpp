@@ -27,10 +27,10 @@ std::unique_ptr<WindowSystem> makeWindowSystem() {
 /// In a Wayland session the portal is used, also under XWayland: its X server sees keys, and so honours a grab, only
 /// while an X11 window has the keyboard. On plain X11 a grab works at once, needs no service, and names a physical key.
 std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
-                                                     ProgramWindows& windows, const ExportedActions& commands) {
+                                                     ProgramWindows& windows, const ExportedActions& actions) {
   auto* const connection = x11::connection();
   if (connection != nullptr && !isWaylandSession()) return std::make_unique<X11GlobalShortcuts>(requests, connection);
-  return std::make_unique<PortalGlobalShortcuts>(requests, sessionBus, firstFrame, windows, commands);
+  return std::make_unique<PortalGlobalShortcuts>(requests, sessionBus, firstFrame, windows, actions);
 }
 
 }  // namespace platform::desktop

@@ -18,6 +18,6 @@ class ProgramWindows;
 std::unique_ptr<WindowSystem> makeWindowSystem();
 /// The arguments outlive the result.
 std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
-                                                     ProgramWindows& windows, const ExportedActions& commands);
+                                                     ProgramWindows& windows, const ExportedActions& actions);
 
 }  // namespace platform::desktop

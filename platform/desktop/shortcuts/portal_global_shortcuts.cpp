@@ -64,12 +64,12 @@ bool saysThereIsNone(const QDBusError& error) {
 }  // namespace
 
 PortalGlobalShortcuts::PortalGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame,
-                                             ProgramWindows& windows, const ExportedActions& commands)
+                                             ProgramWindows& windows, const ExportedActions& actions)
     : GlobalShortcuts(requests),
       sessionBus_(sessionBus),
       firstFrame_(firstFrame),
       windows_(windows),
-      commands_(commands) {}
+      actions_(actions) {}
 
 PortalGlobalShortcuts::~PortalGlobalShortcuts() { QDBusConnection::disconnectFromBus(connectionName); }
 
@@ -168,7 +168,7 @@ QList<PortalGlobalShortcuts::Described> PortalGlobalShortcuts::describeHotKeys()
       trigger += toQString(modifier.ofTrigger);
       binding += toQString(modifier.ofGnome);
     }
-    const auto command = commands_.withKey(hotKey.letter, menuModifiers);
+    const auto command = actions_.withKey(hotKey.letter, menuModifiers);
     if (!command) continue;
     hotKey.id = toQString(command->action().name);
     const QString letter = toQString(hotKey.letter);

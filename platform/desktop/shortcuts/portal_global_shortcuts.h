@@ -28,7 +28,7 @@ class PortalGlobalShortcuts : public QObject, public GlobalShortcuts {
  public:
   /// The arguments outlive this.
   PortalGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame, ProgramWindows& windows,
-                        const ExportedActions& commands);
+                        const ExportedActions& actions);
   ~PortalGlobalShortcuts() override;
 
  private:
@@ -62,7 +62,7 @@ class PortalGlobalShortcuts : public QObject, public GlobalShortcuts {
   Bus& sessionBus_;
   FirstFrame& firstFrame_;
   ProgramWindows& windows_;
-  const ExportedActions& commands_;
+  const ExportedActions& actions_;
   std::vector<HotKey> hotKeys_;
   QDBusServiceWatcher nameWatch_;
   std::optional<PortalSession> session_;  ///< with the portal that runs now, if one does

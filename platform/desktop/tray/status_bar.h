@@ -13,14 +13,14 @@ class RequestQueue;
 
 /// What a status item uses of the other folders. All of it outlives this.
 struct StatusBar : Singleton<StatusBar> {
-  StatusBar(Bus& bus, FirstFrame& frame, RequestQueue& queue, ProgramWindows& program, ExportedActions& offered)
-      : sessionBus(bus), firstFrame(frame), requests(queue), windows(program), commands(offered) {}
+  StatusBar(Bus& bus, FirstFrame& frame, RequestQueue& queue, ProgramWindows& program, ExportedActions& actions)
+      : sessionBus(bus), firstFrame(frame), requests(queue), windows(program), exportedActions(actions) {}
 
   Bus& sessionBus;
   FirstFrame& firstFrame;
   RequestQueue& requests;
   ProgramWindows& windows;
-  ExportedActions& commands;
+  ExportedActions& exportedActions;
 };
 
 }  // namespace platform::desktop

@@ -58,7 +58,7 @@ struct NSStatusItem::Impl {
     // A user who came to the button by the keyboard goes on typing in the text.
     QObject::connect(&qtMenu->menu(), &QMenu::aboutToHide, &buttonWidget(),
                      [this] { buttonWidget().window()->setFocus(); });
-    bar.commands.setMenu(menu);
+    bar.exportedActions.setMenu(menu);
     bar.firstFrame.then(whileThere, [this] { lookForTrays(); });
   }
 
@@ -72,7 +72,7 @@ struct NSStatusItem::Impl {
   }
 
   void putIntoTitleBar(QWidget* shown) {
-    if (MainWindow* const note = bar.windows.mainWindow()) note->titleBar().setItemButton(shown);
+    if (MainWindow* const window = bar.windows.mainWindow()) window->titleBar().setItemButton(shown);
   }
 };
 

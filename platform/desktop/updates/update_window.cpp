@@ -78,9 +78,9 @@ void UpdateWindow::check() {
 
 /// The middle of the note's screen: window managers would put the window into a corner.
 void UpdateWindow::moveToMiddle() {
-  const QWidget* const note = windows_.mainWindow();
+  const QWidget* const mainWindow = windows_.mainWindow();
   QRect place({}, sizeHint());
-  place.moveCenter((note != nullptr ? note : this)->screen()->availableGeometry().center());
+  place.moveCenter((mainWindow != nullptr ? mainWindow : this)->screen()->availableGeometry().center());
   move(place.topLeft());
 }
 

@@ -17,9 +17,9 @@ bool isPart(const QWidget& window) {
 }
 
 /// The main window. A transient popover is a child of it, since Qt leaves popups out of its list of windows.
-class AccessibleNote : public QAccessibleWidget {
+class AccessibleMainWindow : public QAccessibleWidget {
  public:
-  explicit AccessibleNote(MainWindow& window) : QAccessibleWidget(&window, QAccessible::Window) {}
+  explicit AccessibleMainWindow(MainWindow& window) : QAccessibleWidget(&window, QAccessible::Window) {}
 
   int childCount() const override { return QAccessibleWidget::childCount() + (popover() != nullptr ? 1 : 0); }
   QAccessibleInterface* child(int index) const override {
@@ -52,14 +52,14 @@ class AccessibleBubble : public QAccessibleWidget {
   explicit AccessibleBubble(Bubble& bubble) : QAccessibleWidget(&bubble, QAccessible::Dialog) {}
 
   QAccessibleInterface* parent() const override {
-    MainWindow* const note = isPart(*widget()) ? ProgramWindows::instance().mainWindow() : nullptr;
-    return note != nullptr ? QAccessible::queryAccessibleInterface(note) : QAccessibleWidget::parent();
+    MainWindow* const window = isPart(*widget()) ? ProgramWindows::instance().mainWindow() : nullptr;
+    return window != nullptr ? QAccessible::queryAccessibleInterface(window) : QAccessibleWidget::parent();
   }
 };
 
 QAccessibleInterface* describe(const QString& /*className*/, QObject* object) {
   // Qt owns what it is given.
-  if (auto* const note = dynamic_cast<MainWindow*>(object)) return new AccessibleNote(*note);
+  if (auto* const window = dynamic_cast<MainWindow*>(object)) return new AccessibleMainWindow(*window);
   if (auto* const bubble = dynamic_cast<Bubble*>(object)) return new AccessibleBubble(*bubble);
   return nullptr;
 }

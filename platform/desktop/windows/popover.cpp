@@ -38,12 +38,12 @@ QRect globalRect(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), 
 desktop::Anchor placeOf(const NSView& anchor) {
   if (const auto inTray = anchor.native().trayAnchor()) return *inTray;
   const QWidget& widget = *anchor.native().widget;
-  const MainWindow* const note = ProgramWindows::instance().mainWindow();
-  if (widget.parentWidget() != nullptr || note == nullptr) return {globalRect(widget), true};
+  const MainWindow* const window = ProgramWindows::instance().mainWindow();
+  if (widget.parentWidget() != nullptr || window == nullptr) return {globalRect(widget), true};
   QRect end = widget.rect();
-  const QRect whole = globalRect(*note);
+  const QRect whole = globalRect(*window);
   end.moveTopRight(whole.topRight());
-  end = QStyle::visualRect(note->layoutDirection(), whole, end);
+  end = QStyle::visualRect(window->layoutDirection(), whole, end);
   return {end, false};
 }
 
@@ -76,18 +76,18 @@ struct NSPopover::Impl {
   void showTransient(const NSPopover& popover) {
     bubble->onHide = [this, &popover] {
       // A user who came to the anchor by the keyboard goes on typing in the text.
-      if (MainWindow* const note = windows.mainWindow()) note->setFocus();
+      if (MainWindow* const window = windows.mainWindow()) window->setFocus();
       closed(popover);
     };
     bubble->show();
   }
 
   void showCompanion() {
-    MainWindow* const note = windows.mainWindow();
+    MainWindow* const window = windows.mainWindow();
     bubble->onEscape = [this] {
       if (windows.mainWindow() != nullptr) windows.mainWindow()->close();
     };
-    if (note != nullptr && !note->isVisible()) return windows.showCompanionLater(*bubble);
+    if (window != nullptr && !window->isVisible()) return windows.showCompanionLater(*bubble);
     windows.showCompanion(*bubble);
     windows.activateCompanion(*bubble);
   }

@@ -24,8 +24,9 @@ QWidgetList visibleWindows() {
 }  // namespace
 
 std::shared_ptr<NSWindow> ProgramWindows::keyWindow() const {
-  const auto found = std::find_if(mainWindows_.begin(), mainWindows_.end(),
-                                  [this](const auto* note) { return note->isVisible() && system_.isActive(*note); });
+  const auto found = std::find_if(mainWindows_.begin(), mainWindows_.end(), [this](const auto* window) {
+    return window->isVisible() && system_.isActive(*window);
+  });
   return found == mainWindows_.end() ? nullptr
                                      : std::static_pointer_cast<NSWindow>((*found)->owner().shared_from_this());
 }

@@ -132,7 +132,10 @@ void X11WindowSystem::updateActiveWindow() {
   if (active != XCB_NONE && ewmh_.isPanel(active)) return;
   active_ = active;
   if (active == XCB_NONE ? isXWayland_ : !isOurs(active)) previous_ = active;
-  if (expectation_ && expectation_->active && active_ == expectation_->window) settle();
+  if (expectation_ && expectation_->active && active_ == expectation_->window) {
+    raise(active_);
+    settle();
+  }
 }
 
 void X11WindowSystem::expect(Expectation expectation) {
@@ -167,6 +170,13 @@ void X11WindowSystem::forbidMinimizing(xcb_window_t window) {
 void X11WindowSystem::remap(xcb_window_t window) {
   xcb_unmap_window(connection_, window);
   xcb_map_window(connection_, window);
+}
+
+/// mutter puts a new window just below the active one, and leaves it there when that gives it the keyboard.
+void X11WindowSystem::raise(xcb_window_t window) {
+  constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+  xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+  xcb_flush(connection_);
 }
 
 /// At each show i3 moves a window by the size of a decoration that it then does not draw.

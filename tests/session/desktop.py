@@ -25,7 +25,6 @@ NOBODY = 65534
 FONTS = Path(__file__).resolve().parent.parent / "fonts.conf"
 DEBIAN_PYTHON = "/usr/bin/python3"  # has the modules of the packages
 
-
 # Where every desktop is installed, one that does not start is a fault.
 NotStarted = AssertionError if os.environ.get("CI") else unittest.SkipTest
 
@@ -33,13 +32,11 @@ NotStarted = AssertionError if os.environ.get("CI") else unittest.SkipTest
 def wait_until(predicate, what, timeout=20):
     """The first true value of the predicate; AssertionError if none comes in time."""
     deadline = time.monotonic() + timeout
-    while True:
-        value = predicate()
-        if value:
-            return value
+    while not (value := predicate()):
         if time.monotonic() > deadline:
             raise AssertionError(f"not within {timeout} s: {what}")
         time.sleep(0.02)
+    return value
 
 
 class Picture:
@@ -50,8 +47,7 @@ class Picture:
         self.places = [order.index(colour) for colour in "rgb"]
 
     def __getitem__(self, place):
-        x, y = place
-        start = y * self.line + x * self.step
+        start = place[1] * self.line + place[0] * self.step
         return tuple(self.bytes[start + offset] for offset in self.places)
 
 
@@ -59,27 +55,26 @@ class Desktop:
     """A context; what was started in it ends with it."""
 
     def __init__(self, name, screen=SCREEN):
-        self.name = name
-        self.screen = screen
+        self.name, self.kind, self.screen = name, KINDS[name], screen
         self.hands = None
         self._stack = contextlib.ExitStack()
 
     def __enter__(self):
-        with contextlib.ExitStack() as stack:
-            self._stack = stack
-            self._start()
-            self._stack = stack.pop_all()
+        with contextlib.ExitStack() as self._stack:
+            try:
+                self._start()
+            except (AssertionError, OSError) as error:
+                raise NotStarted(str(error)) from error
+            self._stack = self._stack.pop_all()
         return self
 
     def __exit__(self, *_):
         self._stack.close()
 
     def _start(self):
-        kind = KINDS[self.name]
-        where = f"{os.environ['PATH']}:/usr/libexec"
+        kind, where = self.kind, f"{os.environ['PATH']}:/usr/libexec"
         missing = [tool for tool in (*TOOLS, *kind.programs.split()) if not shutil.which(tool, path=where)]
-        if missing:
-            raise NotStarted(f"not installed: {', '.join(missing)}")
+        assert not missing, f"not installed: {', '.join(missing)}"
         self.home = Path(self._stack.enter_context(tempfile.TemporaryDirectory(ignore_cleanup_errors=True)))
         self._stack.callback(self._end_helpers)
         self.environment = {key: value for key, value in os.environ.items() if key == "PATH" or "SAN_OPTIONS" in key}
@@ -96,21 +91,54 @@ class Desktop:
             self.server, number = self._spawn_announcing(
                 lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size} -fbdir {self.home} -nolisten tcp -noreset")
             self.environment["DISPLAY"] = f":{number}"
-        command = self._prepare(kind)
+        command = self._prepare()
         if kind.programs:
             self.spawn(DEBIAN_PYTHON, "-m", "dbusmock", "--system", "--template", "logind")
             wait_until(lambda: self.has_owner("system", "org.freedesktop.login1"), "a login manager")
         for settle in kind.before:
             self.run(*settle.split(" ", 4))
         for _ in range(5):  # KWin at times aborts at its start
-            if self._runs(kind, command):
-                try:
-                    return self._start_beside(kind)
-                except AssertionError as error:
-                    raise NotStarted(str(error)) from error
-        raise NotStarted(f"{command[0]} ended with {self.manager.returncode} at its start")
+            if self._runs(command):
+                return self._start_beside()
+        raise AssertionError(f"{command[0]} ended with {self.manager.returncode} at its start")
 
-    def _start_beside(self, kind):
+    def _prepare(self):
+        """Writes the desktop's files; the command to start it with."""
+        for name, text in self.kind.files.items():
+            (self.home / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.home / name).write_text(text.format(home=self.home))
+        if self.kind.announces:
+            self.environment["XDG_SESSION_TYPE"] = "wayland" if self.kind.wayland else "x11"
+            (self.home / "announce").write_text(ANNOUNCE.format(home=self.home))
+            (self.home / "announce").chmod(0o755)
+        command = self.kind.command.format(home=self.home).split()
+        program = shutil.which(command[0])
+        if program and "security.capability" in os.listxattr(program):  # not to be had here; a copy has none
+            command[0] = shutil.copy(program, self.home)
+        if self.name == "sway" and os.geteuid() == 0:  # which does not run as root
+            for place in self.home, *self.home.rglob("*"):
+                os.chown(place, NOBODY, NOBODY)
+            command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
+        return command
+
+    def _runs(self, command):
+        """Starts the window manager or the compositor; whether it is ready for windows."""
+        told = self.home / "told"
+        told.unlink(missing_ok=True)
+        self.manager = self.spawn(*command)
+
+        def ready():
+            if self.kind.ask and not told.exists():
+                self.shell(self.kind.ask.format(home=self.home))
+            if told.exists():
+                session = dict(line.split("=", 1) for line in told.read_text().split("\0") if "=" in line)
+                self.environment |= {name: session[name] for name in ANNOUNCED if name in session}
+            return (told.exists() or not self.kind.announces) and self.prop("_NET_SUPPORTING_WM_CHECK")
+        wait_until(lambda: self.manager.poll() is not None or ready(), f"{command[0]} is ready")
+        return self.manager.poll() is None
+
+    def _start_beside(self):
+        kind = self.kind
         self.run("dbus-update-activation-environment", *(name for name in ANNOUNCED if name in self.environment))
         for program in kind.beside:
             self.spawn(*program.split())
@@ -137,146 +165,6 @@ class Desktop:
         service.stdin.flush()
         return json.loads(service.stdout.readline())
 
-    def picture(self):
-        """What is on the screen."""
-        path = self.home / "picture"
-        if KINDS[self.name].hands:
-            return Picture(path, 0, *self.tell(self.hands, "picture", str(path)))
-        screen = self.home / "Xvfb_screen0"
-        header = struct.unpack(">25I", screen.read_bytes()[:100])
-        return Picture(screen, header[0] + 12 * header[19], header[12], header[11] // 8, "bgr")
-
-    def has_tray(self):
-        with contextlib.suppress(AssertionError):
-            return "true" in self.call("session", "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
-                                       "org.freedesktop.DBus.Properties.Get", "org.kde.StatusNotifierWatcher",
-                                       "IsStatusNotifierHostRegistered")
-        return False
-
-    def shell(self, script):
-        """What GNOME Shell answers to a line of its own language."""
-        told = self.run("gdbus", "call", "--session", "--dest", "org.gnome.Shell", "--object-path", "/org/gnome/Shell",
-                        "--method", "org.gnome.Shell.Eval", script)
-        return told.strip()[8:-2] if told.startswith("(true") else ""
-
-    def has_owner(self, bus, name):
-        return "true" in self.call(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                   "org.freedesktop.DBus.NameHasOwner", name)
-
-    def _prepare(self, kind):
-        """Writes the desktop's files; the command to start it with."""
-        for name, text in kind.files.items():
-            (self.home / name).parent.mkdir(parents=True, exist_ok=True)
-            (self.home / name).write_text(text.format(home=self.home))
-        if kind.announces:
-            self.environment["XDG_SESSION_TYPE"] = "wayland" if kind.wayland else "x11"
-            announce = self.home / "announce"
-            announce.write_text(ANNOUNCE.format(home=self.home))
-            announce.chmod(0o755)
-        command = kind.command.format(home=self.home).split()
-        if kind.copied and (program := shutil.which(command[0])):
-            command[0] = shutil.copy(program, self.home)
-        if kind.never_root and os.geteuid() == 0:
-            for place in self.home, *self.home.rglob("*"):
-                os.chown(place, NOBODY, NOBODY)
-            command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
-        return command
-
-    def _runs(self, kind, command):
-        """Starts the window manager or the compositor; whether it is ready for windows."""
-        told = self.home / "told"
-        told.unlink(missing_ok=True)
-        self.manager = self._try_spawn(command)
-
-        def ready():
-            if kind.ask and not told.exists():
-                self.shell(kind.ask.format(home=self.home))
-            if told.exists():
-                session = dict(line.split("=", 1) for line in told.read_text().split("\0") if "=" in line)
-                self.environment |= {name: session[name] for name in ANNOUNCED if name in session}
-            return (told.exists() or not kind.announces) and self.prop("_NET_SUPPORTING_WM_CHECK")
-        try:
-            wait_until(lambda: self.manager.poll() is not None or ready(), f"{command[0]} is ready")
-        except AssertionError as error:
-            raise NotStarted(str(error)) from error
-        return self.manager.poll() is None
-
-    def needs(self, what):
-        """Skips the test where the desktop does not have what it needs."""
-        if reason := KINDS[self.name].cannot.get(what):
-            raise unittest.SkipTest(reason)
-
-    def can(self, what):
-        return what not in KINDS[self.name].cannot
-
-    @property
-    def is_whole(self):
-        return bool(KINDS[self.name].programs)
-
-    @property
-    def tiles(self):
-        return bool(KINDS[self.name].message)
-
-    def floats(self, window):
-        """Where windows are tiled: whether this one floats above them."""
-        def below(node, floating):
-            if node.get("window") == window:
-                return floating
-            inner = [below(child, floating) for child in node["nodes"]]
-            return any(inner + [below(child, True) for child in node["floating_nodes"]])
-        return below(json.loads(self.run(KINDS[self.name].message, "-t", "get_tree")), False)
-
-    def sync(self):
-        """Comes back when the window manager has seen all that was done to it before."""
-        message = KINDS[self.name].message
-        if message:
-            self.run(message, "nop")
-            return
-        if self.shell("1"):
-            return
-        if self.name == "xfce":  # its settings take part in the number of workspaces
-            panel = self.windows()[0]
-            before = self.prop("_NET_WM_STATE", panel)
-            for _ in range(2):
-                self.run("wmctrl", "-i", "-r", hex(panel), "-b", "toggle,skip_pager")
-                before = wait_until(lambda: {self.prop("_NET_WM_STATE", panel)} - {before}, "a state").pop()
-            return
-        before = int(self.prop("_NET_NUMBER_OF_DESKTOPS"))
-        for count in before + 1, before:
-            self.run("wmctrl", "-n", count)
-            wait_until(lambda: self.prop("_NET_NUMBER_OF_DESKTOPS") == str(count), f"{count} workspaces")
-
-    def work_area(self):
-        """The screen without the panels: x, y, width and height."""
-        return tuple(map(int, re.findall(r"\d+", self.prop("_NET_WORKAREA"))[:4])) or (0, 0, *self.screen)
-
-    def workspace(self):
-        """The number of the current one, from 0."""
-        message = KINDS[self.name].message
-        if not message:
-            return int(self.prop("_NET_CURRENT_DESKTOP") or -1)
-        spaces = json.loads(self.run(message, "-t", "get_workspaces") or "[]")
-        return next((space["num"] - 1 for space in spaces if space["focused"]), None)
-
-    def switch_to(self, workspace):
-        message = KINDS[self.name].message
-        if message:
-            self.run(message, "workspace", "number", workspace + 1)
-        else:
-            self.run("wmctrl", "-n", 2)
-            self.run("wmctrl", "-s", workspace)
-        wait_until(lambda: self.workspace() == workspace, "a switch of workspaces")
-
-    @contextlib.contextmanager
-    def keeping_only_the_window_manager(self):
-        """Ends what is started inside, so that tests can share a desktop."""
-        with contextlib.ExitStack() as inner:
-            outer, self._stack = self._stack, inner
-            try:
-                yield
-            finally:
-                self._stack = outer
-
     def start_bus(self):
         """A message bus, with its address."""
         return self._spawn_announcing(
@@ -285,29 +173,12 @@ class Desktop:
     def _spawn_announcing(self, command):
         """A process and the line that it writes to the descriptor it is given once it is ready."""
         read_end, write_end = os.pipe()
-        process = self._try_spawn(command(write_end).split(), pass_fds=[write_end])
+        process = self.spawn(*command(write_end).split(), pass_fds=[write_end])
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
             line = pipe.readline().strip()
-        if not line:
-            raise NotStarted(f"{process.args[0]} does not start")
+        assert line, f"{process.args[0]} does not start"
         return process, line
-
-    def _try_spawn(self, command, **options):
-        try:
-            return self.spawn(*command, **options)
-        except OSError as error:
-            raise NotStarted(f"{command[0]}: {error}") from error
-
-    def _end_helpers(self):
-        """Ends what the bus or another process started in its turn: all of it has this home. Some of it mounts here."""
-        mark = f"HOME={self.home}\0".encode()
-        for entry in Path("/proc").glob("[0-9]*"):
-            with contextlib.suppress(OSError):
-                if mark in (entry / "environ").read_bytes():
-                    os.kill(int(entry.name), signal.SIGKILL)
-        for mount in re.findall(rf"^\S+ ({self.home}/\S+) ", Path("/proc/mounts").read_text(), re.MULTILINE):
-            self.run("fusermount3", "-u", "-z", mount)
 
     def spawn(self, *command, environment=None, **options):
         """Starts a process in a group of its own, which is killed with the desktop."""
@@ -323,59 +194,150 @@ class Desktop:
             os.killpg(process.pid, signal.SIGKILL)
         process.wait()
 
+    def _end_helpers(self):
+        """Ends what the bus or another process started in its turn: all of it has this home. Some of it mounts here."""
+        mark = f"HOME={self.home}\0".encode()
+        for entry in Path("/proc").glob("[0-9]*"):
+            with contextlib.suppress(OSError):
+                if mark in (entry / "environ").read_bytes():
+                    os.kill(int(entry.name), signal.SIGKILL)
+        for mount in re.findall(rf"^\S+ ({self.home}/\S+) ", Path("/proc/mounts").read_text(), re.MULTILINE):
+            self.run("fusermount3", "-u", "-z", mount)
+
+    @contextlib.contextmanager
+    def keeping_only_the_window_manager(self):
+        """Ends what is started inside, so that tests can share a desktop."""
+        with contextlib.ExitStack() as inner:
+            outer, self._stack = self._stack, inner
+            try:
+                yield
+            finally:
+                self._stack = outer
+
     def run(self, *command):
-        """The output of an X tool; empty if it fails, as for a window that has just gone."""
+        """The output of a tool; empty if it fails, as for a window that has just gone."""
         done = subprocess.run([str(part) for part in command], env=self.environment, text=True, timeout=20,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         return done.stdout if done.returncode == 0 else ""
+
+    def call(self, bus, destination, path, method, *arguments):
+        """The printed answer of a D-Bus call on the session or the system bus; AssertionError with the error's text."""
+        command = ["gdbus", "call", f"--{bus}", "--dest", destination, "--object-path", path, "--method", method]
+        done = subprocess.run([*command, *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, timeout=20)
+        if done.returncode != 0:
+            raise AssertionError(done.stderr)
+        return done.stdout
+
+    def has_owner(self, bus, name):
+        return "true" in self.call(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                   "org.freedesktop.DBus.NameHasOwner", name)
+
+    def has_tray(self):
+        with contextlib.suppress(AssertionError):
+            return "true" in self.call("session", "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+                                       "org.freedesktop.DBus.Properties.Get", "org.kde.StatusNotifierWatcher",
+                                       "IsStatusNotifierHostRegistered")
+        return False
+
+    def shell(self, script):
+        """What GNOME Shell answers to a line of its own language."""
+        told = self.run("gdbus", "call", "--session", "--dest", "org.gnome.Shell", "--object-path", "/org/gnome/Shell",
+                        "--method", "org.gnome.Shell.Eval", script)
+        return told.strip()[8:-2] if told.startswith("(true") else ""
+
+    # What the desktop can do
+
+    def needs(self, what):
+        """Skips the test where the desktop does not have what it needs."""
+        if reason := self.kind.cannot.get(what):
+            raise unittest.SkipTest(reason)
+
+    def can(self, what):
+        return what not in self.kind.cannot
+
+    @property
+    def tiles(self):
+        return bool(self.kind.message)
+
+    def floats(self, window):
+        """Where windows are tiled: whether this one floats above them; None if it is not there."""
+        def below(node, floating):
+            if node.get("window") == window:
+                return floating
+            found = [below(child, floating) for child in node["nodes"]]
+            found += [below(child, True) for child in node["floating_nodes"]]
+            return next((each for each in found if each is not None), None)
+        return below(json.loads(self.run(self.kind.message, "-t", "get_tree")), False)
+
+    def work_area(self):
+        """The screen without the panels: x, y, width and height."""
+        return tuple(map(int, re.findall(r"\d+", self.prop("_NET_WORKAREA"))[:4])) or (0, 0, *self.screen)
+
+    def workspace(self):
+        """The number of the current one, from 0."""
+        if not self.tiles:
+            return int(self.prop("_NET_CURRENT_DESKTOP") or -1)
+        spaces = json.loads(self.run(self.kind.message, "-t", "get_workspaces") or "[]")
+        return next((space["num"] - 1 for space in spaces if space["focused"]), None)
+
+    def switch_to(self, workspace):
+        if self.tiles:
+            self.run(self.kind.message, "workspace", "number", workspace + 1)
+        else:
+            self.run("wmctrl", "-n", 2)
+            self.run("wmctrl", "-s", workspace)
+        wait_until(lambda: self.workspace() == workspace, "a switch of workspaces")
+
+    # Keyboard, pointer and screen
+
+    def _hand(self, command, *arguments, xdotool):
+        if self.hands:
+            self.tell(self.hands, command, *arguments)
+        else:
+            self.run("xdotool", *xdotool)
 
     def xdotool(self, *arguments):
         self.run("xdotool", *arguments)
 
     def keys(self, *combinations):
         """Presses each, as "ctrl+n"."""
-        if self.hands:
-            self.tell(self.hands, "keys", *combinations)
-        else:
-            self.xdotool("key", *combinations)
+        self._hand("keys", *combinations, xdotool=("key", *combinations))
 
     def type(self, text, delay=4):
         """Milliseconds between the characters."""
-        if self.hands:
-            self.tell(self.hands, "type", text, delay)
-        else:
-            first, *others = text.split("\n")
-            self.xdotool("type", "--delay", delay, first)
-            for line in others:
-                self.xdotool("key", "Return", "type", "--delay", delay, line)
+        lines = [part for line in text.split("\n")
+                 for part in ("key", "Return", "type", "--delay", delay, "--args", 1, line)]
+        self._hand("type", text, delay, xdotool=lines[2:])
 
     def move(self, x, y):
         """Moves the pointer there."""
-        if self.hands:
-            self.tell(self.hands, "move", x, y)
-        else:
-            self.xdotool("mousemove", x, y)
+        self._hand("move", x, y, xdotool=("mousemove", x, y))
 
     def hold(self, button=1):
-        if self.hands:
-            self.tell(self.hands, "press", button)
-        else:
-            self.xdotool("mousedown", button)
+        self._hand("press", button, xdotool=("mousedown", button))
 
     def release(self, button=1):
-        if self.hands:
-            self.tell(self.hands, "release", button)
-        else:
-            self.xdotool("mouseup", button)
+        self._hand("release", button, xdotool=("mouseup", button))
 
     def click(self, x, y, button=1, times=1):
         self.move(x, y)
         if not self.hands:  # in one go: two clicks that a busy machine parts are no double click
             self.xdotool("click", "--repeat", times, "--delay", 20, button)
-            return
-        for _ in range(times):
+        for _ in range(times if self.hands else 0):
             self.hold(button)
             self.release(button)
+
+    def picture(self):
+        """What is on the screen."""
+        if self.hands:
+            path = self.home / "picture"
+            return Picture(path, 0, *self.tell(self.hands, "picture", str(path)))
+        screen = self.home / "Xvfb_screen0"
+        header = struct.unpack(">25I", screen.read_bytes()[:100])
+        return Picture(screen, header[0] + 12 * header[19], header[12], header[11] // 8, "bgr")
+
+    # Windows
 
     def prop(self, name, window=None):
         """The text of a property of a window or of the root; empty if there is none."""
@@ -388,6 +350,13 @@ class Desktop:
         """The managed windows; from the lowest to the highest if stacked."""
         text = self.prop("_NET_CLIENT_LIST_STACKING" if stacked else "_NET_CLIENT_LIST")
         return [int(window, 16) for window in re.findall(r"0x[0-9a-f]+", text)]
+
+    def lies_above(self, window, other):
+        """Where windows are tiled: floats above the other, which does not."""
+        if self.tiles:
+            return bool(self.floats(window)) and not self.floats(other)
+        stack = self.windows(stacked=True)
+        return stack.index(window) > stack.index(other)
 
     def window_with(self, name, value):
         return next((window for window in self.windows() if self.prop(name, window) == value), None)
@@ -404,16 +373,16 @@ class Desktop:
         wait_until(lambda: self.is_active(window), what, timeout)
 
     def activate(self, window):
-        if message := KINDS[self.name].message:
-            self.run(message, f"[id={window}]", "focus")
+        if self.tiles:
+            self.run(self.kind.message, f"[id={window}]", "focus")
         else:
             self.run("wmctrl", "-i", "-a", hex(window))
         self.wait_active(window)
 
     def close(self, window):
         """As its user does with the window manager."""
-        if message := KINDS[self.name].message:
-            self.run(message, f"[id={window}]", "kill")
+        if self.tiles:
+            self.run(self.kind.message, f"[id={window}]", "kill")
         else:
             self.run("wmctrl", "-i", "-c", hex(window))
 
@@ -425,19 +394,6 @@ class Desktop:
         text = self.run("xwininfo", "-id", window)
         return tuple(int(re.search(label + r":\s*(-?\d+)", text)[1])
                      for label in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
-
-    def call(self, bus, destination, path, method, *arguments):
-        """The printed answer of a D-Bus call on the session or the system bus; AssertionError with the error's text."""
-        command = ["gdbus", "call", f"--{bus}", "--dest", destination, "--object-path", path, "--method", method]
-        done = subprocess.run([*command, *arguments], env=self.environment, stdin=subprocess.DEVNULL,
-                              capture_output=True, text=True, timeout=20)
-        if done.returncode != 0:
-            raise AssertionError(done.stderr)
-        return done.stdout
-
-    def signal(self, bus, path, name, *arguments):
-        """Sends a D-Bus signal to everybody."""
-        self.run("gdbus", "emit", f"--{bus}", "--object-path", path, "--signal", name, *arguments)
 
     def companion(self, title, *options):
         """The window of another program, active."""

@@ -16,12 +16,9 @@ import dbus
 from obeying import obey
 
 KEYS = {"Escape": 1, "BackSpace": 14, "Return": 28, "\n": 28, "ctrl": 29, "shift": 42, "alt": 56, "space": 57, " ": 57,
-        "Caps_Lock": 58, "F6": 64, "Num_Lock": 69, "Left": 105, "Down": 108, "super": 125}  # evdev's
-SHIFTED = {}
-for first, plain, shifted in ((2, "1234567890-=", "!@#$%^&*()_+"), (16, "qwertyuiop[]", "QWERTYUIOP{}"),
-                              (30, "asdfghjkl;'`", 'ASDFGHJKL:"~'), (43, "\\zxcvbnm,./", "|ZXCVBNM<>?")):
-    KEYS |= {character: first + place for place, character in enumerate(plain)}
-    SHIFTED |= dict(zip(shifted, plain))
+        "F6": 64, "Down": 108, "super": 125}  # evdev's
+for first, row in (2, "1234567890-="), (16, "qwertyuiop[]"), (30, "asdfghjkl;'`"), (43, "\\zxcvbnm,./"):
+    KEYS |= {character: first + place for place, character in enumerate(row)}
 BUTTONS = {1: 0x110, 2: 0x112, 3: 0x111}
 
 
@@ -38,7 +35,7 @@ class Hands:
     def type(self, text, delay):
         """With that many milliseconds after each character."""
         for character in text:
-            self.keys(f"shift+{SHIFTED[character]}" if character in SHIFTED else character)
+            self.keys(character)
             time.sleep(delay / 1000)
 
     def press(self, button=1):
@@ -52,7 +49,6 @@ class Mutter(Hands):
     NAME = "org.gnome.Mutter.RemoteDesktop"
 
     def __init__(self):
-        super().__init__()
         self.bus = dbus.SessionBus()
         creator = self.bus.get_object(self.NAME, "/org/gnome/Mutter/RemoteDesktop")
         path = creator.CreateSession(dbus_interface=self.NAME)
@@ -87,7 +83,6 @@ class Wayland(Hands):
     SYNC, GET_REGISTRY, BIND = 0, 1, 0
 
     def __init__(self):
-        super().__init__()
         self.socket = socket.socket(socket.AF_UNIX)
         self.socket.connect(os.path.join(os.environ["XDG_RUNTIME_DIR"], os.environ["WAYLAND_DISPLAY"]))
         self.last = self.DISPLAY
@@ -113,6 +108,13 @@ class Wayland(Hands):
         body = b"".join(map(packed, arguments))
         socket.send_fds(self.socket, [struct.pack("=IHH", number, opcode, len(body) + 8) + body], descriptors)
 
+    def send(self, number, opcode, *arguments, frame=None):
+        """Comes back when the compositor has taken it."""
+        self.request(number, opcode, *arguments)
+        if frame is not None:
+            self.request(number, frame)
+        self.wait()
+
     def wait(self):
         """Until the compositor has taken all requests."""
         done = self.new()
@@ -137,16 +139,13 @@ class KWin(Wayland):
         self.request(self.input, self.AUTHENTICATE, "a user", "a test")
 
     def key(self, code, down):
-        self.request(self.input, self.KEY, code, down)
-        self.wait()
+        self.send(self.input, self.KEY, code, down)
 
     def button(self, code, down):
-        self.request(self.input, self.BUTTON, code, down)
-        self.wait()
+        self.send(self.input, self.BUTTON, code, down)
 
     def move(self, x, y):
-        self.request(self.input, self.MOVE, x * 256, y * 256)
-        self.wait()
+        self.send(self.input, self.MOVE, x * 256, y * 256)
 
     def picture(self, path):
         screen = dbus.SessionBus().get_object("org.kde.KWin", "/org/kde/KWin/ScreenShot2")
@@ -163,7 +162,7 @@ class Sway(Wayland):
     CREATE = 0
     KEYMAP, KEY, MODIFIERS = 0, 1, 2
     MOVE, BUTTON, FRAME = 1, 2, 4
-    MODIFIER = {"shift": 1, "ctrl": 4, "alt": 8, "super": 64}
+    MODIFIER = {KEYS["shift"]: 1, KEYS["ctrl"]: 4, KEYS["alt"]: 8}
     US = ('xkb_keymap { xkb_keycodes { include "evdev" }; xkb_types { include "complete" }; '
           'xkb_compat { include "complete" }; xkb_symbols { include "pc+us" }; };')
 
@@ -188,28 +187,20 @@ class Sway(Wayland):
 
     def key(self, code, down):
         self.request(self.keyboard, self.KEY, self.now(), code, down)
-        self.modifiers ^= sum(mask for name, mask in self.MODIFIER.items() if KEYS[name] == code)
-        self.request(self.keyboard, self.MODIFIERS, self.modifiers, 0, 0, 0)
-        self.wait()
+        self.modifiers ^= self.MODIFIER.get(code, 0)
+        self.send(self.keyboard, self.MODIFIERS, self.modifiers, 0, 0, 0)
 
     def button(self, code, down):
-        self.request(self.pointer, self.BUTTON, self.now(), code, down)
-        self.request(self.pointer, self.FRAME)
-        self.wait()
+        self.send(self.pointer, self.BUTTON, self.now(), code, down, frame=self.FRAME)
 
     def move(self, x, y):
         """In two steps: XWayland looks which window is below the pointer at the second one into its windows only."""
         for step in 1, 0:
-            self.request(self.pointer, self.MOVE, self.now(), max(x - step, 0), y, *map(int, sys.argv[2:]))
-            self.request(self.pointer, self.FRAME)
-            self.wait()
-
-
-def main():
-    hands = {"mutter": Mutter, "kwin": KWin, "sway": Sway}[sys.argv[1]]()
-    hands.keys("shift")  # the first key of all is lost while programs learn that there is a keyboard
-    obey(hands)
+            place = max(x - step, 0), y, *map(int, sys.argv[2:])
+            self.send(self.pointer, self.MOVE, self.now(), *place, frame=self.FRAME)
 
 
 if __name__ == "__main__":
-    main()
+    hands = {"mutter": Mutter, "kwin": KWin, "sway": Sway}[sys.argv[1]]()
+    hands.keys("shift")  # the first key of all is lost while programs learn that there is a keyboard
+    obey(hands)

@@ -15,8 +15,6 @@ class Kind(typing.NamedTuple):
     wayland: bool = False
     message: str = ""  # of a tiling one: the tool that gives it commands
     cannot: dict = {}  # what a test needs and does not get here, with the reason
-    copied: bool = False  # the program's file capabilities are not to be had here: a copy has none
-    never_root: bool = False
     hands: str = ""  # whose keyboard, pointer and screen of hands.py; without, those of the X server
     programs: str = ""  # of a whole session
     before: tuple = ()  # commands that settle something
@@ -35,32 +33,7 @@ class Kind(typing.NamedTuple):
 
 
 SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
-# The strictest that they have against programs that bring themselves forward.
-STRICT_KWIN = {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}
-STRICT_MUTTER = {"xdg_config_home/glib-2.0/settings/keyfile":
-                 "[org/gnome/desktop/wm/preferences]\nfocus-new-windows='strict'\n"}
-MUTTER = SOFTWARE_GL | {"GSETTINGS_BACKEND": "keyfile"}
 SIZE = "{}x{}".format(*SCREEN)
-KINDS = {
-    "openbox": Kind("openbox"),
-    "xfwm4": Kind("xfwm4 --compositor=off"),
-    "mutter": Kind("mutter --x11 --sm-disable", MUTTER, STRICT_MUTTER),
-    "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"}, STRICT_KWIN),
-    "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg"),
-    "mutter-wayland": Kind(f"mutter --wayland --headless --virtual-monitor {SIZE} --sm-disable {{home}}/announce",
-                           MUTTER, STRICT_MUTTER, wayland=True, hands="mutter"),
-    "kwin-wayland": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
-                         "{home}/announce", {"KWIN_COMPOSE": "Q", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1"},
-                         STRICT_KWIN, wayland=True, hands="kwin", copied=True),
-    "sway": Kind("sway -c {home}/sway",
-                 {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"},
-                 {"sway": f"output HEADLESS-1 resolution {SIZE}\nexec xhost +local: && {{home}}/announce\n"},
-                 wayland=True, message="swaymsg", never_root=True, hands="sway", cannot={
-                     "pin": "it has no such states: a floating window is above the tiled ones, `sticky` is the user's",
-                     "position": "it places floating windows itself",
-                     "full screen": "it gives no other window the keyboard beside a full-screen one"}),
-}
-
 WHOLE = "xdg-desktop-portal"
 ON_WAYLAND = f"{WHOLE} weston-terminal"
 GNOME = Kind(f"gnome-shell --unsafe-mode --headless --wayland --virtual-monitor {SIZE} --sm-disable",
@@ -77,11 +50,12 @@ EXTENSION = "gsettings set org.gnome.shell enabled-extensions ['ubuntu-appindica
 KINDS = {
     "gnome": GNOME,
     "gnome-tray": GNOME._replace(tray=True, clicks=2, before=(*GNOME.before, EXTENSION)),
-    "plasma": Kind(KINDS["kwin-wayland"].command,
+    "plasma": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
+                   "{home}/announce",
                    SOFTWARE_GL | {"KWIN_COMPOSE": "O2ES", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
                                   "KDE_SESSION_VERSION": "5", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1",
                                   "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1"},
-                   wayland=True, copied=True, hands="kwin", tray=True,
+                   wayland=True, hands="kwin", tray=True,
                    programs=f"{ON_WAYLAND} plasmashell plasma-apply-colorscheme kded5", beside=("kded5", "plasmashell"),
                    light="plasma-apply-colorscheme BreezeLight", dark="plasma-apply-colorscheme BreezeDark"),
     "xfce": Kind("xfce4-session", {"XDG_CURRENT_DESKTOP": "XFCE"},
@@ -89,4 +63,19 @@ KINDS = {
                  programs=f"{WHOLE} xdg-desktop-portal-gtk xfwm4 xfce4-panel xfsettingsd", tray=True,
                  light="xfconf-query -c xsettings -p /Net/ThemeName -s Adwaita",
                  dark="xfconf-query -c xsettings -p /Net/ThemeName -s Adwaita-dark"),
-} | KINDS
+    "openbox": Kind("openbox"),
+    # KWin and mutter with the strictest that they have against programs that bring themselves forward.
+    "mutter": Kind("mutter --x11 --sm-disable", SOFTWARE_GL | {"GSETTINGS_BACKEND": "keyfile"},
+                   {"xdg_config_home/glib-2.0/settings/keyfile":
+                    "[org/gnome/desktop/wm/preferences]\nfocus-new-windows='strict'\n"}),
+    "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"},
+                 {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}),
+    "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg"),
+    "sway": Kind("sway -c {home}/sway",
+                 {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"},
+                 {"sway": f"output HEADLESS-1 resolution {SIZE}\nexec xhost +local: && {{home}}/announce\n"},
+                 wayland=True, message="swaymsg", hands="sway", cannot={
+                     "pin": "it has no such states: a floating window is above the tiled ones, `sticky` is the user's",
+                     "position": "it places floating windows itself",
+                     "full screen": "it gives no other window the keyboard beside a full-screen one"}),
+}

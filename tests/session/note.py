@@ -4,6 +4,7 @@
 import argparse
 import contextlib
 import json
+import re
 import shutil
 import subprocess
 import tempfile
@@ -11,11 +12,13 @@ import time
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import Desktop, NotStarted, wait_until
 
 NAME = "org.quillberry.Quillberry"
 PATH = "/org/quillberry/Quillberry"
 APPLICATION = "org.freedesktop.Application"
+SHOW, PIN = "ctrl+alt+n", "ctrl+alt+p"
+ON_EVERY_WORKSPACE = str(0xFFFFFFFF)
 
 options = argparse.Namespace(binary=None, desktop="openbox")
 
@@ -27,7 +30,7 @@ class Note:
         self.desktop = desktop
         self.folder = Path(folder)
         self.environment = dict(desktop.environment)
-        if not desktop.is_whole:  # where other programs' settings count
+        if not desktop.kind.programs:  # in a whole session other programs' settings count
             self.environment |= {"HOME": str(folder), "XDG_DATA_HOME": f"{folder}/data",
                                  "XDG_CONFIG_HOME": f"{folder}/config"}
         self.file, self.settings = (Path(self.environment[f"XDG_{kind}_HOME"], "Quillberry", name)
@@ -47,12 +50,11 @@ class Note:
     def launch(self):
         """Starts the program and waits for its window."""
         self.process = self.desktop.spawn(options.binary, environment=self.environment, stderr=None)
-        self.window = wait_until(self._find_window, "the note's window")
 
-    def _find_window(self):
-        if self.process.poll() is not None:
-            raise AssertionError(f"the program ended with {self.process.returncode}")
-        return self.desktop.window_with("_NET_WM_PID", str(self.process.pid))
+        def window():
+            assert self.process.poll() is None, f"the program ended with {self.process.returncode}"
+            return self.desktop.window_with("_NET_WM_PID", str(self.process.pid))
+        self.window = wait_until(window, "the note's window")
 
     def start_again(self):
         """A second start: it brings the running one forward and ends at once."""
@@ -60,16 +62,16 @@ class Note:
         assert (done.returncode, done.stderr) == (0, ""), done
         self.wait_active("the note is active after a second start")
 
-    def wait_active(self, what, timeout=20):
-        """Until the note gets the keys: those go nowhere while a compositor has not seen the active window's surface."""
-        self.desktop.wait_active(self.window, what, timeout)
-        if self.desktop.hands:
-            self.wait_for_keys()
-
     def run_to_end(self, timeout=5, **changes):
         environment = {key: value for key, value in (self.environment | changes).items() if value is not None}
         return subprocess.run([options.binary], env=environment, stdin=subprocess.DEVNULL, capture_output=True,
                               text=True, timeout=timeout)
+
+    def wait_active(self, what="the note is in front", timeout=20):
+        """Until the note gets the keys: those go nowhere while a compositor has not seen the active window's surface."""
+        self.desktop.wait_active(self.window, what, timeout)
+        if self.desktop.hands:
+            self.wait_for_keys()
 
     def perform(self, action, parameter="[]"):
         """Asks for an action over the session bus, as any program can that sees the name there."""
@@ -102,11 +104,6 @@ class Note:
             return self.file.read_bytes().decode(errors="replace")
         return None
 
-    def put_settings(self, **settings):
-        """The settings before the first start; those of a user who has been welcomed, unless said otherwise."""
-        self.settings.parent.mkdir(parents=True, exist_ok=True)
-        self.settings.write_text(json.dumps({"didShowWelcome": True} | settings))
-
     def put_text(self, contents):
         self.file.parent.mkdir(parents=True)
         self.file.write_bytes(contents)
@@ -117,12 +114,23 @@ class Note:
         except AssertionError as error:
             raise AssertionError(f"{error}; it holds {self.text()!r}") from None
 
+    def put_settings(self, **settings):
+        """The settings before the first start; those of a user who has been welcomed, unless said otherwise."""
+        self.settings.parent.mkdir(parents=True, exist_ok=True)
+        self.settings.write_text(json.dumps({"didShowWelcome": True} | settings))
+
+    def wait_setting(self, name, value):
+        wait_until(lambda: json.loads(self.settings.read_text()).get(name, True) is value, f"{name} is {value}", 10)
+
     def hide(self):
         self.desktop.keys("Escape")
         self.wait_hidden()
 
+    def is_shown(self):
+        return self.desktop.is_viewable(self.window)
+
     def wait_hidden(self):
-        wait_until(lambda: not self.desktop.is_viewable(self.window), "the note is hidden")
+        wait_until(lambda: not self.is_shown(), "the note is hidden")
 
     def click(self, x, y, **how):
         """At a point inside the window."""
@@ -136,18 +144,45 @@ class Note:
         """On a desktop that places windows itself, the size alone."""
         first = 0 if self.desktop.can("position") else 2
 
-        def distances():
-            return [abs(a - b) for a, b in zip(self.geometry(), (x, y, width, height))][first:]
+        def fits():
+            return all(abs(a - b) <= tolerance for a, b in list(zip(self.geometry(), (x, y, width, height)))[first:])
         try:
-            wait_until(lambda: max(distances()) <= tolerance,
-                       f"frame {x, y, width, height}", 10)
+            wait_until(fits, f"frame {x, y, width, height}", 10)
         except AssertionError as error:
             raise AssertionError(f"{error}; it is {self.geometry()}") from None
+
+    def wait_pinned(self, pinned=True):
+        """Above the others, on every workspace, in no taskbar and pager; where the desktop has words for that."""
+        if not self.desktop.can("pin"):
+            return
+        wanted = {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}
+
+        def is_pinned():
+            states = set(self.desktop.prop("_NET_WM_STATE", self.window).split(", "))
+            return wanted <= states if pinned else "_NET_WM_STATE_ABOVE" not in states
+        if not self.desktop.tiles:  # there the note floats above the others all the time
+            wait_until(is_pinned, f"the states of a pinned note: {pinned}")
+        wait_until(lambda: (self.desktop.prop("_NET_WM_DESKTOP", self.window) == ON_EVERY_WORKSPACE) == pinned,
+                   f"on every workspace: {pinned}")
 
     def signal(self, number):
         """Sends a signal; the exit code."""
         self.process.send_signal(number)
         return self.process.wait(timeout=10)
+
+    def other_window(self):
+        """The program's window beside the note, if there is one."""
+        own = [window for window in self.desktop.windows()
+               if self.desktop.prop("_NET_WM_PID", window) == str(self.process.pid)]
+        return next((window for window in own if window != self.window), None)
+
+    def popup(self):
+        """Whether the program shows a menu or the shortcuts: a window of its own class that no window manager has."""
+        text = self.desktop.run("xwininfo", "-root", "-children")
+        windows = re.findall(r'(0x[0-9a-f]+) .*\("quillberry" "Quillberry"\)', text)
+        return any(all(state in self.desktop.run("xwininfo", "-id", window)
+                       for state in ("IsViewable", "Override Redirect State: yes"))
+                   and "TOOLTIP" not in self.desktop.prop("_NET_WM_WINDOW_TYPE", window) for window in windows)
 
 
 class SessionTest(unittest.TestCase):
@@ -159,40 +194,33 @@ class SessionTest(unittest.TestCase):
         folder = self.enterContext(tempfile.TemporaryDirectory(ignore_cleanup_errors=True))
         self.enterContext(self.desktop.keeping_only_the_window_manager())
         self.note = Note(self.desktop, folder)
+        self.companion = None
 
-    def assert_pinned(self):
-        """Above the others, on every workspace, in no taskbar and pager; where the desktop has words for that."""
-        if not self.desktop.can("pin"):
-            return
+    def start_beside_companion(self):
+        self.companion = self.desktop.companion("companion")
+        return self.note.start()
 
-        def missing():
-            states = self.desktop.prop("_NET_WM_STATE", self.note.window)
-            wanted = {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}
-            return wanted - set(states.split(", "))
-        wait_until(lambda: not missing(), "the states of a pinned note")
-        wait_until(lambda: self.desktop.prop("_NET_WM_DESKTOP", self.note.window) == str(0xFFFFFFFF), "every workspace")
+    def wait_put_away(self):
+        self.note.wait_hidden()
+        if self.companion:
+            self.desktop.wait_active(self.companion, "the companion is active again")
 
-    def assert_stays_above(self, *companions):
-        """Raises each in turn; that it went over the one before shows that the raise was done. Tiles are never raised
-        above what floats."""
-        if self.desktop.tiles:
-            self.assertTrue(self.desktop.floats(self.note.window), "the note floats")
-            for companion in companions:
-                self.assertFalse(self.desktop.floats(companion))
-                self.desktop.activate(companion)
-            return
-        for below, above in zip(companions, companions[1:] + companions[:1]):
-            self.desktop.activate(above)
-            stack = wait_until(lambda: self.stack_if_above(below, above), "a companion is raised")
-            self.assertGreater(stack.index(self.note.window), stack.index(above), "a companion covers the note")
+    def press(self, *keys):
+        self.desktop.keys(*keys)
 
-    def assert_lies_above(self, other):
-        if self.desktop.tiles:
-            self.assertTrue(self.desktop.floats(self.note.window), "the note floats")
+    def toggle(self):
+        """From outside, in the way that the desktop has."""
+        if "WAYLAND_DISPLAY" in self.desktop.environment:
+            self.note.perform("toggleWindow")
         else:
-            stack = self.desktop.windows(stacked=True)
-            self.assertGreater(stack.index(self.note.window), stack.index(other))
+            self.press(SHOW)
 
-    def stack_if_above(self, below, above):
-        stack = self.desktop.windows(stacked=True)
-        return stack if stack.index(above) > stack.index(below) else None
+    def start_helper(self, what, *command):
+        """A program from Debian's packages."""
+        try:
+            process = self.desktop.spawn(*command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        except OSError as error:
+            raise NotStarted(f"{what}: {error}") from error
+        self.addCleanup(process.stdin.close)
+        self.addCleanup(process.stdout.close)
+        return process

@@ -20,24 +20,20 @@ SESSION, REQUEST = "org.freedesktop.portal.Session", "org.freedesktop.portal.Req
 GRANTED, REFUSED, FAILED = range(3)
 SLOW = "slow, and without a registry of programs"
 
-# kind: what it answers to some methods, signature and values, where that is not what is right.
+# kind: what it answers to a method, signature and values, where that is not what is right.
 KINDS = {
     "good": {},
     SLOW: {},
-    "binding with the session": {},
-    "with one shortcut to give": {},
-    "with other keys": {},
-    "lists other types": {"ListShortcuts": ("ua{sv}", GRANTED, {"shortcuts": dbus.Array(["x"])})},
-    "refuses to list": {"ListShortcuts": ("ua{sv}", REFUSED, {})},
-    "refuses session": {"CreateSession": ("ua{sv}", REFUSED, {})},
-    "says that it has failed": {"BindShortcuts": ("ua{sv}", FAILED, {})},  # GNOME 48, when the user has agreed
-    "number for a handle": {"CreateSession": ("ua{sv}", GRANTED, {"session_handle": dbus.Int32(1)})},
-    "answer of other types": {"CreateSession": ("s", "granted")},
+    "binding with the session": {"ListShortcuts": lambda portal: ("ua{sv}", GRANTED, {"shortcuts": portal.shortcuts})},
+    "with one shortcut to give": {
+        "BindShortcuts": lambda portal: ("ua{sv}", GRANTED, {"shortcuts": portal.shortcuts[:1]})},
+    "with other keys": {"BindShortcuts": lambda portal: ("ua{sv}", GRANTED, {"shortcuts": portal.named("Meta+N")})},
+    "lists other types": {"ListShortcuts": lambda _: ("ua{sv}", GRANTED, {"shortcuts": dbus.Array(["x"])})},
+    "refuses session": {"CreateSession": lambda _: ("ua{sv}", REFUSED, {})},
+    "says that it has failed": {"BindShortcuts": lambda _: ("ua{sv}", FAILED, {})},  # GNOME 48, when the user agreed
+    "number for a handle": {"CreateSession": lambda _: ("ua{sv}", GRANTED, {"session_handle": dbus.Int32(1)})},
+    "answer of other types": {"CreateSession": lambda _: ("s", "granted")},
 }
-
-
-def described(shortcuts):
-    return [[name, properties["description"], properties["preferred_trigger"]] for name, properties in shortcuts]
 
 
 class Portal(dbus.service.Object):
@@ -51,10 +47,10 @@ class Portal(dbus.service.Object):
         message.append(*values, signature=signature)
         self.bus.send_message(message)
 
-    def _answer(self, method, sender, options, results):
+    def _answer(self, call, sender, options, results):
         """Answers before the reply to the call, as a quick portal may; the slow kind after it."""
         path = f"{PATH}/request/{sender[1:].replace('.', '_')}/{options['handle_token']}"
-        answer = KINDS[self.kind].get(method, ("ua{sv}", GRANTED, results))
+        answer = KINDS[self.kind].get(call, lambda _: ("ua{sv}", GRANTED, results))(self)
 
         def send():
             self._send(path, REQUEST, "Response", *answer)
@@ -65,33 +61,32 @@ class Portal(dbus.service.Object):
             send()
         return dbus.ObjectPath(path)
 
-    @dbus.service.method("org.freedesktop.host.portal.Registry", in_signature="sa{sv}", sender_keyword="sender")
-    def Register(self, app_id, options, sender):
+    def _note(self, call, shortcuts=()):
+        self.calls.append([call, *([name, told["description"], told["preferred_trigger"]] for name, told in shortcuts)])
+
+    @dbus.service.method("org.freedesktop.host.portal.Registry", in_signature="sa{sv}")
+    def Register(self, app_id, options):
         self.calls.append(["Register", app_id])
         if self.kind == SLOW:
             raise dbus.DBusException("", name="org.freedesktop.DBus.Error.UnknownMethod")
 
     @dbus.service.method(SHORTCUTS, in_signature="a{sv}", out_signature="o", sender_keyword="sender")
     def CreateSession(self, options, sender):
-        self.calls.append(["CreateSession", *described(options["shortcuts"])])
         self.shortcuts = options["shortcuts"]
+        self._note("CreateSession", self.shortcuts)
         self.session = f"{PATH}/session/{sender[1:].replace('.', '_')}/{options['session_handle_token']}"
         return self._answer("CreateSession", sender, options, {"session_handle": self.session})
 
     @dbus.service.method(SHORTCUTS, in_signature="oa{sv}", out_signature="o", sender_keyword="sender")
     def ListShortcuts(self, session, options, sender):
-        self.calls.append(["ListShortcuts"])
-        bound = self.shortcuts if self.kind == "binding with the session" else dbus.Array([], signature="(sa{sv})")
-        return self._answer("ListShortcuts", sender, options, {"shortcuts": bound})
+        self._note("ListShortcuts")
+        return self._answer("ListShortcuts", sender, options, {"shortcuts": dbus.Array([], signature="(sa{sv})")})
 
     @dbus.service.method(SHORTCUTS, in_signature="oa(sa{sv})sa{sv}", out_signature="o", sender_keyword="sender")
     def BindShortcuts(self, session, shortcuts, parent, options, sender):
         assert session == self.session
-        self.calls.append(["BindShortcuts", *described(shortcuts)])
-        bound = shortcuts[:1] if self.kind == "with one shortcut to give" else shortcuts
-        if self.kind == "with other keys":
-            bound = self.named("Meta+N")
-        return self._answer("BindShortcuts", sender, options, {"shortcuts": bound})
+        self._note("BindShortcuts", shortcuts)
+        return self._answer("BindShortcuts", sender, options, {"shortcuts": shortcuts})
 
     def named(self, keys):
         """The first shortcut, by other keys."""
@@ -109,14 +104,9 @@ class Portal(dbus.service.Object):
         self._send(self.session, SESSION, "Closed", "a{sv}", {})
 
 
-def main():
-    bus = dbus.SessionBus()
-    portal = Portal(bus, sys.argv[1])
-    # The object first: callers come with the name.
-    name = dbus.service.BusName(NAME, bus, allow_replacement=True, replace_existing=True)
-    obey(portal)
-    del name
-
-
 if __name__ == "__main__":
-    main()
+    session_bus = dbus.SessionBus()
+    played = Portal(session_bus, sys.argv[1])
+    # The object first: callers come with the name.
+    owned = dbus.service.BusName(NAME, session_bus, allow_replacement=True, replace_existing=True)
+    obey(played)

@@ -1,12 +1,15 @@
 # SPDX-License-Identifier: MIT
-"""A user's day in a whole session, with its own tray, portal, settings and session manager."""
+"""A user's day in a whole session, with its own tray, portal, settings and session manager; and Wayland's ways."""
 
 import contextlib
+import json
+import re
+import signal
 import time
 
-from desktop import wait_until
-from kinds import KINDS
-from test_shell import ITEM_BUTTON, PIN, SHOW, TrayTest
+from desktop import Desktop, wait_until
+from note import APPLICATION, NAME, PATH, PIN, SHOW, Note, SessionTest, options
+from test_shell import FRAME_KEY, ITEM_BUTTON, TrayTest
 
 BLACK = (0, 0, 0)
 
@@ -14,7 +17,7 @@ BLACK = (0, 0, 0)
 class TestDay(TrayTest):
     def setUp(self):
         super().setUp()
-        self.kind = KINDS[self.desktop.name]
+        self.kind = self.desktop.kind
 
     def panel(self):
         """The rows of the screen along the edge that the tray is at."""
@@ -27,49 +30,45 @@ class TestDay(TrayTest):
             x, y, _, _ = self.note.geometry()
             return x + ITEM_BUTTON[0], y + ITEM_BUTTON[1]
         picture, size = self.desktop.picture(), 24
+
         def is_of_item(colour):  # the same grey on light and on dark panels
             return 126 < min(colour) == max(colour) < 138
         grey = [x for y in self.panel() for x in range(self.desktop.screen[0]) if is_of_item(picture[x, y])]
         count, left = max((sum(left <= x < left + size for x in grey), -left) for left in {*grey, 0})
         return (size // 2 - left, self.panel()[len(self.panel()) // 2]) if count > 20 else None
 
-    def arrow_of(self, balloon):
-        """Where the tip of its arrow is; nowhere, if the whole edge towards the panel is the balloon's."""
+    def has_arrow(self, balloon):
+        """Whether the balloon's edge towards the panel is but the tip of one."""
         x, y, width, height = self.desktop.geometry(balloon)
-        edge = y + 4 if self.panel()[0] == 0 else y + height - 5
-        picture = self.desktop.picture()
-        light = [place for place in range(x, x + width) if min(picture[place, edge]) > 240]
-        return sum(light) / len(light) if 0 < len(light) < width / 2 else None
+        edge, picture = y + 4 if self.panel()[0] == 0 else y + height - 5, self.desktop.picture()
+        return 0 < sum(min(picture[place, edge]) > 240 for place in range(x, x + width)) < width / 2
 
     def test_welcome(self):
         """It points at the item or at nothing; Return closes it, and the note has the keyboard."""
         self.note.put_settings(didShowWelcome=False)
         self.note.launch()
-        welcome = wait_until(self.other_window, "the welcome")
+        welcome = wait_until(self.note.other_window, "the welcome")
         self.desktop.wait_active(welcome)
         item = wait_until(self.place_of_item, "the item is in the tray")
         x, y, width, height = self.desktop.geometry(welcome)
         wait_until(lambda: min(self.desktop.picture()[x + 8, y + height // 2]) > 230, "the balloon is drawn")
-        arrow = self.arrow_of(welcome)
         if self.kind.tray:  # none of these tells where the item is
-            self.assertIsNone(arrow)
+            self.assertFalse(self.has_arrow(welcome))
             self.assertLess(self.desktop.screen[0] - x - width, 60, "at the end of the panel")
             self.assertLess(min(abs(row - edge) for row in self.panel() for edge in (y, y + height)), 60)
         else:
             self.assertTrue(x <= item[0] <= x + width and abs(y - item[1]) < 60, (x, y, item))
         self.press("Return")
-        wait_until(lambda: not self.desktop.is_viewable(welcome), "Return closes it")
-        self.wait_forward()
-        self.note.type("Milk, eggs\n(bread?)")
-        self.note.wait_for_text("Milk, eggs\n(bread?)")
-        self.assert_pinned()
+        self.note.wait_active()
+        self.note.type("milk, eggs\nand bread")
+        self.note.wait_for_text("milk, eggs\nand bread")
+        self.note.wait_pinned()
 
     def start_wayland_client(self):
         """A terminal that fills the screen and keeps what it hears."""
         if not self.kind.wayland:
             self.skipTest("there are no Wayland clients in this session")
-        self.heard = self.note.folder / "heard"
-        listen = self.note.folder / "listen"
+        self.heard, listen = self.note.folder / "heard", self.note.folder / "listen"
         listen.write_text(f"#!/bin/sh\nexec cat > {self.heard}\n")
         listen.chmod(0o755)
         self.desktop.spawn("weston-terminal", "--maximized", f"--shell={listen}")
@@ -100,35 +99,34 @@ class TestDay(TrayTest):
         """Whether a press does: the desktop gives the keys some time after the note's start."""
         self.press(SHOW)
         with contextlib.suppress(AssertionError):
-            return wait_until(lambda: self.desktop.is_viewable(self.note.window), "it shows", 2)
+            return wait_until(self.note.is_shown, "it shows", 2)
         return False
-
-    def stays_hidden(self):
-        """For a second: GNOME starts a program for each press."""
-        return not any(self.desktop.is_viewable(self.note.window) or time.sleep(0.1) for _ in range(10))
 
     def test_hot_keys(self):
         """From an X11 program, a Wayland client and the overview; ten presses are ten actions."""
         self.start_beside_companion()
         self.note.hide()
         wait_until(self.key_shows, "the note is shown", 10)
-        self.wait_forward()
+        self.note.wait_active()
         self.press(SHOW)
         self.wait_put_away()
         self.desktop.activate(self.companion)
         self.press(PIN)
-        self.wait_setting("pinned", False)
+        self.note.wait_setting("pinned", False)
         self.press(*[SHOW] * 10, PIN)
-        self.wait_setting("pinned", True)
-        wait_until(self.stays_hidden, "ten presses lead back to where it was")
+        self.note.wait_setting("pinned", True)
+
+        def stays_hidden():  # for a second: GNOME starts a program for each press
+            return not any(self.note.is_shown() or time.sleep(0.1) for _ in range(10))
+        wait_until(stays_hidden, "ten presses lead back to where it was")
         if self.kind.overview:
             self.press(self.kind.overview, SHOW)
-            self.wait_forward()
+            self.note.wait_active()
             self.note.hide()
         if self.kind.wayland:
             self.start_wayland_client()
             self.press(SHOW)
-            self.wait_forward()
+            self.note.wait_active()
             self.press(SHOW)
             self.note.wait_hidden()
 
@@ -137,10 +135,10 @@ class TestDay(TrayTest):
         self.start_beside_companion()
         if not self.kind.tray:
             self.choose_in_title_bar("Keep on Top")
-            return self.wait_setting("pinned", False)
+            return self.note.wait_setting("pinned", False)
         x, y = wait_until(self.place_of_item, "the item is in the tray")
         self.addCleanup(self.desktop.move, 0, y // 2)  # or its tip stays
-        for settled in self.wait_put_away, self.wait_forward:
+        for settled in self.wait_put_away, self.note.wait_active:
             self.desktop.click(x, y, times=self.kind.clicks)
             settled()
         before = self.desktop.picture().bytes[::101]
@@ -161,13 +159,73 @@ class TestDay(TrayTest):
             self.desktop.run(*choice.split())
             wait_until(lambda: (max(self.colour()) < 100) == dark, f"the note after {choice}")
 
-    def test_log_out(self):
-        """By the session's manager, which asks its programs to save and to end; elsewhere the compositor ends."""
+
+class TestLogOut(SessionTest):
+    def test_typing(self):
+        """Logged out by the session's manager, which asks its programs to save and to end; else the compositor ends."""
         self.note.start().type("half a wor")
-        if self.kind.wayland:
+        if self.desktop.kind.wayland:
             self.desktop.manager.terminate()
         else:
             self.desktop.call("session", "org.xfce.SessionManager", "/org/xfce/SessionManager",
                               "org.xfce.Session.Manager.Logout", "false", "false")
         self.note.process.wait(20)
         self.assertEqual(self.note.text(), "half a wor")
+
+
+class TestNative(SessionTest):
+    """The note as a Wayland client. It is seen from the session bus and by what it saves."""
+
+    def start_native(self, note, stderr=None, **environment):
+        note.environment |= {"QT_QPA_PLATFORM": "wayland"} | environment
+        note.process = note.desktop.spawn(options.binary, environment=note.environment, stderr=stderr)
+
+        def answers():
+            with contextlib.suppress(AssertionError):
+                return note.desktop.call("session", NAME, PATH, f"{APPLICATION}.Activate", "{}")
+            return None
+        wait_until(lambda: answers() or note.process.poll() is not None, "the program is on the bus")
+        self.assertIsNone(note.process.poll())
+
+    def wait_for_keys(self, note, key):
+        def is_saved():
+            note.desktop.keys(key)
+            with contextlib.suppress(AssertionError):
+                return wait_until(lambda: key in (note.text() or ""), f"{key} is saved", 2)
+            return False
+        wait_until(is_saved, "the note has the keyboard")
+
+    def test_life(self):
+        """Typed into, hidden by Escape (else the action would), started twice, ended: it stays one program and keeps
+        text and frame."""
+        self.note.put_text(b"kept")
+        self.note.put_settings(**{FRAME_KEY: "300 200 420 320 0 0 1280 800"})
+        self.start_native(self.note)
+        self.wait_for_keys(self.note, "x")
+        self.press("Escape")
+        self.note.perform("toggleWindow")
+        self.wait_for_keys(self.note, "y")
+        done = self.note.run_to_end()
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(self.note.signal(signal.SIGTERM), 0)
+        self.assertRegex(self.note.text(), "^keptx+y+$")
+        x, y, _, height = map(int, json.loads(self.note.settings.read_text())[FRAME_KEY].split()[:4])
+        self.assertEqual((x, y + height), (300, 520))
+
+    def test_compositor_dies(self):
+        """In the middle of typing: several threads of Qt learn of it, and any may end the program."""
+        for again in range(5):
+            with Desktop(options.desktop) as desktop:
+                note = Note(desktop, self.note.folder / str(again))
+                log = note.folder / "log"
+                with log.open("wb") as stream:
+                    self.start_native(note, stream, WAYLAND_DEBUG="1")
+                self.wait_for_keys(note, "y")
+                print(json.dumps(["type", "x" * 3000, 0]), file=desktop.hands.stdin, flush=True)
+
+                def drawn_keys():  # keys that have come may still wait for the editor, until a frame is drawn after them
+                    return re.findall(r"wl_keyboard.+\.key\(.+ 1\)\n", log.read_text().rpartition(".commit(")[0])
+                wait_until(lambda: len(drawn_keys()) > 50, "50 keys")
+                desktop.end(desktop.manager)
+                note.process.wait(20)
+                self.assertGreaterEqual((note.text() or "").count("x"), 40)

@@ -1,136 +1,52 @@
 # SPDX-License-Identifier: MIT
-"""What the desktop offers its programs: actions, assistive technology, wake, login and log-out, input methods."""
+"""What the desktop offers its programs: actions, assistive technology, wake, login, input methods, a portal of keys."""
 
+import contextlib
 import json
 import os
 import signal
 import subprocess
 import time
-import unittest
 from pathlib import Path
 
-from desktop import DEBIAN_PYTHON, wait_until
-from note import APPLICATION, NAME, PATH
-from test_shell import INFO_BUTTON, PIN, ShellTest
+from desktop import DEBIAN_PYTHON, NotStarted, wait_until
+from note import APPLICATION, NAME, PATH, PIN, SHOW, SessionTest
+from test_shell import INFO_BUTTON
 
-LOGIN = "org.freedesktop.login1"
-LOGIN_PATH = "/org/freedesktop/login1"
+LOGIN, LOGIN_PATH = "org.freedesktop.login1", "/org/freedesktop/login1"
 SAVER, SAVER_PATH = "org.xfce.ScreenSaver", "/org/xfce/ScreenSaver"
 DISPLAYS, DISPLAYS_PATH = "org.gnome.Mutter.DisplayConfig", "/org/gnome/Mutter/DisplayConfig"
+SHORTCUTS = ["toggleWindow", "Show / Hide Note", "CTRL+ALT+n"], ["togglePin", "Keep on Top", "CTRL+ALT+p"]
+CREATED = [["Register", NAME], ["CreateSession", *SHORTCUTS]]
+BOUND = [*CREATED, ["ListShortcuts"], ["BindShortcuts", *SHORTCUTS]]
 
 
-class TestServices(ShellTest):
-    def test_actions(self):
-        self.start_beside_companion()
-        self.note.perform("toggleWindow")
-        self.wait_put_away()
-        self.note.perform("toggleWindow")
-        self.wait_forward()
-        self.note.perform("togglePin")
-        self.wait_setting("pinned", False)
-        for action, parameter in (("showWindow", "[]"), ("", "[]"), ("toggleWindow", "[<true>]")):
-            with self.subTest(action, parameter=parameter), self.assertRaisesRegex(AssertionError, "InvalidArgs"):
-                self.note.perform(action, parameter)
-        with self.assertRaisesRegex(AssertionError, "NotSupported"):
-            self.desktop.call("session", NAME, PATH, f"{APPLICATION}.Open", "['file:///etc/passwd']", "{}")
-        self.assertTrue(self.desktop.is_active(self.note.window))
-        self.note.type("kept")
-        self.note.perform("terminate")
-        self.assertEqual(self.note.process.wait(10), 0)
-        self.assertEqual(self.note.text(), "kept")
+class TestReturn(SessionTest):
+    """Of the user to the machine, as services tell of it that start after the note."""
 
-    def test_assistive_technology(self):
-        try:
-            self.desktop.call("session", "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties.Set",
-                              "org.a11y.Status", "IsEnabled", "<true>")
-        except AssertionError as error:
-            raise unittest.SkipTest(f"at-spi2-core: {error}") from error
-        self.note.environment.pop("NO_AT_BRIDGE")
-        self.note.put_settings(didShowWelcome=False)
-        self.note.launch()
-        self.desktop.wait_active(wait_until(self.other_window, "the welcome"))
-        note = ["frame Quillberry 📌", "text Note (editable, focusable, multi-line)", "push button Close (focusable)",
-                "push button Quillberry (focusable)", "push button Shortcuts (focusable)"]
-        shortcuts = {"label Ctrl+Alt+N", "label Ctrl+Alt+P", "label Esc"}
-        wait_until(lambda: self.heard()[0] == note, "the note's tree")
-        welcome = self.heard()[1]
-        self.assertEqual([welcome[0], welcome[-1]],
-                         ["dialog Quillberry (active)", "push button Got it (default, focusable, focused)"])
-        self.assertLess(shortcuts, set(welcome))
-        self.press("Return")
-        note[:2] = "frame Quillberry 📌 (active)", "text Note (editable, focusable, focused, multi-line)"
-        wait_until(lambda: self.heard() == [note], "the note has the focus again")
-        self.note.click(*INFO_BUTTON)
-        wait_until(lambda: "dialog Shortcuts (active, focusable, focused)" in self.heard()[0], "the shortcuts")
-        self.assertLess(shortcuts, set(self.heard()[0]))
-        self.press("Escape")
-        wait_until(lambda: self.heard() == [note], "the note has the focus again")
-
-    def heard(self):
-        """Of each of the program's windows, what a screen reader tells: roles, names and states."""
-        reader = Path(__file__).with_name("accessible_tree.py")
-        done = subprocess.run([DEBIAN_PYTHON, reader, str(self.note.process.pid)],
-                              env=self.desktop.environment, capture_output=True, text=True, timeout=20)
-        program = json.loads(done.stdout or "null") or {"children": []}
-        return [list(self.told(window)) for window in program["children"]]
-
-    def told(self, item):
-        if item["name"]:
-            states = ", ".join(sorted(set(item["states"]) - {"enabled", "showing"}))
-            yield f"{item['role']} {item['name']}" + (f" ({states})" if states else "")
-        for child in item["children"]:
-            yield from self.told(child)
-
-    def start_hidden(self):
+    def setUp(self):
+        super().setUp()
         self.note.start()
         self.note.hide()
-
-    def test_signals_of_a_return(self):
-        """From services that start after it, each by itself brings the note forward; but not who was never away."""
-        self.start_hidden()
-        self.login_manager()
-        self.mock("system", LOGIN, LOGIN_PATH, "AddSession", "1", "seat0", str(os.getuid()), "me", "true")
-        self.start_mock("session", SAVER, SAVER_PATH)
-        sources = [self.lock, self.save_screen]
-        if self.desktop.name != "mutter":  # which finds no display under Xvfb that it could darken
-            sources.append(self.darken_display)
-        if "WAYLAND_DISPLAY" not in self.desktop.environment:  # else there is a server's saver that saves no screen
-            sources.append(self.blank_x_screen)
-        for _ in range(10):
-            for tell in sources:
-                tell(False)
-        for active in "true", "false":  # not by the owner of the name
-            self.desktop.signal("session", SAVER_PATH, f"{SAVER}.ActiveChanged", active)
-        time.sleep(1.5)  # more than the time after which a return shows the note
-        self.assertFalse(self.desktop.is_viewable(self.note.window))
-        for tell in sources:
-            with self.subTest(tell.__name__):
-                tell(True)
-                tell(False)
-                self.wait_forward()
-                self.note.signal(signal.SIGTERM)
-                self.start_hidden()
-        self.resume()
-        self.wait_forward()
-
-    def start_mock(self, bus, name, path=None):
-        """A service that does as the test says; without a path, of the template that has its name."""
-        what = ("--template", name) if path is None else (name, path, name)
-        service = self.start_helper("dbusmock", DEBIAN_PYTHON, "-m", "dbusmock", f"--{bus}", *what)
-        wait_until(lambda: self.desktop.has_owner(bus, LOGIN if path is None else name) or service.poll() is not None, name)
-        if service.poll() is not None:
-            raise unittest.SkipTest("python3-dbusmock is not installed")
-        return service
-
-    def login_manager(self):
         if not self.desktop.has_owner("system", LOGIN):  # a whole session has one
-            self.start_mock("system", "logind")
+            self.start_mock("system", LOGIN, "--template", "logind")
+        self.mock("system", LOGIN, LOGIN_PATH, "AddSession", "1", "seat0", str(os.getuid()), "me", "true")
+        self.start_mock("session", SAVER, SAVER, SAVER_PATH, SAVER)
+        self.sources = [self.lock, self.save_screen]
+        if self.desktop.name != "mutter":  # which finds no display under Xvfb that it could darken
+            self.sources.append(self.darken_display)
+            if not self.desktop.has_owner("session", DISPLAYS):
+                self.start_mock("session", DISPLAYS, DISPLAYS, DISPLAYS_PATH, DISPLAYS)
+                self.mock("session", DISPLAYS, DISPLAYS_PATH, "AddProperty", DISPLAYS, "PowerSaveMode", "<0>")
+        if "WAYLAND_DISPLAY" not in self.desktop.environment:  # else there is a server's saver that saves no screen
+            self.sources.append(self.blank_x_screen)
+
+    def start_mock(self, bus, name, *what):
+        self.start_helper("dbusmock", DEBIAN_PYTHON, "-m", "dbusmock", f"--{bus}", *what)
+        wait_until(lambda: self.desktop.has_owner(bus, name), name)
 
     def mock(self, bus, name, path, method, *arguments):
         self.desktop.call(bus, name, path, f"org.freedesktop.DBus.Mock.{method}", *arguments)
-
-    def resume(self):
-        self.mock("system", LOGIN, LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
 
     def lock(self, away):
         self.mock("system", LOGIN, f"{LOGIN_PATH}/session/1", "UpdateProperties", f"{LOGIN}.Session",
@@ -141,9 +57,6 @@ class TestServices(ShellTest):
 
     def darken_display(self, away):
         """By mutter itself where it runs."""
-        if not self.desktop.has_owner("session", DISPLAYS):
-            self.start_mock("session", DISPLAYS, DISPLAYS_PATH)
-            self.mock("session", DISPLAYS, DISPLAYS_PATH, "AddProperty", DISPLAYS, "PowerSaveMode", "<0>")
         self.desktop.call("session", DISPLAYS, DISPLAYS_PATH, "org.freedesktop.DBus.Properties.Set", DISPLAYS,
                           "PowerSaveMode", f"<{3 if away else 0}>")
 
@@ -151,48 +64,168 @@ class TestServices(ShellTest):
         for state in ("on", "activate") if away else ("reset",):
             self.desktop.run("xset", "s", state)
 
-    def test_resume_behind_a_locker(self):
-        self.start_hidden()
-        locker = self.start_helper("i3lock", "i3lock", "--nofork", "--color=202020")
-        wait_until(self.keys_do_not_reach_the_note, "the locker has the keyboard")
-        self.login_manager()
-        self.resume()
-        time.sleep(1.5)  # more than the time after which a resume shows the note
-        self.assertFalse(self.desktop.is_viewable(self.note.window))
-        self.desktop.end(locker)
-        self.wait_forward()
+    def resume(self):
+        self.mock("system", LOGIN, LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
 
-    def keys_do_not_reach_the_note(self):
-        before = self.setting("pinned")
-        self.press(PIN)
-        time.sleep(1)  # ample for a hot key that is free
-        return self.setting("pinned") == before
+    def assert_stays_hidden(self):
+        time.sleep(1.5)  # more than the time after which a return shows the note
+        self.assertFalse(self.note.is_shown())
+
+    def test_signals(self):
+        """Each by itself brings the note forward; but not who was never away, nor what a stranger says."""
+        for tell in self.sources * 10:
+            tell(False)
+        for active in "true", "false":
+            self.desktop.run("gdbus", "emit", "--session", "--object-path", SAVER_PATH, "--signal",
+                             f"{SAVER}.ActiveChanged", active)
+        self.assert_stays_hidden()
+        for tell in self.sources:
+            with self.subTest(tell.__name__):
+                tell(True)
+                tell(False)
+                self.note.wait_active()
+                self.note.signal(signal.SIGTERM)
+                self.note.start()
+                self.note.hide()
+        self.resume()
+        self.note.wait_active()
+
+    def test_locker(self):
+        """That has the keyboard: the note waits behind it."""
+        locker = self.start_helper("i3lock", "i3lock", "--nofork", "--color=202020")
+
+        def is_locked():
+            before = self.note.settings.read_text()
+            self.press(PIN)
+            time.sleep(1)  # ample for a hot key that is free
+            return self.note.settings.read_text() == before
+        wait_until(is_locked, "the locker has the keyboard")
+        self.resume()
+        self.assert_stays_hidden()
+        self.desktop.end(locker)
+        self.note.wait_active()
+
+
+class TestServices(SessionTest):
+    def test_actions(self):
+        """The menu's alone, without a parameter; and Ctrl with letters edits as everywhere."""
+        self.note.start()
+        for action, parameter in (("showWindow", "[]"), ("", "[]"), ("toggleWindow", "[<true>]")):
+            with self.subTest(action, parameter=parameter), self.assertRaisesRegex(AssertionError, "InvalidArgs"):
+                self.note.perform(action, parameter)
+        with self.assertRaisesRegex(AssertionError, "NotSupported"):
+            self.desktop.call("session", NAME, PATH, f"{APPLICATION}.Open", "['file:///etc/passwd']", "{}")
+        self.note.type("one")
+        for keys, text in (("ctrl+a", "one"), ("ctrl+c", "one"), ("ctrl+v", "one"), ("ctrl+v", "oneone"),
+                           ("ctrl+z", "one"), ("ctrl+shift+z", "oneone"), ("ctrl+a", "oneone"), ("ctrl+x", "")):
+            self.press(keys)
+            self.note.wait_for_text(text)
+
+    def test_assistive_technology(self):
+        """What a screen reader tells of the note, the welcome and the shortcuts."""
+        self.desktop.call("session", "org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties.Set",
+                          "org.a11y.Status", "IsEnabled", "<true>")
+        self.note.environment.pop("NO_AT_BRIDGE")
+        self.note.put_settings(didShowWelcome=False)
+        self.note.launch()
+        self.desktop.wait_active(wait_until(self.note.other_window, "the welcome"))
+        note = ["frame Quillberry 📌", "text Note (editable, focusable, multi-line)", "push button Close (focusable)",
+                "push button Quillberry (focusable)", "push button Shortcuts (focusable)"]
+        shortcuts = {"label Ctrl+Alt+N", "label Ctrl+Alt+P", "label Esc"}
+        wait_until(lambda: self.heard()[0] == note, "the note's tree")
+        welcome = self.heard()[1]
+        self.assertEqual([welcome[0], welcome[-1]],
+                         ["dialog Quillberry (active)", "push button Got it (focusable, focused, is-default)"])
+        self.assertLess(shortcuts, set(welcome))
+        self.press("Return")
+        note[:2] = "frame Quillberry 📌 (active)", "text Note (editable, focusable, focused, multi-line)"
+        wait_until(lambda: self.heard() == [note], "the note has the focus again")
+        self.note.click(*INFO_BUTTON)
+        wait_until(lambda: "dialog Shortcuts (active, focusable, focused)" in self.heard()[0], "the shortcuts")
+        self.assertLess(shortcuts, set(self.heard()[0]))
+
+    def heard(self):
+        """Of each of the program's windows."""
+        reader = Path(__file__).with_name("accessible_tree.py")
+        return json.loads(subprocess.run([DEBIAN_PYTHON, reader, str(self.note.process.pid)], timeout=20, check=True,
+                                         env=self.desktop.environment, stdout=subprocess.PIPE).stdout) or [[]]
 
     def test_start_at_login(self):
         self.start_beside_companion()
         entry = self.note.folder / f"config/autostart/{NAME}.desktop"
         self.note.hide()
         subprocess.run(["gio", "launch", entry], env=self.note.environment, timeout=20, check=True)
-        self.wait_forward()  # what the entry starts is this program
-        self.note.perform("toggleLaunchAtLogin")
-        wait_until(lambda: "Hidden=true" in entry.read_text(), "the entry is off")
-        self.note.perform("toggleLaunchAtLogin")
-        wait_until(lambda: "Hidden=false" in entry.read_text(), "the entry is on")
+        self.note.wait_active()  # what the entry starts is this program
+        for hidden in "true", "false":
+            self.note.perform("toggleLaunchAtLogin")
+            wait_until(lambda: f"Hidden={hidden}" in entry.read_text(), f"the entry says Hidden={hidden}")
         self.note.signal(signal.SIGTERM)
         entry.unlink()
         self.note.start()
         self.note.perform("togglePin")
-        self.wait_setting("pinned", False)
+        self.note.wait_setting("pinned", False)
         self.assertFalse(entry.exists(), "it is offered once")
 
+    def test_no_display(self):
+        done = self.note.run_to_end(DISPLAY=None)
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"\AQuillberry: .*display.*\n\Z")
 
-class TestInputMethod(ShellTest):
+    def silent_buses(self, silent_at_start, **second_start):
+        """Buses that do not answer before the start, or during the run; they do again, and are silent at the end."""
+        buses = []
+        for name in "SESSION", "SYSTEM":
+            bus, self.note.environment[f"DBUS_{name}_BUS_ADDRESS"] = self.desktop.start_bus()
+            buses.append(bus)
+        self.note.environment |= {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}  # the theme asks a bus too
+
+        def send(number):
+            for bus in buses:
+                bus.send_signal(number)
+        if silent_at_start:
+            send(signal.SIGSTOP)
+        self.note.start()
+        send(signal.SIGSTOP)
+        self.note.type("a")
+        self.note.wait_for_text("a")
+        before = self.note.file.stat()
+        done = self.note.run_to_end(timeout=10, **second_start)
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"\AQuillberry: .*session bus.*\n\Z")
+        after = self.note.file.stat()
+        self.assertEqual((after.st_ino, after.st_mtime_ns), (before.st_ino, before.st_mtime_ns))
+        self.note.hide()
+        send(signal.SIGCONT)
+        self.note.start_again()
+        send(signal.SIGSTOP)
+        self.assertEqual(self.note.signal(signal.SIGTERM), 0)
+
+    def test_buses_silent_from_the_start(self):
+        self.silent_buses(True)
+
+    def test_buses_that_fall_silent(self):
+        self.silent_buses(False, DBUS_SESSION_BUS_ADDRESS=None)
+
+    def test_clipboard_manager(self):
+        """That takes seconds: the next start waits for the last one, which hands its clipboard over."""
+        self.start_helper("xfce4-clipman", "xfce4-clipman")
+        wait_until(lambda: '"Clipman"' in self.desktop.run("xwininfo", "-root", "-tree"), "a clipboard manager")
+        self.note.start().type("kept")
+        self.press("ctrl+a", "ctrl+c", "ctrl+q")
+        wait_until(lambda: not self.note.is_shown(), "the note is gone")
+        self.note.start().type("x")
+        self.note.wait_for_text("keptx")
+
+
+class TestInputMethod(SessionTest):
+    ENGINE = "m17n:vi:telex"
+
     def test_composed_text(self):
         """From an engine that composes words; what is open when the note is put away, or ended, is kept.
 
         Tried again if it comes out mixed: on a busy machine Qt hands on keys ahead of what was composed.
         """
-        self.start_input_method("m17n:vi:telex")
+        self.start_input_method()
 
         def end():
             self.assertEqual(self.note.signal(signal.SIGTERM), 0)
@@ -207,24 +240,111 @@ class TestInputMethod(ShellTest):
         for put_away, show in (self.note.hide, self.note.start_again), (end, self.note.start):
             wait_until(written, "the composed text is kept")
 
-    def start_input_method(self, engine):
+    def start_input_method(self):
         """The note with an engine of the input method's that is on."""
         address = self.note.folder / "input-method"
         self.note.environment |= {"QT_IM_MODULE": "ibus", "IBUS_ADDRESS_FILE": str(address),
                                   "GSETTINGS_BACKEND": "memory"}
-        try:
-            self.desktop.spawn("ibus-daemon", "--panel=disable", "--config=disable",
-                               environment=self.note.environment)
-        except OSError as error:
-            raise unittest.SkipTest(f"ibus-daemon: {error}") from error
-        wait_until(address.exists, "an input method")
 
         def ask(*question):
             return subprocess.run(["ibus", *question], env=self.note.environment, capture_output=True, text=True,
                                   timeout=20).stdout
         try:
-            wait_until(lambda: engine in ask("list-engine", "--name-only"), f"the engine {engine} is installed")
-        except AssertionError as error:
-            raise unittest.SkipTest(str(error)) from error
+            self.desktop.spawn("ibus-daemon", "--panel=disable", "--config=disable",
+                               environment=self.note.environment)
+            wait_until(address.exists, "an input method")
+            wait_until(lambda: self.ENGINE in ask("list-engine", "--name-only"), f"{self.ENGINE} is installed")
+        except (OSError, AssertionError) as error:
+            raise NotStarted(f"ibus-daemon: {error}") from error
         self.note.start()
-        wait_until(lambda: engine in ask("engine", engine) + ask("engine"), "the engine is on")
+        wait_until(lambda: self.ENGINE in ask("engine", self.ENGINE) + ask("engine"), "the engine is on")
+
+
+class TestPortal(SessionTest):
+    """Hot keys of a Wayland session: the desktop's portal gives them, a played one here."""
+
+    def setUp(self):
+        super().setUp()
+        self.note.environment["XDG_SESSION_TYPE"] = "wayland"  # the note runs through the X server of the session
+        self.start_beside_companion()
+
+    def start_portal(self, kind, calls=BOUND):
+        """A portal that has answered all that it was asked for."""
+        portal = self.desktop.start_service("shortcuts_portal.py", kind)
+        wait_until(lambda: self.desktop.tell(portal, "answers") == len(calls) - 1, f"a {kind} portal has answered")
+        self.assertEqual(self.desktop.tell(portal, "calls"), calls)
+        return portal
+
+    def assert_gives_keys(self, portal, *more):
+        for settled in self.wait_put_away, self.note.wait_active:
+            self.desktop.tell(portal, "press", "toggleWindow")
+            settled()
+        for shortcut in more:
+            self.wait_pin_changed(lambda: self.desktop.tell(portal, "press", shortcut))
+
+    def wait_pin_changed(self, act):
+        pinned = json.loads(self.note.settings.read_text()).get("pinned", True)
+        act()
+        self.note.wait_setting("pinned", not pinned)
+
+    def assert_gives_none(self, portal, *session):
+        """What is asked over the bus takes its turn behind what was asked before."""
+        for shortcut in "toggleWindow", "togglePin", "terminate", "":
+            self.desktop.tell(portal, "press", shortcut, *session)
+        self.wait_pin_changed(lambda: self.note.perform("togglePin"))
+        self.assertTrue(self.desktop.is_active(self.note.window))
+
+    def test_keys(self):
+        """From a portal that comes late, goes, and comes back; without one, in the program's own windows alone."""
+        self.desktop.activate(self.companion)
+        self.press(SHOW, PIN)
+        self.note.perform("togglePin")  # takes its turn behind them
+        self.note.wait_setting("pinned", False)
+        self.assertTrue(self.desktop.is_active(self.companion))
+        self.desktop.activate(self.note.window)
+        self.wait_pin_changed(lambda: self.press(PIN))
+        self.press(SHOW)
+        self.wait_put_away()
+        self.note.start_again()
+        for kind, calls in (("good", BOUND), ("slow, and without a registry of programs", BOUND),
+                            ("with one shortcut to give", BOUND), ("says that it has failed", BOUND),
+                            ("lists other types", BOUND), ("binding with the session", BOUND[:3])):
+            with self.subTest(kind):
+                portal = self.start_portal(kind, calls)
+                self.assert_gives_keys(portal, *([] if "one" in kind else ["togglePin"]))
+                self.desktop.end(portal)
+
+    def test_sessions(self):
+        """Only presses of the program's own session count; one that is closed is made anew, with a new portal too."""
+        first = self.start_portal("good")
+        self.assert_gives_none(first, "/org/freedesktop/portal/desktop/session/1_1/quillberry")
+        self.desktop.tell(first, "close")
+        wait_until(lambda: self.desktop.tell(first, "calls") == BOUND + BOUND[1:], "the closed session is made anew")
+        wait_until(lambda: self.desktop.tell(first, "answers") == 6, "the portal has answered again")
+        self.assert_gives_keys(first, "togglePin")
+        second = self.start_portal("good")  # takes the name over
+        self.assert_gives_keys(second, "togglePin")
+        self.assert_gives_none(first)
+
+    def test_refusals(self):
+        for kind in "refuses session", "number for a handle", "answer of other types":
+            with self.subTest(kind):
+                portal = self.start_portal(kind, CREATED)
+                self.assert_gives_none(portal)
+                self.desktop.end(portal)
+        self.assert_gives_keys(self.start_portal("good"), "togglePin")
+
+    def test_other_keys(self):
+        """The menu tells of what the user has chosen in the desktop's settings, then and now."""
+        host = self.desktop.start_service("notifier_host.py")
+        portal = self.start_portal("with other keys")
+
+        def is_told(keys):
+            with contextlib.suppress(IndexError):
+                return self.desktop.tell(host, "menu")[0] == ["Show / Hide Note", keys, None]
+            return False
+        wait_until(lambda: self.desktop.tell(host, "items") and is_told("Super+N"), "the keys of the portal")
+        for keys, told in (("Ctrl+Shift+7", "Control+Shift+7"), ("Press <Control><Alt>m", "Control+Alt+M"),
+                           ("Push the lamp", None), ("", "Control+Alt+N")):
+            self.desktop.tell(portal, "rename", keys)
+            wait_until(lambda: is_told(told), f"{keys} in the menu")

@@ -2,325 +2,351 @@
 """The program's place on the desktop: its windows, hot keys and tray."""
 
 import contextlib
-import json
+import itertools
 import re
 import signal
-import subprocess
 import time
-import unittest
 
 from desktop import wait_until
-from note import SessionTest
+from kinds import SCREEN
+from note import PIN, SHOW, SessionTest
 
-SHOW, PIN = "ctrl+alt+n", "ctrl+alt+p"
 INFO_BUTTON = (403, 14)  # inside the window
 ITEM_BUTTON = (378, 14)  # when it stands in the title bar
+TITLE_BAR = (210, 14)  # clear of the buttons
+FRAME_KEY = "NSWindow Frame QuillberryWindow"
 MENU = [["Show / Hide Note", "Control+Alt+N", None], ["Keep on Top", "Control+Alt+P", True],
         ["Show on Screen Wake", None, True], ["Start at Login", None, True], ["---"],
         ["Check for Updates…", None, None], ["---"], ["Quit Quillberry", "Control+Q", None]]
 
 
-class ShellTest(SessionTest):
-    def setUp(self):
-        super().setUp()
-        self.companion = None
-
-    def start_beside_companion(self):
-        self.companion = self.desktop.companion("companion")
-        return self.note.start()
-
-    def wait_put_away(self):
-        self.note.wait_hidden()
-        if self.companion:
-            self.desktop.wait_active(self.companion, "the companion is active again")
-
-    def wait_forward(self, timeout=20):
-        self.note.wait_active("the note is in front", timeout)
-
-    def press(self, *keys):
-        self.desktop.keys(*keys)
-
-    def toggle(self):
-        """From outside, in the way that the desktop has."""
-        if "WAYLAND_DISPLAY" in self.desktop.environment:
-            self.note.perform("toggleWindow")
-        else:
-            self.press(SHOW)
-
-    def setting(self, name):
-        with contextlib.suppress(FileNotFoundError):
-            return json.loads(self.note.settings.read_text()).get(name)
-        return None
-
-    def wait_setting(self, name, value):
-        wait_until(lambda: self.setting(name) is value, f"{name} is {value}", 10)
-
-    def start_helper(self, what, *command):
-        """A program from Debian's packages; the test is skipped without it."""
-        try:
-            process = self.desktop.spawn(*command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        except OSError as error:
-            raise unittest.SkipTest(f"{what}: {error}") from error
-        self.addCleanup(process.stdin.close)
-        self.addCleanup(process.stdout.close)
-        return process
-
-    def popup(self):
-        """Whether the program shows a menu or the shortcuts: a window of its own class that no window manager has."""
-        text = self.desktop.run("xwininfo", "-root", "-children")
-        windows = re.findall(r'(0x[0-9a-f]+) .*\("quillberry" "Quillberry"\)', text)
-        return any(all(state in self.desktop.run("xwininfo", "-id", window)
-                       for state in ("IsViewable", "Override Redirect State: yes"))
-                   and "TOOLTIP" not in self.desktop.prop("_NET_WM_WINDOW_TYPE", window) for window in windows)
-
-    def wait_popup_closed(self):
-        wait_until(lambda: not self.popup(), "the menu or the shortcuts are closed")
-
-    def go_to_note(self, x=30, y=290):
-        """By a click. If it came before the compositor had the note on the screen, and raised what lies below, the note
-        is called again. No balloon lies there, wherever it is put."""
-        self.note.click(x, y)
-        with contextlib.suppress(AssertionError):
-            return self.wait_forward(3)
-        self.note.run_to_end()
-        self.note.click(x, y)
-        return self.wait_forward()
-
-    def go_to_info_button(self):
-        """Without the pointer; past the close button and the item's, if that is not in a tray."""
-        self.press(*["F6"] * (2 if self.desktop.has_tray() else 3))
-
-    def other_window(self):
-        """The program's window beside the note, if there is one."""
-        own = [window for window in self.desktop.windows()
-               if self.desktop.prop("_NET_WM_PID", window) == str(self.note.process.pid)]
-        return next((window for window in own if window != self.note.window), None)
-
-
-class TestWindows(ShellTest):
-    """What stands beside the note, and where the note itself comes to."""
-
-    def test_first_run(self):
-        self.note.settings.unlink()
-        self.note.launch()
-        welcome = wait_until(self.other_window, "the welcome")
-        self.desktop.wait_active(welcome)
-        self.assertEqual(self.desktop.geometry(welcome)[2], 314)  # 312, and a hairline on both sides
-        wait_until(lambda: self.lies_above(welcome), "it lies above the pinned note")
-        self.assert_pinned()
-        self.go_to_note()
-        self.assertTrue(self.desktop.is_viewable(welcome))
-        self.note.hide()
-        wait_until(lambda: not self.desktop.is_viewable(welcome), "it goes with the note")
-        self.toggle()
-        self.wait_both_back(welcome)
-        self.desktop.activate(welcome)
-        self.press("Return")
-        wait_until(lambda: not self.desktop.is_viewable(welcome), "Return closes it")
-        self.wait_forward()
-        self.note.type("x")
+class TestFrame(SessionTest):
+    def test_mouse(self):
+        """The note at its first place is moved, made larger and smallest, and zoomed; the next start finds it there."""
+        self.note.start()
+        x, y, width, height = self.desktop.work_area()
+        start_x, start_y = x + (width - 420) // 2, y + (height - 320) // 2
+        self.note.wait_geometry(start_x, start_y, 420, 320, tolerance=1)
+        self.assertEqual(self.desktop.prop("_NET_WM_NAME", self.note.window), '"Quillberry 📌"')
+        self.drag(TITLE_BAR, (-150, 90))
+        self.note.wait_geometry(start_x - 150, start_y + 90, 420, 320, tolerance=40)
+        for by, size in ((120, 90), (540, 410)), ((-400, -300), (260, 160)):
+            self.drag((-2, -2), by)
+            place = self.note.geometry()[:2]
+            self.note.wait_geometry(*place, *size, tolerance=40 if by[0] > 0 else 0)
+        for frame in self.desktop.work_area(), (*place, 260, 160):
+            self.double_click_title_bar(*frame)
+        self.note.wait_for_keys()  # so it has heard of its frame too
         self.note.signal(signal.SIGTERM)
-        self.assertEqual(self.note.text(), "x")
+        self.note.start().wait_geometry(*place, 260, 160)
+
+    def test_tap_on_the_title_bar(self):
+        """A press and its release in one moment are no drag: the pointer then moves without the note."""
+        before = self.note.start().geometry()
+        for x in 100, 210, 320:  # three at one place are a double click
+            self.note.click(x, TITLE_BAR[1])
+            self.note.wait_for_keys()
+            self.desktop.move(before[0] + x + 60, before[1] + 50)
+            self.note.wait_for_keys()  # a window manager that moves a window has them
+            self.assertEqual(self.note.geometry(), before)
+
+    def drag(self, start, by):
+        """Drags from a point inside the window, negative: from its right or lower edge, until it is followed.
+
+        On a busy machine a window manager now and then lets go of a window in the middle; a user takes hold again.
+        """
+        for _ in range(3):
+            with contextlib.suppress(AssertionError):
+                return self.drag_once(start, by)
+        return self.fail(f"no drag from {start} is followed")
+
+    def drag_once(self, start, by):
+        """Lets go when the window manager has taken the whole way."""
+        before = self.note.geometry()
+        x, y = (place + (offset if offset >= 0 else size + offset)
+                for place, size, offset in zip(before[:2], before[2:], start))
+        self.desktop.move(x, y)
+        self.desktop.hold()
+        nudges = itertools.cycle((11, 12))  # just more than a hand that does not mean to drag
+
+        def moved(*way, at_least):
+            self.desktop.move(x + way[0], y + way[1])
+            return any(abs(a - b) > at_least for a, b in zip(self.note.geometry(), before))
+
+        def taken():  # no motion is followed before the window manager holds the pointer
+            nudge = next(nudges)
+            return moved(*(nudge if way > 0 else -nudge for way in by), at_least=0)
+
+        def followed():  # nor is every single one afterwards
+            return moved(by[0] + next(nudges) % 2, by[1], at_least=15)
+        try:
+            wait_until(taken, "the window follows the pointer", 8)
+            wait_until(followed, "the window follows the pointer on", 8)
+        except AssertionError:
+            if self.desktop.name != "xfce":  # xfwm4 at times shows a new size only when it is let go
+                raise
+        finally:
+            self.desktop.release()
+            self.note.wait_for_keys()  # until then the window manager has them
+        wait_until(lambda: moved(*by, at_least=15), "the window has followed the pointer", 8)
+
+    def double_click_title_bar(self, *frame):
+        """Again, if it came before the compositor had the note's last size."""
+        for _ in range(3):
+            self.note.click(130, TITLE_BAR[1], times=2)
+            with contextlib.suppress(AssertionError):
+                return self.note.wait_geometry(*frame)
+        return self.fail(f"no double click leads to {frame}")
+
+    def test_full_screen_companion(self):
+        self.desktop.needs("full screen")
+        companion = self.desktop.companion("companion", "-fullscreen")
+        wait_until(lambda: "FULLSCREEN" in self.desktop.prop("_NET_WM_STATE", companion), "a full-screen companion")
         self.note.start()
-        time.sleep(1)  # more than the time after which a first run shows it
-        self.assertIsNone(self.other_window())
+        for again in False, True:
+            wait_until(lambda: self.desktop.windows(stacked=True)[-1] == self.note.window, "the note lies above it")
+            if not again:
+                self.desktop.activate(companion)
+                self.note.start_again()
 
-    def wait_both_back(self, window):
-        """The focus is settled when both are there: sway gives it to each that it takes up."""
-        def there(each):
-            taken_up = not self.desktop.tiles or self.desktop.floats(each) is not None
-            return taken_up and self.desktop.is_viewable(each)
-        wait_until(lambda: there(window) and there(self.note.window), "it comes back with the note")
-        either = self.note.window, window  # on a busy machine xfwm4's focus may come last
-        wait_until(lambda: any(map(self.desktop.is_active, either[:1 if self.desktop.name == "i3" else 2])),
-                   "it has the keyboard")
-
-    def lies_above(self, window):
-        stack = self.desktop.windows(stacked=True)
-        return stack.index(window) > stack.index(self.note.window)
-
-    def test_shortcuts(self):
-        self.note.start()
-        for close in (lambda: self.press("Escape"), lambda: self.note.click(60, 280),
-                      lambda: self.note.click(*INFO_BUTTON)):
-            self.note.click(*INFO_BUTTON)
-            wait_until(self.popup, "the shortcuts")
-            close()
-            self.wait_popup_closed()
-            self.assertTrue(self.desktop.is_viewable(self.note.window))
-        self.go_to_info_button()
-        self.press("space")
-        wait_until(self.popup, "the shortcuts, without the pointer")
-        self.press("Escape")
-        self.wait_popup_closed()
-        self.note.type("x")
-        self.note.wait_for_text("x")
-        self.note.click(*INFO_BUTTON)
-        wait_until(self.popup, "the shortcuts")
-        self.toggle()
-        self.note.wait_hidden()
-        time.sleep(0.3)  # more than the time after which a press counts as a held key's repetition
-        self.toggle()
-        self.wait_forward()
-        self.assertFalse(self.popup())
-
-    def test_putting_the_welcome_away(self):
-        """With the note, which stays as it was, for later; with the window manager, for good."""
-        self.note.put_settings(pinned=False, didShowWelcome=False)
-        self.companion = self.desktop.companion("companion")
-        self.note.launch()
-        welcome = wait_until(self.other_window, "the welcome")
-        self.desktop.wait_active(welcome)
-        self.press("Escape")
-        self.wait_put_away()
-        self.note.run_to_end()  # a second start
-        self.wait_both_back(welcome)
-        self.go_to_note()
-        self.assertNotRegex(self.desktop.prop("_NET_WM_STATE", self.note.window), "ABOVE|STICKY")
-        self.assertNotEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(0xFFFFFFFF))
-        self.go_to_info_button()
-        self.press("F6")
-        self.desktop.wait_active(welcome)
-        self.press("F6")
-        self.wait_forward()
-        self.desktop.close(welcome)
-        wait_until(lambda: not self.desktop.is_viewable(welcome), "it is closed")
-        self.note.hide()
-        self.note.start_again()
-        self.note.type("x")
-        self.note.wait_for_text("x")
-        self.assertFalse(self.desktop.is_viewable(welcome))
-
-    def test_update_window(self):
-        """It lies above the pinned note, comes and goes with it, and leaves the keyboard to it."""
-        self.start_beside_companion()
-        self.note.perform("checkForUpdates")
-        window = wait_until(self.other_window, "the update window")
-        self.desktop.wait_active(window)
-        wait_until(lambda: self.lies_above(window), "it lies above the pinned note")
-        x, _, width, _ = self.desktop.geometry(window)
-        self.assertAlmostEqual(x + width / 2, self.desktop.screen[0] / 2, delta=20)
-        if not self.desktop.environment.get("WAYLAND_DISPLAY"):
-            self.desktop.xdotool("mousemove", "--window", window, 40, 20, "click", 1, "key", "ctrl+a", "ctrl+c")
-            wait_until(lambda: "Updates" in self.desktop.run("xclip", "-o", "-selection", "clipboard"), "it is copied")
-        self.go_to_note(100, 300)
-        self.assertTrue(self.desktop.tiles or self.lies_above(window))
-        self.toggle()
-        self.wait_put_away()
-        wait_until(lambda: not self.desktop.is_viewable(window), "it goes with the note")
-        self.toggle()
-        self.wait_both_back(window)
-        for hidden in False, True:
-            with self.subTest(hidden=hidden):
-                self.go_to_note(100, 300)
-                if hidden:
-                    self.toggle()
-                    self.wait_put_away()
-                self.note.perform("checkForUpdates")
-                window = wait_until(self.other_window, "the update window")
-                self.desktop.wait_active(window)
-                self.press("Escape")
-                wait_until(lambda: not self.desktop.is_viewable(window), "Escape closes it")
-                self.note.run_to_end()  # a second start
-                self.wait_forward()
-                beside = self.other_window()  # sway names it for as long as it exists
-                self.assertFalse(beside and self.desktop.is_viewable(beside))
-
-    def test_unpinned_note_comes_to_the_user(self):
-        """From below another window, and from another workspace."""
+    def test_workspaces(self):
+        """A pinned note is on each; another comes to the user. A hidden one gives the keyboard to a neighbour, not to
+        a window that is gone or elsewhere."""
         self.desktop.needs("pin")
         self.addCleanup(self.desktop.switch_to, 0)
-        self.start_beside_companion()
-        self.note.perform("togglePin")
-        self.wait_setting("pinned", False)
-        if not self.desktop.tiles:
-            self.desktop.activate(self.companion)
-            wait_until(lambda: self.stack_if_above(self.note.window, self.companion), "the companion covers it")
-            self.toggle()
-            self.wait_forward()
-            wait_until(lambda: self.stack_if_above(self.companion, self.note.window), "it covers the companion")
-        for workspace in 1, 0:
-            self.desktop.switch_to(workspace)
-            self.toggle()
-            self.wait_forward()
-            self.assertEqual(self.desktop.workspace(), workspace)
-            self.assertEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(workspace))
-
-    def test_previous_window_that_is_gone(self):
-        """Or on another workspace: another one gets the keyboard, and nobody is moved."""
-        self.addCleanup(self.desktop.switch_to, 0)
-        other = self.desktop.companion("other")
+        first = self.desktop.companion("first")
         self.start_beside_companion()
         self.desktop.close(self.companion)
         wait_until(lambda: self.companion not in self.desktop.windows(), "the companion is gone")
         self.note.start_again()
         self.note.hide()
-        self.desktop.wait_active(other, "the one before it is active")
+        self.desktop.wait_active(first, "the one before it is active")
         self.note.start_again()
-        self.desktop.switch_to(1)
-        self.note.start_again()
+        for pinned in True, False:
+            for workspace in 1, 0:
+                self.desktop.switch_to(workspace)
+                if pinned:
+                    self.assertTrue(self.note.is_shown())
+                    neighbour = self.desktop.companion(f"on workspace {workspace}")
+                    self.assertTrue(self.desktop.lies_above(self.note.window, neighbour))
+                self.toggle()
+                self.note.wait_active()
+                self.assertEqual(self.desktop.workspace(), workspace)
+                self.note.wait_pinned(pinned)
+                if pinned:
+                    self.note.hide()
+                    self.desktop.wait_active(neighbour, "the neighbour is active again")
+                    self.note.start_again()
+                else:
+                    self.assertEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(workspace))
+            self.note.perform("togglePin")
+            self.note.wait_setting("pinned", not pinned)
+
+
+class TestScreens(SessionTest):
+    """The note stays whole and can be reached, shown or hidden, when screens go and shrink."""
+
+    def tearDown(self):
+        super().tearDown()
+        self.desktop.run("xrandr", "--output", "screen", "--mode", "{}x{}".format(*SCREEN))
+
+    def shrink(self, width, height):
+        name = f"{width}x{height}"
+        self.desktop.run("xrandr", "--newmode", name, 40, width, width + 40, width + 168, width + 256,
+                         height, height + 1, height + 5, height + 28)
+        self.desktop.run("xrandr", "--addmode", "screen", name)
+        self.desktop.run("xrandr", "--output", "screen", "--mode", name)
+        wait_until(lambda: self.desktop.run("xdotool", "getdisplaygeometry").split() == [str(width), str(height)],
+                   f"a screen of {name}")
+
+    def wait_whole(self, screen_width, screen_height):
+        def is_whole():
+            x, y, width, height = self.note.geometry()
+            return x >= 0 and y >= 0 and x + width <= screen_width and y + height <= screen_height
+        wait_until(is_whole, "the note is whole on the screen")
+        self.note.type("x")
+        self.note.wait_for_text("x")
+
+    def test_resolution(self):
+        self.note.put_settings(**{FRAME_KEY: "850 10 420 320 0 0 1280 800"})
+        self.note.start()
+        for act, frame in ((lambda: self.note.click(*TITLE_BAR, times=2), SCREEN),
+                           (lambda: self.shrink(800, 600), (800, 600))):
+            act()
+            self.note.wait_geometry(0, 0, *frame)
+        self.note.click(*TITLE_BAR, times=2)
+        wait_until(lambda: self.note.geometry()[2:] == (420, 320), "its size before")
+        self.wait_whole(800, 600)
+
+    def test_screen_that_goes(self):
+        """With the hidden note on it."""
+        for name, left, output in ("left", 0, "screen"), ("right", 640, "none"):
+            self.desktop.run("xrandr", "--setmonitor", name, f"640/200x800/200+{left}+0", output)
+        self.note.put_settings(**{FRAME_KEY: "850 10 420 320 640 0 640 800"})
+        self.assertGreaterEqual(self.note.start().geometry()[0], 640)
         self.note.hide()
-        self.assertEqual(self.desktop.workspace(), 1)
+        for name in "right", "left":
+            self.desktop.run("xrandr", "--delmonitor", name)
+        self.shrink(640, 800)
+        self.note.start_again()
+        self.wait_whole(640, 800)
 
 
-class TestHotKeys(ShellTest):
+class TestWindows(SessionTest):
+    """What stands beside the note."""
+
+    def go_to_note(self):
+        """By a click, again if it came before the compositor had the note on the screen. No balloon lies there."""
+        self.note.click(30, 290)
+        with contextlib.suppress(AssertionError):
+            return self.note.wait_active(timeout=3)
+        self.note.run_to_end()
+        self.note.click(30, 290)
+        return self.note.wait_active()
+
+    def go_to_info_button(self):
+        """Without the pointer; past the close button and the item's, if that is not in a tray."""
+        self.press(*["F6"] * (2 if self.desktop.has_tray() else 3))
+
+    def wait_both_back(self, window):
+        """The focus is settled when both are there: sway gives it to each that it takes up."""
+        def there(each):
+            return self.desktop.is_viewable(each) and (not self.desktop.tiles or self.desktop.floats(each) is not None)
+        wait_until(lambda: there(window) and there(self.note.window), "it comes back with the note")
+        either = self.note.window, window  # on a busy machine xfwm4's focus may come last
+        wait_until(lambda: any(map(self.desktop.is_active, either[:1 if self.desktop.name == "i3" else 2])),
+                   "it has the keyboard")
+
+    def wait_gone(self, window, what):
+        wait_until(lambda: not self.desktop.is_viewable(window), what)
+
+    def test_welcome(self):
+        """Above the note, which stays as it was; it goes and comes with it, until the user or the window manager closes
+        it for good."""
+        for pinned in True, False:
+            with self.subTest(pinned=pinned):
+                self.companion = self.desktop.companion(f"companion {pinned}")
+                self.note.put_settings(pinned=pinned, didShowWelcome=False)
+                self.note.launch()
+                welcome = wait_until(self.note.other_window, "the welcome")
+                self.desktop.wait_active(welcome)
+                self.assertEqual(self.desktop.geometry(welcome)[2], 314)  # 312, and a hairline on both sides
+                wait_until(lambda: self.desktop.tiles or self.desktop.lies_above(welcome, self.note.window), "above it")
+                self.press("Escape")
+                self.wait_put_away()
+                self.wait_gone(welcome, "it goes with the note")
+                self.note.run_to_end()  # a second start
+                self.wait_both_back(welcome)
+                self.go_to_note()
+                self.note.wait_pinned(pinned)
+                self.go_to_info_button()
+                self.press("F6")
+                self.desktop.wait_active(welcome)
+                if pinned:
+                    self.press("Return")
+                else:
+                    self.desktop.close(welcome)
+                self.wait_gone(welcome, "it is closed")
+                self.note.wait_active()
+                self.note.hide()
+                self.note.start_again()
+                self.assertFalse(self.desktop.is_viewable(welcome))
+                self.note.type("x")
+                self.note.signal(signal.SIGTERM)
+                self.assertTrue(self.note.text().endswith("x"))
+                self.note.start()
+                time.sleep(1)  # more than the time after which a first run shows it
+                self.assertIsNone(self.note.other_window())
+                self.note.signal(signal.SIGTERM)
+
+    def test_shortcuts(self):
+        self.note.start()
+
+        def closed_by(*close):
+            wait_until(self.note.popup, "the shortcuts")
+            close[0](*close[1:])
+            wait_until(lambda: not self.note.popup(), "the shortcuts are closed")
+        for close in (self.press, "Escape"), (self.note.click, 60, 280), (self.note.click, *INFO_BUTTON):
+            self.note.click(*INFO_BUTTON)
+            closed_by(*close)
+            self.assertTrue(self.note.is_shown())
+        self.go_to_info_button()
+        self.press("space")
+        closed_by(self.press, "Escape")
+        self.note.type("x")
+        self.note.wait_for_text("x")
+        self.note.click(*INFO_BUTTON)
+        closed_by(self.toggle)
+        self.note.wait_hidden()
+        self.note.start_again()
+        self.assertFalse(self.note.popup())
+
+    def test_update_window(self):
+        """It lies above the pinned note, comes and goes with it, and leaves the keyboard to it."""
+        self.start_beside_companion()
+        for hidden in False, True:
+            self.note.perform("checkForUpdates")
+            window = wait_until(self.note.other_window, "the update window")
+            self.desktop.wait_active(window)
+            wait_until(lambda: self.desktop.tiles or self.desktop.lies_above(window, self.note.window), "above the note")
+            x, _, width, _ = self.desktop.geometry(window)
+            self.assertAlmostEqual(x + width / 2, self.desktop.screen[0] / 2, delta=20)
+            self.go_to_note()
+            self.note.hide()
+            self.wait_put_away()
+            self.wait_gone(window, "it goes with the note")
+            if not hidden:
+                self.note.run_to_end()  # a second start
+                self.wait_both_back(window)
+            self.note.perform("checkForUpdates")
+            window = wait_until(self.note.other_window, "the update window")
+            self.desktop.wait_active(window)
+            self.press("Escape")
+            self.wait_gone(window, "Escape closes it")
+            self.note.run_to_end()
+            self.note.wait_active()
+
+
+class TestHotKeys(SessionTest):
+    """The grabs of an X server."""
+
     def test_from_anywhere(self):
         """With every lock, in another layout, and with the keys' own repetition."""
         self.start_beside_companion()
-        locks = (), ("Caps_Lock",), ("Num_Lock",), ("Caps_Lock", "Num_Lock")
-        for held in locks:
-            with self.subTest(held), contextlib.ExitStack() as unlock:
-                for lock in held:
-                    self.press(lock)
-                    unlock.callback(self.press, lock)
-                self.press(SHOW)
-                self.wait_put_away()
-                self.press(SHOW)
-                self.wait_forward()
-        self.addCleanup(self.desktop.run, "setxkbmap", "us")
-        for layout in "ru", "de", "fr":  # the same key has other letters
-            with self.subTest(layout):
-                self.desktop.run("setxkbmap", layout)
-                self.press_keys("Control_L", "Alt_L", "57")
-                self.wait_put_away()
-                self.press_keys("Control_L", "Alt_L", "57")
-                self.wait_forward()
-        self.desktop.xdotool("keydown", "ctrl", "keydown", "alt", "keydown", "57")
-        self.wait_put_away()
-        time.sleep(1)  # more than the time after which a held key repeats
-        self.assertFalse(self.desktop.is_viewable(self.note.window))
-        self.desktop.xdotool("keyup", "57", "keyup", "alt", "keyup", "ctrl")
-        self.press(SHOW)
-        self.wait_forward()
+        settled = itertools.cycle((self.wait_put_away, self.note.wait_active))
 
-    def press_keys(self, *keys):
-        down = [part for key in keys for part in ("keydown", key)]
-        self.desktop.xdotool(*down, *[part for key in reversed(keys) for part in ("keyup", key)])
+        def press(*keys):
+            self.desktop.xdotool(*(part for key in keys for part in ("keydown", key)))
+            next(settled)()
+            return lambda: self.desktop.xdotool(*(part for key in reversed(keys) for part in ("keyup", key)))
+        self.addCleanup(self.desktop.run, "setxkbmap", "us")
+        for lock in (), ("Caps_Lock",), ("Num_Lock",), ("Caps_Lock", "Num_Lock"):
+            self.press(*lock)
+            press("Control_L", "Alt_L", "57")()
+            self.press(*lock)
+        for layout in "ru", "de", "fr", "us":  # the same key has other letters
+            self.desktop.run("setxkbmap", layout)
+            press("Control_L", "Alt_L", "57")()
+        release = press("Control_L", "Alt_L", "57")
+        time.sleep(1)  # more than the time after which a held key repeats
+        self.assertFalse(self.note.is_shown())
+        release()
+        press("Control_L", "Alt_L", "57")()
 
     def test_burst(self):
-        """Ten presses are ten actions, one after the other; nine more leave the other state."""
+        """Ten presses are ten actions, one after the other, and nine are nine; other modifiers make it other keys."""
         self.start_beside_companion()
-        self.press(*[SHOW] * 10, PIN)
-        self.wait_setting("pinned", False)
-        self.wait_forward()
+        self.press("ctrl+alt+shift+n", "super+alt+n", "alt+n", "ctrl+n", "ctrl+alt+super+p", *[SHOW] * 10, PIN)
+        self.note.wait_setting("pinned", False)
+        self.note.wait_active()
         self.desktop.xdotool("keydown", "ctrl", "keydown", "alt", "key", "--delay", 0, *["57"] * 10, "keyup", "alt",
                              "keyup", "ctrl")  # many in one moment
         self.press(PIN)
-        self.wait_setting("pinned", True)
-        self.wait_forward()
+        self.note.wait_setting("pinned", True)
+        self.note.wait_active()
         self.press(*[SHOW] * 9, PIN)
-        self.wait_setting("pinned", False)
+        self.note.wait_setting("pinned", False)
         self.wait_put_away()
-
-    def test_other_modifiers(self):
-        self.start_beside_companion()
-        self.desktop.activate(self.companion)
-        for keys in "ctrl+alt+shift+n", "super+alt+n", "alt+n", "ctrl+n", "ctrl+alt+super+p":
-            self.press(keys)
-        self.press(PIN)  # takes its turn after them
-        self.wait_setting("pinned", False)
-        self.assertTrue(self.desktop.is_active(self.companion))
-        self.assertTrue(self.desktop.is_viewable(self.note.window))
 
     def test_combination_that_another_program_holds(self):
         ran, settings = self.note.folder / "ran", self.note.folder / "xbindkeysrc"
@@ -329,75 +355,66 @@ class TestHotKeys(ShellTest):
         wait_until(lambda: self.press(SHOW) or ran.exists(), "the other program has its key")
         self.note.start()
         self.press(SHOW, PIN)
-        self.wait_setting("pinned", False)
-        self.assertTrue(self.desktop.is_viewable(self.note.window))
-        self.note.perform("toggleWindow")
-        self.wait_put_away()
+        self.note.wait_setting("pinned", False)
+        self.assertTrue(self.note.is_shown())
         self.desktop.end(holder)
         self.note.signal(signal.SIGTERM)
         self.note.start()
         self.press(SHOW)
-        self.wait_put_away()
+        self.note.wait_hidden()
 
 
-class TrayTest(ShellTest):
-    def open_in_title_bar(self):
-        """The menu, if the item's button is in the title bar; there a click on nothing does nothing."""
-        self.note.click(*ITEM_BUTTON)
+class TrayTest(SessionTest):
+    def popup_by(self, act):
+        act()
         with contextlib.suppress(AssertionError):
-            return wait_until(self.popup, "a menu", 1)
+            return wait_until(self.note.popup, "a menu", 1)
         return False
 
-    def open_with_keys(self):
-        self.press("F6", "F6", "space")  # past the close button
-        return wait_until(self.popup, "the menu")
-
     def choose_in_title_bar(self, entry):
-        """With the pointer, then without it."""
-        wait_until(self.open_in_title_bar, "the item's button is in the title bar")
+        """With the pointer, then without it, once the item's button is there: a click on nothing does nothing."""
+        wait_until(lambda: self.popup_by(lambda: self.note.click(*ITEM_BUTTON)), "the item's button in the title bar")
         self.press("Escape")
-        self.wait_popup_closed()
-        wait_until(self.open_with_keys, "the item's button is in the title bar")
+        wait_until(lambda: not self.note.popup(), "the menu is closed")
+        wait_until(lambda: self.popup_by(lambda: self.press("F6", "F6", "space")), "the menu, past the close button")
         self.press(*["Down"] * (1 + [label for label, *_ in MENU].index(entry)), "Return")
-        self.wait_popup_closed()
+        wait_until(lambda: not self.note.popup(), "the menu is closed")
 
 
 class TestTray(TrayTest):
-    def start_host(self):
-        return self.desktop.start_service("notifier_host.py")
-
     def test_notifier_host(self):
         """It starts after the note, leaves, and starts again."""
         self.start_beside_companion()
         self.choose_in_title_bar("Keep on Top")
-        self.wait_setting("pinned", False)
-        for _ in range(2):
-            self.wait_forward()
-            host = self.start_host()
-            wait_until(lambda: self.desktop.tell(host, "items") == 1, "the item is in the tray")
-            self.assertEqual(self.desktop.tell(host, "property", "Id"), "Quillberry")
-            self.assertLessEqual({16, 22, 24, 32}, set(self.desktop.tell(host, "icon_sizes")))
-            self.desktop.tell(host, "press", "Keep on Top")
-            self.wait_setting("pinned", True)
-            self.assertEqual(self.desktop.tell(host, "menu"), MENU)
-            self.desktop.tell(host, "press", "Show on Screen Wake")
-            self.wait_setting("showOnWake", False)
-            self.assertEqual(self.desktop.tell(host, "menu")[2], ["Show on Screen Wake", None, False])
-            self.desktop.tell(host, "press", "Show on Screen Wake")
-            self.wait_setting("showOnWake", True)
-            self.desktop.tell(host, "activate")
-            self.wait_put_away()
-            self.desktop.tell(host, "activate")
-            self.wait_forward()
-            self.desktop.end(host)
-            self.choose_in_title_bar("Keep on Top")
-            self.wait_setting("pinned", False)
-        host = self.start_host()
-        wait_until(lambda: self.desktop.tell(host, "items") == 1, "the item is in the tray")
-        self.desktop.tell(host, "press", "Quit Quillberry")
-        self.assertEqual(self.note.process.wait(10), 0)
+        self.note.wait_setting("pinned", False)
+        for last in False, True:
+            self.note.wait_active()
+            host = self.desktop.start_service("notifier_host.py")
 
-    def start_x11_tray(self, edge="bottom"):
+            def tell(*command, host=host):
+                return self.desktop.tell(host, *command)
+            wait_until(lambda: tell("items") == 1, "the item is in the tray")
+            self.assertEqual(tell("property", "Id"), "Quillberry")
+            self.assertLessEqual({16, 22, 24, 32}, set(tell("icon_sizes")))
+            tell("press", "Keep on Top")
+            self.note.wait_setting("pinned", True)
+            self.assertEqual(tell("menu"), MENU)
+            for wanted in False, True:
+                tell("press", "Show on Screen Wake")
+                self.note.wait_setting("showOnWake", wanted)
+                self.assertEqual(tell("menu")[2], ["Show on Screen Wake", None, wanted])
+            for settled in self.wait_put_away, self.note.wait_active:
+                tell("activate")
+                settled()
+            if last:
+                tell("press", "Quit Quillberry")
+                self.assertEqual(self.note.process.wait(10), 0)
+            else:
+                self.desktop.end(host)
+                self.choose_in_title_bar("Keep on Top")
+                self.note.wait_setting("pinned", False)
+
+    def start_x11_tray(self, edge):
         """The tray, in a panel along that edge of the screen."""
         settings = self.note.folder / "tint2rc"
         settings.write_text("panel_items = S\npanel_size = 100% 32\nsystray_icon_size = 24\n"
@@ -410,50 +427,6 @@ class TestTray(TrayTest):
             self.desktop.end(tray)
         return self.fail("no panel")
 
-    def test_welcome_at_the_tray(self):
-        """It hangs from a panel above and stands on one below; the second start shows none."""
-        for edge in "top", "bottom":
-            with self.subTest(edge):
-                tray = self.start_x11_tray(edge)
-                self.note.put_settings(didShowWelcome=False)
-                self.note.launch()
-                welcome = wait_until(self.other_window, "the welcome")
-                self.desktop.wait_active(welcome)
-                icon_x, icon_y = wait_until(self.place_in_tray, "the item is in the tray")
-                x, y, width, height = self.desktop.geometry(welcome)
-                self.assertTrue(x < icon_x < x + width, (x, width, icon_x))
-                self.assertLess(abs((y if edge == "top" else y + height) - icon_y), 32)
-                self.press("Return")
-                wait_until(lambda: not self.desktop.is_viewable(welcome), "Return closes it")
-                self.wait_forward()
-                self.note.signal(signal.SIGTERM)
-                self.note.start()
-                wait_until(self.place_in_tray, "the item is in the tray")
-                time.sleep(1)  # more than the time after which a first run shows it
-                self.assertIsNone(self.other_window())
-                self.note.signal(signal.SIGTERM)
-                self.desktop.end(tray)
-
-    def test_x11_tray(self):
-        self.start_beside_companion()
-        for _ in range(2):
-            tray = self.start_x11_tray()
-            x, y = wait_until(self.place_in_tray, "the item is in the tray")
-            for settled in (self.wait_put_away, self.wait_forward) * 2:
-                self.desktop.click(x, y)
-                settled()
-            self.desktop.click(x, y, 3)
-            wait_until(self.popup, "the menu")
-            self.press("Down", "Return")
-            self.wait_put_away()
-            self.desktop.end(tray)
-            self.press(SHOW)
-            self.wait_forward()
-            self.choose_in_title_bar("Show / Hide Note")
-            self.wait_put_away()
-            self.press(SHOW)
-            self.wait_forward()
-
     def place_in_tray(self):
         """The middle of the icon, once it is there to be clicked: a window that another program has in its own."""
         text = self.desktop.run("xwininfo", "-root", "-tree")
@@ -462,3 +435,32 @@ class TestTray(TrayTest):
             return None
         x, y, width, height = self.desktop.geometry(icon[1])
         return x + width // 2, y + height // 2
+
+    def test_x11_tray(self):
+        """The welcome hangs from a panel above and stands on one below; clicks act, and the tray may go."""
+        self.companion = self.desktop.companion("companion")
+        for edge in "top", "bottom":
+            with self.subTest(edge):
+                tray = self.start_x11_tray(edge)
+                self.note.put_settings(didShowWelcome=False)
+                self.note.launch()
+                welcome = wait_until(self.note.other_window, "the welcome")
+                self.desktop.wait_active(welcome)
+                icon_x, icon_y = wait_until(self.place_in_tray, "the item is in the tray")
+                x, y, width, height = self.desktop.geometry(welcome)
+                self.assertTrue(x < icon_x < x + width, (x, width, icon_x))
+                self.assertLess(abs((y if edge == "top" else y + height) - icon_y), 32)
+                self.press("Return")
+                self.note.wait_active()
+                for settled in self.wait_put_away, self.note.wait_active:
+                    self.desktop.click(icon_x, icon_y)
+                    settled()
+                self.desktop.click(icon_x, icon_y, 3)
+                wait_until(self.note.popup, "the menu")
+                self.press("Down", "Return")
+                self.wait_put_away()
+                self.desktop.end(tray)
+                self.note.start_again()
+                self.choose_in_title_bar("Show / Hide Note")
+                self.wait_put_away()
+                self.note.signal(signal.SIGTERM)

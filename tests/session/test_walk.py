@@ -1,0 +1,135 @@
+# SPDX-License-Identifier: MIT
+"""Whatever a user does, in any order, beside a model of what must come of it."""
+
+import random
+import signal
+
+from desktop import wait_until
+from note import PIN, SHOW, SessionTest, options
+
+CLOSE_BUTTON = (16, 14)  # inside the window
+STEPS = 25
+
+
+class TestWalk(SessionTest):
+    """The model: the text, whether it is in the window alone, and whether the note is shown, in front, and pinned."""
+
+    def start(self):
+        self.text, self.shown, self.front, self.pinned = "", True, True, True
+        self.others = [self.desktop.companion(f"companion {number}") for number in (2, 1)][::-1]
+        self.note.start()
+        self.frame = self.note.geometry()
+        self.check()
+
+    def type(self):
+        letter = random.choice("abcdefgh")
+        self.note.type(letter)
+        self.text += letter
+
+    def pause(self):
+        self.note.wait_for_text(self.text)
+
+    def escape(self):
+        self.press("Escape")
+        self.shown = self.front = False
+
+    def close_button(self):
+        self.note.click(*CLOSE_BUTTON)
+        self.shown = self.front = False
+
+    def call(self):
+        self.front = self.shown = not self.front
+
+    def hot_key(self):
+        self.press(SHOW)
+        self.call()
+
+    def action(self):
+        self.note.perform("toggleWindow")
+        self.call()
+
+    def second_start(self):
+        self.note.start_again()
+        self.front = self.shown = True
+
+    def pin(self):
+        self.pinned = not self.pinned
+        if self.has_hot_keys():
+            self.press(PIN)
+        else:
+            self.note.perform("togglePin")
+
+    def go_to_companion(self):
+        """One covers the other, and a note that is not pinned, but no other."""
+        self.others.reverse()
+        self.desktop.activate(self.others[0])
+        self.front = False
+        if not self.desktop.tiles:
+            below = self.others[1:] + [self.note.window] * (self.shown and not self.pinned)
+            wait_until(lambda: all(self.desktop.lies_above(self.others[0], other) for other in below), "it is raised")
+
+    def end_and_start(self):
+        number = random.choice([signal.SIGTERM, signal.SIGINT, signal.SIGHUP, None, None])
+        if number:
+            self.note.process.send_signal(number)
+        elif self.front:
+            self.press("ctrl+q")
+        else:
+            self.note.perform("terminate")
+        self.assertEqual(self.note.process.wait(10), 0)
+        self.assertEqual(self.note.text(), self.text)
+        self.note.start()
+        self.front = self.shown = True
+        self.note.wait_geometry(*self.frame)
+
+    def has_hot_keys(self):
+        return not self.desktop.kind.wayland
+
+    def possible(self):
+        yield from (self.action, self.second_start, self.pin, self.go_to_companion, self.end_and_start)
+        if self.has_hot_keys():
+            yield self.hot_key
+        if self.front:
+            yield from (self.type, self.escape, self.close_button)
+            if self.text:
+                yield self.pause
+
+    def check(self):
+        wait_until(lambda: self.note.is_shown() == self.shown, f"shown: {self.shown}")
+        if self.front:
+            self.note.wait_active()
+        else:
+            self.desktop.wait_active(self.others[0], "the companion has the keyboard")
+        if not self.shown:
+            self.assertEqual(self.note.text(), self.text, "saved when it is hidden, not later")
+        self.note.wait_setting("pinned", self.pinned)
+        if self.shown:
+            self.note.wait_pinned(self.pinned)
+        if self.front or self.shown and self.pinned:
+            wait_until(lambda: all(self.desktop.lies_above(self.note.window, other) for other in self.others),
+                       "the note lies above the companions")
+
+    def walk(self, seed):
+        """Every thing as often as every other, in an order drawn by lot."""
+        random.seed(seed)
+        self.start()
+        done = []
+        try:
+            for _ in range(STEPS):
+                steps = list(self.possible())
+                least = min(done.count(step.__name__) for step in steps)
+                step = random.choice([step for step in steps if done.count(step.__name__) == least])
+                done.append(step.__name__)
+                step()
+                self.check()
+        except AssertionError as error:
+            raise AssertionError(f"after {', '.join(done)}: {error}") from error
+
+    def test_one(self):
+        self.walk(f"{options.desktop} 1")
+
+    def test_two(self):
+        self.walk(f"{options.desktop} 2")
+
+    def test_three(self):
+        self.walk(f"{options.desktop} 3")

@@ -47,17 +47,12 @@ class Host:
     def _item(self):
         return self.bus.get_object(*self.watcher.items[-1], introspect=False)
 
-    def property(self, name):
-        return self._item().Get(ITEM, name, dbus_interface=dbus.PROPERTIES_IFACE)
-
-    def icon_sizes(self):
-        return sorted(width for width, height, bytes in self.property("IconPixmap") if width == height)
-
     def activate(self):
         self._item().Activate(0, 0, dbus_interface=ITEM)
 
     def _menu(self):
-        return self.bus.get_object(self.watcher.items[-1][0], self.property("Menu"), introspect=False)
+        path = self._item().Get(ITEM, "Menu", dbus_interface=dbus.PROPERTIES_IFACE)
+        return self.bus.get_object(self.watcher.items[-1][0], path, introspect=False)
 
     def _entries(self):
         root = self._menu().GetLayout(0, -1, dbus.Array(signature="s"), dbus_interface=MENU)[1]

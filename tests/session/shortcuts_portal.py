@@ -31,7 +31,6 @@ KINDS = {
     "lists other types": {"ListShortcuts": lambda _: ("ua{sv}", GRANTED, {"shortcuts": dbus.Array(["x"])})},
     "refuses session": {"CreateSession": lambda _: ("ua{sv}", REFUSED, {})},
     "says that it has failed": {"BindShortcuts": lambda _: ("ua{sv}", FAILED, {})},  # GNOME 48, when the user agreed
-    "number for a handle": {"CreateSession": lambda _: ("ua{sv}", GRANTED, {"session_handle": dbus.Int32(1)})},
     "answer of other types": {"CreateSession": lambda _: ("s", "granted")},
 }
 

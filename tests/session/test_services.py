@@ -327,7 +327,7 @@ class TestPortal(SessionTest):
         self.assert_gives_none(first)
 
     def test_refusals(self):
-        for kind in "refuses session", "number for a handle", "answer of other types":
+        for kind in "refuses session", "answer of other types":
             with self.subTest(kind):
                 portal = self.start_portal(kind, CREATED)
                 self.assert_gives_none(portal)

@@ -68,6 +68,17 @@ class TestWalk(SessionTest):
             below = self.others[1:] + [self.note.window] * (self.shown and not self.pinned)
             wait_until(lambda: all(self.desktop.lies_above(self.others[0], other) for other in below), "it is raised")
 
+    def update_window(self):
+        """Is in front of all, at the middle of the screen, and gives the keyboard back."""
+        self.note.perform("checkForUpdates")
+        window = wait_until(self.note.other_window, "the update window")
+        self.desktop.wait_active(window)
+        wait_until(lambda: self.desktop.tiles or self.desktop.lies_above(window, self.note.window), "it is above")
+        x, _, width, _ = self.desktop.geometry(window)
+        self.assertAlmostEqual(x + width / 2, self.desktop.screen[0] / 2, delta=20)
+        self.press("Escape")
+        wait_until(lambda: not self.desktop.is_viewable(window), "it is closed")
+
     def end_and_start(self):
         number = random.choice([signal.SIGTERM, signal.SIGINT, signal.SIGHUP, None, None])
         if number:
@@ -90,7 +101,7 @@ class TestWalk(SessionTest):
         if self.has_hot_keys():
             yield self.hot_key
         if self.front:
-            yield from (self.type, self.escape, self.close_button)
+            yield from (self.type, self.escape, self.close_button, self.update_window)
             if self.text:
                 yield self.pause
 

@@ -1,170 +1,185 @@
 # SPDX-License-Identifier: MIT
-"""The system calls of one save: found by tracing it, made to fail or to be the last, and replayed on a disk that
-forgets what was not synced."""
+"""Notes and their saves: what must hold after each, and its system calls, found by tracing it and replayed on a disk
+that forgets what was not synced."""
 
 import ast
+import collections
 import contextlib
+import functools
 import itertools
 import os
 import re
-import signal
+import subprocess
+import tempfile
+import types
 import typing
-import unittest
-from pathlib import Path
+from reprlib import repr as brief
+from signal import SIGTERM
 
-from desktop import wait_until
+from desktop import NotStarted as NotHere, wait_until
+from note import Note
 
-TRACED = "%file,%desc,getrandom"
-# What the model of a disk would have to learn first.
-UNKNOWN_TO_THE_MODEL = re.compile(r"pwrite|writev|ftruncate|fallocate|copy_file_range|sendfile|symlink|mkdir|.*O_TRUNC")
+NOTE, KEPT, LINKED = "data/Quillberry/note.txt", "data/Quillberry/note.txt.unreadable", "data/elsewhere/text"
+TO_LINK = "mkdir data/elsewhere; ln -s ../elsewhere/text"
+LINK = f"{TO_LINK} {NOTE}"
+SMALL_DISK = "mount -t tmpfs -o size=64k,mode=700 none"
+LINES = b"Milk, eggs\n" * 500  # more than one page of memory
 
 
-class Call(typing.NamedTuple):
-    thread: str
-    name: str
-    text: str  # arguments and result, descriptors with their paths
-    nth: int  # among the thread's calls of this name, from 1
+# In the folder above the data folder.
+def shell(note, script, failure=AssertionError):
+    if subprocess.call(["sh", "-ec", script], cwd=note.folder, env=note.environment, stdout=subprocess.DEVNULL) != 0:
+        raise failure(f"it failed: {script}")
+
+
+def contents(path):
+    return path.read_bytes() if path.exists() else b""
+
+
+def end(note, number=SIGTERM):
+    assert note.signal(number) == (0 if number == SIGTERM else -number), "it did not end as it should"
+
+
+class Scene(typing.NamedTuple):
+    """A note before a save; the save adds one letter to what is shown."""
+
+    old: bytes
+    new: bytes
+    target: str = NOTE  # else the note is a link to this
+    make: str = ""
 
     @property
-    def done(self):
-        return re.search(r" = \d", self.text) is not None
+    def files(self):
+        return {self.target: self.old} if self.old else {}
+
+    def put(self, note, files):
+        shell(note, f"mkdir -p data/Quillberry; {self.make}", NotHere)
+        for path, text in files.items():
+            (note.folder / path).write_bytes(text)
+
+    def check(self, note, *allowed):
+        """That the file holds one of the texts, and the next start shows and writes it and clears away all else."""
+        found = contents(note.file)
+        assert found in allowed, f"the note holds {brief(found)}"
+        before = note.file.exists() and note.file.stat().st_ino
+        note.launch()
+        end(note)
+        shown = contents(note.file)
+        assert shown == (self.new[:-1] if found == self.old else found), f"the next start shows {brief(shown)}"
+        assert note.file.stat().st_ino != before, "the end of the next start wrote nothing"
+        assert self.target == NOTE or note.file.resolve() == note.folder.resolve() / self.target, "a link is gone"
+        assert self.old == self.new[:-1] or self.old == contents(note.folder / KEPT), "what could not be read is gone"
+        for path in (*note.file.parent.iterdir(), *note.file.resolve().parent.iterdir()):
+            assert re.fullmatch(r"(note\.txt|text)(\.unreadable|\.link)?", path.name), f"{path} is left"
 
 
-def parse(log):
-    """The calls of a trace, in the order in which they began; one that another thread interrupts is put together.
-    Where one thread is traced, it has no name."""
-    calls, begun, counts = [], {}, {}
-    for line in log.splitlines():
-        if resumed := re.match(r"(\d+) +<\.\.\. \w+ resumed>(.*)", line):
-            at = begun.pop(resumed[1], None)
-            if at is not None:
-                calls[at] = calls[at]._replace(text=calls[at].text + resumed[2])
-        elif found := re.match(r"(?:(\d+) +)?(\w+)\((.*)", line):
-            thread, name, text = found.groups()
-            counts[thread, name] = nth = counts.get((thread, name), 0) + 1
-            if text.endswith(" <unfinished ...>"):
-                text = text.removesuffix(" <unfinished ...>")
-                begun[thread] = len(calls)
-            calls.append(Call(thread, name, text, nth))
-    return calls
+SCENES = {
+    "a note": Scene(LINES, LINES + b"x"), "no note": Scene(b"", b"x"), "a file that is no text": Scene(b"\xe9", b"x"),
+    "a link": Scene(LINES, LINES + b"x", LINKED, LINK), "a dangling link": Scene(b"", b"x", LINKED, LINK),
+    "a link to a link": Scene(LINES, LINES + b"x", LINKED, f"{TO_LINK}.link {NOTE}; ln -s text {LINKED}.link"),
+    "a link to another disk": Scene(LINES, LINES + b"x", LINKED, f"{LINK}; {SMALL_DISK} data/elsewhere")}
 
 
-def begun_saving(calls, folder):
-    """From the first call that names something in the folder on, all of the same thread but what wakes another one."""
-    calls = [call for call in calls if "<anon_inode:" not in call.text]
-    marked = [call for call in calls if f"{folder}/" in call.text]
-    assert len({call.thread for call in marked}) <= 1, "a save by more than one thread"
-    return [call for call in calls[calls.index(marked[0]):] if call.thread == marked[0].thread] if marked else []
+class World(typing.NamedTuple):
+    desktop: typing.Any
+    size: str
+
+    @contextlib.contextmanager
+    def note(self, scene=None):
+        """Not started yet; or one of a scene, with a letter typed that is not saved yet."""
+        with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as folder, contextlib.ExitStack() as stack, \
+                self.desktop.keeping_only_the_window_manager():
+            note = Note(self.desktop, folder)
+            stack.callback(shell, note, "umount -l data/elsewhere data 2>/dev/null || true")
+            if scene:
+                scene.put(note, scene.files)
+                note.start().type("x")
+            yield note
+
+    @functools.cache
+    def calls_of_a_save(self, scene):
+        with self.note(scene) as note, traced(note) as calls:
+            note.hide()
+        while calls and not re.search('["<]data/', calls[-1].text):
+            calls.pop()
+        assert calls, "no save is seen"
+        return calls
 
 
-def of_the_save(calls, folder):
-    """Down to the last call that names something in the folder, too."""
-    calls = begun_saving(calls, folder)
-    while calls and f"{folder}/" not in calls[-1].text:
-        calls.pop()
-    return calls
+# The text: arguments and result, descriptors with their paths; the number: among those of this name, from 1.
+Call = collections.namedtuple("Call", "name text number")
 
 
 @contextlib.contextmanager
 def traced(note, *injection):
-    """Traces the running program while inside; gives a function that tells its calls. An injection is for the thread
-    that saves alone: another one whose call fails may make it call more often."""
-    log = note.folder / "trace"
-    told = note.folder / "tracer"
-    with told.open("w") as output:
-        tracer = note.desktop.spawn("strace", *([] if injection else ["-f"]), "-y", "-s", "1000000", "-o", str(log),
-                                    "-p", str(note.process.pid), "-e", f"trace={TRACED}", *injection, stderr=output)
-    wait_until(lambda: "attached" in told.read_text() or tracer.poll() is not None, "strace is attached")
-    if tracer.poll() is not None and note.process.poll() is None:
-        raise unittest.SkipTest(f"strace cannot attach: {told.read_text().strip()}")
-    try:
-        yield lambda: parse(log.read_text())
-    finally:
-        if tracer.poll() is None:
-            tracer.send_signal(signal.SIGINT)  # it lets go of the program
-        tracer.wait(timeout=10)
+    """Traces the thread that saves while inside; then the list has its calls, from the first that names something in
+    the data folder, without what wakes other threads. Paths are as seen from the note's folder."""
+    shell(note, "command -v strace", NotHere)
+    tracer = note.desktop.spawn("strace", "-y", "-s", "1000000", "-o", f"{note.folder}/trace", "-p",
+                                str(note.process.pid), "-e", "trace=%file,%desc,getrandom", *injection)
+    not_yet = "grep", "TracerPid:.0", f"/proc/{note.process.pid}/status"
+    if wait_until(lambda: tracer.poll() or not note.desktop.run(*not_yet), "strace is attached") is not True:
+        raise NotHere("strace cannot attach to a process")
+    calls, counts = [], collections.Counter()
+    yield calls
+    tracer.terminate()  # it lets go of the program
+    tracer.wait(timeout=10)
+    for name, text in re.findall(r"^(\w+)\((.*)", (note.folder / "trace").read_text(), re.MULTILINE):
+        counts[name] += 1
+        if (calls or f"{note.folder}/data/" in text) and "<anon_inode:" not in text:
+            calls.append(Call(name, text.replace(f"{note.folder}/", ""), counts[name]))
 
 
 class Disk:
-    """Replays a save's calls; what of it survives a power cut at any moment is up to the disk."""
+    """Replays calls on files, which are texts by their paths; what of it survives a power cut is up to the disk."""
 
-    def __init__(self, files, calls, folder):
-        """`files`: contents by path, as seen from the folder, all of it on disk."""
-        self.folder = folder
-        self.contents = list(files.values())  # by file, whatever its names
-        self.durable = [True] * len(files)
-        self.names = {path: number for number, path in enumerate(files)}
+    NO_MATTER = re.compile(r"(\w*stat\w*|readlink\w*|getrandom|fchown|fchmod|close) |openat .*O_RDONLY")
+
+    def __init__(self, files):
+        self.names = {path: types.SimpleNamespace(text=text, synced=True) for path, text in files.items()}
         self.on_disk = dict(self.names)
-        self.pending = []  # changes of names: the name that goes, the one that comes, its file
-        self.calls = [call for call in calls if call.done]
+        self.pending = []  # changes of names: the file that each stands for now, or None
 
-    def states(self):
-        """After each call: every set of names and contents that a power cut can leave, and whether all is done."""
-        yield from ((state, False) for state in self._after_a_cut())
-        for number, call in enumerate(self.calls, 1):
-            self._replay(call)
-            for state in self._after_a_cut():
-                yield state, number == len(self.calls)
+    def replay(self, call):
+        paths = [os.path.join(*path) for path in re.findall(r'(?:<([^>]*)>, )?"((?:[^"\\]|\\.)*)"', call.text)]
+        opened = "".join(re.findall(r"^\d+<([^>]*)>", call.text))
+        change = {}
+        match call.name:
+            case "openat" if "O_CREAT|O_EXCL" in call.text:
+                change = {paths[0]: types.SimpleNamespace(text=b"", synced=False)}
+            case "write":
+                data, written = re.search(r'("(?:[^"\\]|\\.)*"), \d+\) += (\d+)', call.text).groups()
+                self.names[opened].text += ast.literal_eval("b" + data)[:int(written)]
+                self.names[opened].synced = False
+            case "fsync" if opened in self.names:
+                self.names[opened].synced = True
+            case "fsync":
+                for synced in [change for change in self.pending if opened in map(os.path.dirname, change)]:
+                    self.on_disk |= synced
+                    self.pending.remove(synced)
+            case "renameat" | "linkat" | "unlinkat":
+                change = {path: self.names[paths[0]] for path in paths[1:]}
+                change |= {paths[0]: None} if call.name != "linkat" else {}
+            case _:
+                assert self.NO_MATTER.match(f"{call.name} {call.text}"), f"the model of a disk knows no {call}"
+        self.names |= change
+        self.pending += [change] * bool(change)
 
-    def _replay(self, call):
-        assert not UNKNOWN_TO_THE_MODEL.match(f"{call.name} {call.text}"), f"the model of a disk knows no {call}"
-        paths = [self._seen(Path(folder) / name)
-                 for folder, name in re.findall(r'(?:<([^>]*)>, )?"((?:[^"\\]|\\.)*)"', call.text)]
-        if call.name == "openat" and "O_CREAT" in call.text:
-            self.contents.append(b"")
-            self.durable.append(False)
-            self._name(paths[0], len(self.contents) - 1)
-        elif call.name == "write":
-            path, data = re.match(r'\d+<([^>]*)>, ("(?:[^"\\]|\\.)*")', call.text).groups()
-            written = int(re.search(r" = (\d+)", call.text)[1])
-            file = self.names[self._seen(path)]
-            self.contents[file] += ast.literal_eval("b" + data)[:written]
-            self.durable[file] = False
-        elif call.name in ("fsync", "fdatasync"):
-            self._sync(self._seen(re.match(r"\d+<([^>]*)>", call.text)[1]))
-        elif call.name.startswith("rename"):
-            self._name(paths[1], self.names[paths[0]], gone=paths[0])
-        elif call.name.startswith("link"):
-            self._name(paths[1], self.names[paths[0]])
-        elif call.name.startswith("unlink"):
-            self._name(None, None, gone=paths[0])
-
-    def _seen(self, path):
-        return os.path.relpath(path, self.folder)
-
-    def _name(self, path, file, gone=None):
-        self.pending.append((gone, path, file))
-        self._apply(self.names, self.pending[-1])
-
-    @staticmethod
-    def _apply(names, change):
-        gone, path, file = change
-        names.pop(gone, None)
-        if path:
-            names[path] = file
-
-    def _sync(self, path):
-        if path in self.names:
-            self.durable[self.names[path]] = True
-            return
-        for change in [change for change in self.pending if self._folder(change[1] or change[0]) == path]:
-            self._apply(self.on_disk, change)
-            self.pending.remove(change)
-
-    @staticmethod
-    def _folder(path):
-        return os.path.normpath(os.path.dirname(path))
-
-    def _after_a_cut(self):
+    def after_a_cut(self):
+        """Every set of names and contents that can be left now."""
         for kept in itertools.product((False, True), repeat=len(self.pending)):
             names = dict(self.on_disk)
             for change in itertools.compress(self.pending, kept):
-                self._apply(names, change)
-            for contents in itertools.product(*(self._remains(names[path]) for path in sorted(names))):
-                yield dict(zip(sorted(names), contents))
+                names |= change
+            files = sorted((path, file) for path, file in names.items() if file)
+            for texts in itertools.product(*({file.text} if file.synced else {
+                    file.text, b"", file.text[:len(file.text) // 2], bytes(len(file.text))} for _, file in files)):
+                yield dict(zip(dict(files), texts))
 
-    def _remains(self, file):
-        whole = self.contents[file]
-        if self.durable[file]:
-            return [whole]
-        return sorted({whole, b"", whole[:len(whole) // 2], bytes(len(whole))})
+    def states(self, calls):
+        """After each call that was done: every state that a power cut can leave, and whether all is done."""
+        done = [call for call in calls if re.search(r" = \d", call.text)]
+        yield from ((state, not done) for state in self.after_a_cut())
+        for call in done:
+            self.replay(call)
+            yield from ((state, call is done[-1]) for state in self.after_a_cut())

@@ -4,9 +4,7 @@
 
 import argparse
 import configparser
-import json
 import os
-import platform
 import re
 import shlex
 import shutil
@@ -19,27 +17,20 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "session"))
 
-from desktop import Desktop, wait_until  # noqa: E402
+from desktop import Desktop, NotStarted, wait_until  # noqa: E402
 from note import NAME, Note  # noqa: E402
 
 TOP = Path(__file__).resolve().parent.parent.parent
 TABLES = TOP / "platform/desktop/language/translations"
 
-options = argparse.Namespace(build=None, cmake="cmake", lupdate="lupdate")
-
-
-def tool(name):
-    if not shutil.which(name):
-        raise unittest.SkipTest(f"not installed: {name}")
-    return name
+options = argparse.Namespace(lupdate="lupdate")
 
 
 def output(*command, **more):
-    """What a command prints, its complaints too; AssertionError with them if it fails."""
-    done = subprocess.run([str(part) for part in command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT, text=True, timeout=60, **more)
-    if done.returncode != 0:
-        raise AssertionError(f"{shlex.join(map(str, command))}\n{done.stdout}")
+    if not shutil.which(command[0]):
+        raise NotStarted(f"not installed: {command[0]}")
+    done = subprocess.run(list(map(str, command)), capture_output=True, text=True, timeout=60, **more)
+    assert done.returncode == 0, f"{command}\n{done.stdout}{done.stderr}"
     return done.stdout
 
 
@@ -56,211 +47,121 @@ def command_line(value):
     return shlex.split(value)
 
 
-def read_tables():
-    """What each language has for each of the program's texts."""
+# What each language has for each of the program's texts.
+def read_tables(folder=TABLES):
     return {table.stem.removeprefix("quillberry_"): {
         message.get("id"): message.findtext("translation") for message in xml.parse(table).iter("message")}
-        for table in TABLES.glob("*.ts")}
+        for table in folder.glob("*.ts")}
 
 
 class TestTexts(unittest.TestCase):
-    def test_every_language_has_every_text(self):
-        tables = read_tables()
-        for language, table in tables.items():
-            with self.subTest(language):
-                self.assertEqual(table.keys(), tables["en"].keys())
-                for text, shown in table.items():
-                    self.assertTrue(shown, text)
-                    marks = [sorted(re.findall(r"%\d|&", each)) for each in (text, shown)]
-                    self.assertEqual(*marks, f"the placeholders and mnemonics of: {text}")
-
-    def test_the_tables_have_what_the_program_says(self):
+    def test_every_language_has_what_the_program_says(self):
         """No more and no less, by what Qt's tool finds in the sources."""
         with tempfile.TemporaryDirectory() as folder:
-            table = shutil.copy(TABLES / "quillberry_en.ts", folder)
+            copies = Path(shutil.copytree(TABLES, f"{folder}/tables"))
             output(options.lupdate, "-silent", "-locations", "none", "-no-obsolete", "-tr-function-alias",
-                   "qtTrId+=NSLocalizedString", "app", "note", "onboarding", "system", "platform/desktop", "-ts", table,
-                   cwd=TOP)
-            found = {message.get("id") for message in xml.parse(table).iter("message")}
-            self.assertEqual(found, read_tables()["en"].keys())
-            self.assertNotIn("unfinished", Path(table).read_text())
+                   "qtTrId+=NSLocalizedString", "app", "note", "onboarding", "system", "platform/desktop",
+                   "-ts", *copies.glob("*.ts"), cwd=TOP)
+            self.assertEqual(read_tables(copies), read_tables())
+        for language, table in read_tables().items():
+            for text, shown in table.items():
+                marks = [sorted(re.findall(r"%\d|&", each)) for each in (text, shown)]
+                self.assertTrue(shown and marks[0] == marks[1], f"{language}: placeholders and mnemonics of {text}")
 
 
 class TestHardened(unittest.TestCase):
-    def readelf(self, *arguments):
-        return output(tool("readelf"), "--wide", *arguments)
-
-    def test_position_and_relocations(self):
-        for file in options.build / "quillberry", *options.build.glob("quillberry-*.so"):
-            with self.subTest(file.name):
-                self.assertRegex(self.readelf("--file-header", file), r"Type:\s+DYN")
-                segments = self.readelf("--segments", file)
-                self.assertIn("GNU_RELRO", segments)
-                self.assertRegex(segments, r"GNU_STACK.* RW ", "an executable stack")
-                self.assertRegex(self.readelf("--dynamic", file), r"FLAGS.*(BIND_NOW|NOW)")
-        self.assertRegex(self.readelf("--dynamic", options.build / "quillberry"), r"FLAGS_1.*\bPIE\b")
-
-    def test_checks_in_the_code(self):
-        symbols = self.readelf("--dyn-syms", options.build / "quillberry")
-        self.assertIn("__stack_chk_fail@", symbols)
-        self.assertRegex(symbols, r"__\w+_chk@")
-
-    def test_no_library_for_nothing(self):
-        needed = re.findall(r"NEEDED.*\[(.*)\]", self.readelf("--dynamic", options.build / "quillberry"))
-        self.assertNotIn("network", " ".join(needed).lower(), "it is for the module to load")
-
-    @unittest.skipUnless(platform.machine() == "x86_64", "other processors have other marks")
-    def test_indirect_branches(self):
-        """In what is compiled here: the linker drops the marks if the C library's start files lack them."""
-        objects = self.readelf("--notes", options.build / "libprogram.a").split("File: ")[1:]
-        self.assertTrue(objects)
-        self.assertEqual([notes.split("\n")[0] for notes in objects if "IBT, SHSTK" not in notes], [])
+    def test_what_is_built(self):
+        modules = options.build.glob("quillberry-*.so")
+        program = options.build / "quillberry", r"FLAGS_1.*PIE", "__stack_chk_fail@", r"__(?!stack)\w+_chk@"
+        for file, *more in (*((module,) for module in modules), program):
+            told = output("readelf", "--wide", "--file-header", "--segments", "--dynamic", "--dyn-syms", file)
+            for pattern in (r"Type:\s+DYN", "GNU_RELRO", "GNU_STACK.* RW ", "FLAGS.*NOW", *more):
+                self.assertRegex(told, pattern, file)
+        self.assertNotRegex(told, "NEEDED.*[Nn]etwork", "it is for the module to load")
+        if os.uname().machine == "x86_64":  # in what is compiled here: not all C libraries have such marks
+            notes = output("readelf", "--wide", "--notes", options.build / "libprogram.a")
+            self.assertEqual(notes.count("File: "), notes.count("IBT, SHSTK"), notes)
 
 
 class InstalledTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.prefix = Path(cls.enterClassContext(tempfile.TemporaryDirectory(ignore_cleanup_errors=True))) / "usr"
-        output(options.cmake, "--install", options.build, "--prefix", cls.prefix)
-        cls.entry_file = cls.prefix / f"share/applications/{NAME}.desktop"
-        cls.entry = read_entry(cls.entry_file)
-        cls.program = cls.prefix / "bin/quillberry"
-
-    def only(self, pattern):
-        found = list(self.prefix.rglob(pattern))
-        self.assertEqual(len(found), 1, f"{pattern}: {found}")
-        return found[0]
+        cls.prefix = Path(cls.enterClassContext(tempfile.TemporaryDirectory())) / "usr"
+        output("cmake", "--install", options.build, "--prefix", cls.prefix)
+        cls.share = cls.prefix / "share"
+        cls.entry = read_entry(cls.share / f"applications/{NAME}.desktop")
+        cls.main = cls.entry["Desktop Entry"]
 
 
 class TestInstalled(InstalledTest):
-    def test_desktop_entry(self):
-        output(tool("desktop-file-validate"), "--warn-kde", self.entry_file)
+    def test_all_say_the_same(self):
+        output("desktop-file-validate", "--warn-kde", self.share / f"applications/{NAME}.desktop")
+        output("appstreamcli", "validate", "--no-net", self.share / f"metainfo/{NAME}.metainfo.xml")
+        metainfo = xml.parse(self.share / f"metainfo/{NAME}.metainfo.xml")
+        service = read_entry(self.share / f"dbus-1/services/{NAME}.service")["D-BUS Service"]
+        names = {metainfo.findtext("id"), metainfo.findtext("launchable").removesuffix(".desktop"), service["Name"],
+                 metainfo.findtext("provides/dbus"), metainfo.findtext("icon"), self.main["Icon"]}
+        self.assertEqual(names, {NAME})
+        for icon in f"scalable/apps/{NAME}", f"symbolic/apps/{NAME}-symbolic":
+            xml.parse(self.share / f"icons/hicolor/{icon}.svg")
+        release, program = metainfo.find("releases/release").attrib, (self.prefix / "bin/quillberry").read_bytes()
+        self.assertIn(release["version"].encode(), program)
+        page = (self.share / "man/man1/quillberry.1").read_text()
+        self.assertIn('{date} "Quillberry {version}"'.format(**release), page)
+        folder = re.search(rb"\.\./[\w./-]+?/modules", program.replace(b"\0", b""))[0].decode()  # Qt's are UTF-16
+        modules = {file.name for file in (self.prefix / "bin" / folder).iterdir()}
+        self.assertEqual(modules, {"quillberry-feed.so", "quillberry-gnome.so"})
+
+    def test_all_speak_every_language(self):
+        parts = [(part.tag, part.get("{http://www.w3.org/XML/1998/namespace}lang", "en"))
+                 for part in xml.parse(self.share / f"metainfo/{NAME}.metainfo.xml").iter()]
         for language, table in read_tables().items():
             suffix = f"[{language}]" if language != "en" else ""
-            for key in "GenericName", "Comment", "Keywords":
-                self.assertTrue(self.entry["Desktop Entry"][key + suffix])
+            self.assertEqual([parts.count((tag, language)) for tag in ("summary", "p", "li", "caption")], [1, 1, 5, 3])
+            self.assertTrue(all(self.main[key + suffix] for key in ("GenericName", "Comment", "Keywords")))
             for action, text in ("toggleWindow", "Show / Hide Note"), ("togglePin", "Keep on Top"):
                 self.assertEqual(self.entry[f"Desktop Action {action}"]["Name" + suffix], table[text])
 
-    def test_metainfo(self):
-        output(tool("appstreamcli"), "validate", "--no-net", self.only("*.metainfo.xml"))
-        parts = [(part.tag, part.get("{http://www.w3.org/XML/1998/namespace}lang", "en"))
-                 for part in xml.parse(self.only("*.metainfo.xml")).iter()]
-        for language in read_tables():
-            told = [parts.count((tag, language)) for tag in ("summary", "p", "li", "caption")]
-            self.assertEqual(told, [1, 1, 5, 3], language)
-
-    def test_manual_page(self):
-        complaints = output(tool("man"), "--warnings", "--encoding=UTF-8", "--local-file", self.only("quillberry.1"),
-                            env=os.environ | {"LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"})
-        self.assertNotIn("warning:", complaints)
-
-    def test_one_name_for_all(self):
-        """Each finds the others by it."""
-        metainfo = xml.parse(self.only("*.metainfo.xml")).getroot()
-        names = {metainfo.findtext("id"), metainfo.findtext("launchable").removesuffix(".desktop"),
-                 metainfo.findtext("provides/dbus"), metainfo.findtext("icon"), self.entry["Desktop Entry"]["Icon"],
-                 self.only("*.service").stem, read_entry(self.only("*.service"))["D-BUS Service"]["Name"]}
-        self.assertEqual(names, {NAME})
-        for icon in f"scalable/apps/{NAME}", f"symbolic/apps/{NAME}-symbolic":
-            self.assertTrue(xml.parse(self.prefix / f"share/icons/hicolor/{icon}.svg").getroot().get("viewBox"))
-
-    def test_one_version_for_all(self):
-        release = xml.parse(self.only("*.metainfo.xml")).getroot().find("releases/release")
-        page = self.only("quillberry.1").read_text()
-        self.assertIn(f'{release.get("date")} "Quillberry {release.get("version")}"', page)
-        self.assertIn(release.get("version").encode(), self.program.read_bytes())
-
-    def test_module_where_the_program_looks(self):
-        text = self.program.read_bytes().replace(b"\0", b"").decode("ascii", "replace")  # Qt's are UTF-16
-        folder = self.program.parent / re.search(r"\.\./[\w./-]+?/modules", text)[0]
-        for name in "quillberry-feed.so", "quillberry-gnome.so":
-            self.assertEqual(self.only(name), (folder / name).resolve())
-
 
 class TestStarted(InstalledTest):
-    """From what is installed, on a desktop that finds it there."""
+    def test_by_its_entry(self):
+        """Itself; or for an action, which the bus starts it for; or where the bus cannot, for want of a display."""
+        for first, bus in ("Entry", ()), ("Action togglePin", ()), ("Action toggleWindow", ()), (
+                "Action toggleWindow", ("env", "-u", "DISPLAY")):
+            with self.subTest(first=first, bus=bus), Desktop("openbox") as desktop, \
+                    tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as folder:
+                note = Note(desktop, folder)
+                address = f"unix:path={folder}/bus"
+                note.environment |= {"PATH": f"{self.prefix}/bin:{os.environ['PATH']}",
+                                     "XDG_DATA_DIRS": str(self.share), "DBUS_SESSION_BUS_ADDRESS": address}
+                desktop.spawn(*bus, "dbus-daemon", "--session", "--nofork", f"--address={address}",
+                              environment=note.environment)
+                wait_until(Path(folder, "bus").exists, "a bus")
+                self.use(note, first)
 
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        tool("gapplication")
-        cls.desktop = cls.enterClassContext(Desktop("openbox"))
-
-    def setUp(self):
-        self.enterContext(self.desktop.keeping_only_the_window_manager())
-        self.note = Note(self.desktop, self.enterContext(tempfile.TemporaryDirectory(ignore_cleanup_errors=True)))
-        self.environment = self.note.environment | {
-            "PATH": f"{self.prefix}/bin:{os.environ['PATH']}", "XDG_DATA_DIRS": str(self.prefix / "share")}
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus(self.environment)
-
-    def start_bus(self, environment):
-        read_end, write_end = os.pipe()
-        self.desktop.spawn("dbus-daemon", "--session", "--nofork", f"--address=unix:dir={self.desktop.home}",
-                           f"--print-address={write_end}", environment=environment, pass_fds=[write_end])
-        os.close(write_end)
-        with os.fdopen(read_end) as pipe:
-            return pipe.readline().strip()
-
-    def launch(self, group):
-        """As a launcher does."""
-        return self.desktop.spawn(*command_line(self.entry[group]["Exec"]), environment=self.environment)
-
-    def wait_window(self):
-        wanted = self.entry["Desktop Entry"]["StartupWMClass"]
-        self.note.window = wait_until(lambda: self.desktop.window_with("WM_CLASS", f'"quillberry", "{wanted}"'),
-                                      "the window by the class that the entry names")
-
-    def pinned(self):
-        return json.loads(self.note.settings.read_text()).get("pinned", True)
-
-    def test_from_its_entry(self):
-        self.assertTrue(shutil.which(self.entry["Desktop Entry"]["TryExec"], path=self.environment["PATH"]))
-        self.launch("Desktop Entry")
-        self.wait_window()
-        self.assertEqual(set(self.entry["Desktop Entry"]["Actions"].rstrip(";").split(";")),
-                         {"toggleWindow", "togglePin"})
-        self.launch("Desktop Action togglePin")
-        wait_until(lambda: not self.pinned(), "no longer kept on top")
-        self.desktop.wait_active(self.note.window)
-        self.launch("Desktop Action toggleWindow")
-        self.note.wait_hidden()
-
-    def test_by_the_bus(self):
-        """Which starts a program that does not run for an action of it, and the action is done."""
-        self.launch("Desktop Action togglePin")
-        self.wait_window()
-        wait_until(lambda: not self.pinned(), "no longer kept on top")
-
-    def test_by_the_bus_to_show_the_note(self):
-        self.launch("Desktop Action toggleWindow")
-        self.wait_window()
-        self.launch("Desktop Action togglePin")
-        wait_until(lambda: not self.pinned(), "the request after the one that it was started for is done")
-        self.desktop.wait_active(self.note.window)
-        self.launch("Desktop Action toggleWindow")
-        self.note.wait_hidden()
-
-    def test_from_an_action_where_the_bus_has_no_display(self):
-        without = {key: value for key, value in self.environment.items() if key != "DISPLAY"}
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus(without)
-        self.launch("Desktop Action toggleWindow")
-        self.wait_window()
-        self.desktop.wait_active(self.note.window)
+    def use(self, note, first):
+        def launch(group):
+            note.desktop.spawn(*command_line(self.entry[f"Desktop {group}"]["Exec"]), environment=note.environment)
+        self.assertTrue(shutil.which(self.main["TryExec"], path=note.environment["PATH"]))
+        launch(first)
+        wanted = f'"quillberry", "{self.main["StartupWMClass"]}"'
+        note.window = wait_until(lambda: note.desktop.window_with("WM_CLASS", wanted), "the window of this class")
+        if "Pin" not in first:
+            launch("Action togglePin")
+        wait_until(lambda: re.search('"pinned": *false', note.settings.read_text()), "no longer kept on top")
+        note.desktop.wait_active(note.window)
+        launch("Action toggleWindow")
+        note.wait_hidden()
 
 
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", type=Path, required=True)
-    parser.add_argument("--cmake", default=options.cmake)
-    parser.add_argument("--lupdate", default=options.lupdate)
+    parser.add_argument("--lupdate")
     parser.add_argument("case", choices=("hardened", "installed", "started", "texts"))
     parser.parse_args(namespace=options)
-    tests = unittest.defaultTestLoader.loadTestsFromTestCase(globals()[f"Test{options.case.capitalize()}"])
-    result = unittest.TextTestRunner(verbosity=2).run(tests)
-    if not result.wasSuccessful():
-        sys.exit(1)
-    sys.exit(77 if result.skipped else 0)
+    result = unittest.main(argv=["", f"Test{options.case.capitalize()}"], verbosity=2, exit=False).result
+    sys.exit(1 if not result.wasSuccessful() else 77 if result.skipped else 0)
 
 
 if __name__ == "__main__":

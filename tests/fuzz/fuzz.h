@@ -1,27 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
-/// What a fuzzer defines: it checks that its properties hold for these bytes. Returns 0.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
+/// What reads bytes from outside. Each target throws if one of its properties does not hold for these bytes. There is a
+/// QApplication, and whatever is kept goes below a scratch folder, which is HOME.
 namespace fuzz {
 
-inline std::string bytesOf(const std::uint8_t* data, std::size_t size) {
-  return size == 0 ? std::string() : std::string(reinterpret_cast<const char*>(data), size);
-}
+void note(const std::string& bytes);
+void settings(const std::string& bytes);
+void autostart(const std::string& bytes);
+void appcast(const std::string& bytes);
+void portal(const std::string& bytes);
 
-/// Ends the process with `property` as the reason if it does not hold.
 inline void require(bool holds, const char* property) {
-  if (holds) return;
-  std::fprintf(stderr, "Does not hold: %s\n", property);
-  std::abort();
+  if (!holds) throw std::logic_error(property);
 }
 
 /// Cuts what stands before the next `end` off the front of `text`, `end` with it.

@@ -1,32 +1,25 @@
 // SPDX-License-Identifier: MIT
+#include "platform/desktop/files/settings_file.h"
+
 #include <QJsonDocument>
 
-#include "platform/desktop/files/settings_file.h"
 #include "tests/desktop/scratch.h"
 #include "tests/fuzz/fuzz.h"
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using fuzz::require;
-  using platform::desktop::SettingsFile;
-  static const scratch::Folder scratch;
-  static const QString key = QStringLiteral("pinned");
-
-  const std::string bytes = fuzz::bytesOf(data, size);
-  const auto file = scratch.path() / "settings.json";
-  const auto kept = scratch.path() / "settings.json.unreadable";
+void fuzz::settings(const std::string& bytes) {
+  const QString key = QStringLiteral("pinned");
+  const auto file = std::filesystem::path(std::getenv("HOME")) / "settings.json";
+  const auto kept = file.string() + ".unreadable";
   std::filesystem::remove(kept);
   scratch::put(file, bytes);
+  const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(bytes));
 
-  SettingsFile settings(file);
-  QJsonObject expected = settings.values();
-  const bool pinned = !settings.value(key).toBool();
-  settings.store(key, pinned);
-  expected.insert(key, pinned);
-  const SettingsFile again(file);
-  require(again.values() == expected, "a new value is read again beside all the old ones");
-
-  const bool isObject = QJsonDocument::fromJson(QByteArray::fromStdString(bytes)).isObject();
-  require(scratch::get(kept) == (isObject ? std::nullopt : std::optional(bytes)),
+  platform::desktop::SettingsFile settings(file);
+  QJsonObject expected = document.object();
+  require(settings.values() == expected, "what the file has is what counts");
+  expected.insert(key, !settings.value(key).toBool());
+  settings.store(key, expected.value(key));
+  require(platform::desktop::SettingsFile(file).values() == expected, "a new value is read again beside the old ones");
+  require(scratch::get(kept) == (document.isObject() ? std::nullopt : std::optional(bytes)),
           "a file without an object is kept beside, and no other");
-  return 0;
 }

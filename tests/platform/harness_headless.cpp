@@ -7,42 +7,26 @@
 
 namespace platform::harness {
 
-struct World::Parts {
-  std::shared_ptr<NSApplication> app = NSApplication::sharedApplication();
-};
-
-World::World() : parts(std::make_unique<Parts>()) { headless::putFile(folder() / "there", ""); }
-World::~World() = default;
+std::shared_ptr<void> makeWorld() {
+  putFile(folder() / "there", "");
+  return NSApplication::sharedApplication();
+}
 
 void pass(double seconds) { headless::advance(seconds); }
-void putFile(const URL& url, std::string_view bytes) { headless::putFile(url, std::string(bytes)); }
-std::optional<std::string> fileAt(const URL& url) { return headless::fileAt(url); }
-
-std::vector<std::string> namesIn(const URL& folder) {
-  std::vector<std::string> names;
-  for (const auto& [url, contents] : headless::files()) {
-    if (url.parent_path() == folder) names.push_back(url.filename().string());
-  }
-  return names;
-}
-
 URL folder() { return "/home/user/test"; }
-void putSetting(std::string_view key, const DefaultsValue& value) { headless::putSetting(key, value); }
+void putFile(const URL& url, std::string_view bytes) { headless::putFile(url, std::string(bytes)); }
+void putSetting(std::string_view key, std::string_view value) { headless::putSetting(key, std::string(value)); }
 
 void type(NSTextView& /*view*/, std::string_view ascii) {
-  for (const char c : ascii) headless::type(std::string(1, c));
+  for (const char c : ascii) c == '\x1B' ? headless::pressKey(kVK_Escape) : headless::type(std::string(1, c));
 }
-void pressEscape(NSTextView& /*view*/) { headless::pressKey(kVK_Escape); }
-void undo(NSTextView& /*view*/) { headless::undo(); }
-void redo(NSTextView& /*view*/) { headless::redo(); }
 void compose(NSTextView& /*view*/, std::string_view text) { headless::compose(text); }
 
 NSRect frameOf(NSWindow& /*window*/) { return headless::windowState().frame; }
 void moveByUser(NSWindow& /*window*/, NSRect frame) { headless::moveWindow(frame); }
-void pressCloseButton(NSWindow& /*window*/) { headless::pressCloseButton(); }
 bool isShown(const NSPopover& popover) {
-  return std::ranges::any_of(headless::shownPopovers(),
-                             [&](const auto& each) { return each.popover.get() == &popover; });
+  const auto isIt = [&](const auto& each) { return each.popover.get() == &popover; };
+  return std::ranges::any_of(headless::shownPopovers(), isIt);
 }
 NSRect screen() { return {{0, 0}, {1280, 800}}; }
 

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <optional>
+#include <sstream>
 
 #include "tests/program/program.h"
 
@@ -12,92 +12,83 @@ namespace {
 using namespace platform;
 using testing::ElementsAre;
 
-TEST(Launch, GoesInOrderAndShowsTheFinishedWindow) {
-  headless::putFile(noteFile, "old text");
-  const Program program;
-  EXPECT_THAT(
-      headless::effects(),
-      ElementsAre("application activation policy 1", "updater start", "application main menu", "window made",
-                  "observe NSTextDidChangeNotification", "status item length -2", "status item named Quillberry",
-                  "status item menu", "hot key 45 modifiers 2304", "hot key 35 modifiers 2304",
-                  "observe NSWorkspaceDidWakeNotification", "observe NSWorkspaceScreensDidWakeNotification",
-                  "observe com.apple.screenIsUnlocked", "text view string", "window level 3", "window behaviour 257",
-                  "window title Quillberry \U0001F4CC", "store didOfferLaunchAtLogin=true", "login item register",
-                  "window make key and order front", "application activate", "window first responder",
-                  "store didShowWelcome=true"));
-}
-
-TEST(Launch, ConstructionMakesTheFolderAndNothingElse) {
-  const auto app = NSApplication::sharedApplication();
-  const auto delegate = std::make_shared<AppDelegate>();
-  EXPECT_TRUE(headless::folderExists(noteFile.parent_path()));
-  EXPECT_TRUE(AppDelegate::shared.expired());
-  EXPECT_TRUE(headless::files().empty());
-}
-
-TEST(Launch, BuildsTheWindow) {
+TEST(Window, IsBuiltForAPlainNote) {
   const Program program;
   const headless::WindowState& window = headless::windowState();
   EXPECT_EQ(window.styleMask, 0x800BU);
-  EXPECT_TRUE(window.transparentTitlebar);
-  EXPECT_FALSE(window.releasedWhenClosed);
+  EXPECT_TRUE(window.transparentTitlebar && !window.releasedWhenClosed);
   EXPECT_EQ(window.minSize, (NSSize{260, 160}));
-  EXPECT_EQ(window.frame, (NSRect{{430, 240}, {420, 320}}));  // centred on 1280 × 800
   EXPECT_EQ(headless::window().firstResponder().get(), &headless::textView());
-
+  EXPECT_TRUE(headless::reopen());
+  headless::moveWindow({{1, 2}, {300, 400}});
+  EXPECT_TRUE(NSUserDefaults::standardUserDefaults().objectForKey("NSWindow Frame QuillberryWindow"));
   const headless::TextViewState& text = headless::textViewState();
   EXPECT_FALSE(text.richText || text.substitutes || text.horizontallyResizable);
   EXPECT_TRUE(text.allowsUndo && text.verticallyResizable && text.container.widthTracksTextView);
-  EXPECT_EQ(text.font.pointSize, 14);
+  EXPECT_TRUE(text.font.monospaced && text.font.pointSize == 14);
   EXPECT_EQ(text.inset, (NSSize{14, 36}));
   EXPECT_EQ(text.container.containerSize, (NSSize{420, greatestFiniteLength}));
 }
 
-TEST(Launch, InfoButtonStaysInItsCornerAtEverySize) {
-  const Program program;
-  for (const NSSize size : {NSSize{420, 320}, NSSize{260, 160}, NSSize{2560, 1600}, NSSize{300, 900}}) {
-    headless::moveWindow({{10, 20}, size});
-    const NSRect button = headless::button().frame();
-    EXPECT_EQ(size.width - button.maxX(), 8);
-    EXPECT_EQ(size.height - button.maxY(), 5);
+/// Each entry as one line: title, action, key and modifiers, and whether it may have a mark.
+std::vector<std::string> described(const NSMenu& menu) {
+  std::vector<std::string> lines;
+  for (const auto& item : menu.items()) {
+    std::ostringstream line;
+    line << item->title() << " | " << item->action().name;
+    if (!item->keyEquivalent().empty())
+      line << " | " << item->keyEquivalent() << ' ' << std::hex << item->keyEquivalentModifierMask();
+    if (item->isCheckable()) line << " | mark";
+    lines.push_back(item->isSeparatorItem() ? "---" : line.str());
   }
+  return lines;
 }
 
-TEST(Launch, TakesBackTheKeptFrame) {
-  {
-    const Program first;
-    headless::moveWindow({{100, 50}, {500, 400}});
-  }
-  const Program second;
-  EXPECT_EQ(headless::windowState().frame, (NSRect{{100, 50}, {500, 400}}));
-}
-
-TEST(Launch, ReadsEachSettingByItself) {
-  headless::putSetting("showOnWake", false);
-  const std::vector<std::optional<DefaultsValue>> pins{{}, true, false, std::string("false"), 0.0, OtherValue{}};
-  for (const auto& pin : pins) {
-    if (pin) headless::putSetting("pinned", *pin);
+TEST(Menus, HaveTheirEntriesAndNoLoginItemBeforeVersion13) {
+  for (const int version : {12, 13}) {
+    headless::setSystemVersion({version, 0, 0});
     const Program program;
-    EXPECT_EQ(headless::windowState().level, pin == DefaultsValue(false) ? 0 : 3) << "pinned unless it says false";
-    EXPECT_EQ(headless::menuItem(*headless::statusItem().menu, "Show on Screen Wake").state(), 0);
+    std::vector<std::string> entries{"Show / Hide Note | toggleWindow | n 180000",
+                                     "Keep on Top | togglePin | p 180000 | mark",
+                                     "Show on Screen Wake | toggleShowOnWake | mark",
+                                     "Start at Login | toggleLaunchAtLogin | mark",
+                                     "---",
+                                     "Check for Updates… | checkForUpdates",
+                                     "---",
+                                     "Quit Quillberry | terminate | q 100000"};
+    if (version < 13) entries.erase(entries.begin() + 3);
+    EXPECT_EQ(headless::loginItem().registrations, version - 12);
+    EXPECT_EQ(described(*headless::statusItem().menu), entries);
+    const auto& menu = headless::mainMenu()->items();
+    ASSERT_EQ(menu.size(), 2U);
+    EXPECT_THAT(described(*menu[0]->submenu()), ElementsAre(entries.back()));
+    EXPECT_THAT(described(*menu[1]->submenu()),
+                ElementsAre("Undo | undo | z 100000", "Redo | redo | z 120000", "---", "Cut | cut | x 100000",
+                            "Copy | copy | c 100000", "Paste | paste | v 100000", "Select All | selectAll | a 100000"));
+    EXPECT_TRUE(program.delegate->perform({"toggleLaunchAtLogin"}, nullptr));
+    EXPECT_FALSE(program.delegate->perform({"toggle"}, nullptr)) << "there is no such action";
+    EXPECT_TRUE(headless::menuItem(*headless::mainMenu(), "Quit Quillberry").performAction());
+    EXPECT_EQ(headless::loginItem().unregistrations, version - 12);
   }
 }
 
-TEST(Launch, GoesOnWithoutAFolder) {
-  headless::faults().noFolder = true;
-  const Program program;
-  EXPECT_TRUE(headless::windowState().visible);
-  headless::type("text");
+TEST(StatusItem, HasItsSymbolAndAPositionThatIsNeverStored) {
+  {
+    const Program newUser;
+    EXPECT_EQ(headless::statusItem().position, 30);
+    const auto& image = headless::statusItem().button->image();
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image->symbolName + ' ' + image->accessibilityDescription, "note.text Quillberry");
+    EXPECT_TRUE(image->isTemplate);
+  }
+  headless::putSetting("didShowWelcome", false);
+  headless::putSetting("NSStatusItem Preferred Position Quillberry", 412.0);
+  headless::faults().noSymbols = true;
+  headless::faults().noStatusButton = true;
+  const Program userWhoMovedIt;
+  EXPECT_EQ(headless::statusItem().position, 412);
   headless::advance(1);
-  EXPECT_TRUE(headless::files().empty());
-  EXPECT_EQ(headless::textView().string(), "text");
-}
-
-TEST(Launch, ActionsAreFoundByTheirNames) {
-  const Program program;
-  EXPECT_TRUE(program.delegate->perform({"togglePin"}, nullptr));
-  EXPECT_EQ(headless::windowState().level, 0);
-  EXPECT_FALSE(program.delegate->perform({"toggle"}, nullptr));
+  EXPECT_TRUE(headless::shownPopovers().empty()) << "there is no place for the welcome";
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Real desktops, each with a display and a session bus of its own: a window manager on a virtual X server, or a
-Wayland compositor without a screen, driven through its XWayland."""
+Wayland compositor in a window that fills one; keyboard, pointer and screen are the server's, windows are XWayland's."""
 
 import contextlib
 import json
@@ -40,15 +40,15 @@ def wait_until(predicate, what, timeout=20):
 
 
 class Picture:
-    """Of the screen: each pixel is a colour of red, green and blue."""
+    """Of an X server's screen: each pixel is a colour of red, green and blue."""
 
-    def __init__(self, path, start, line, step, order):
-        self.bytes, self.line, self.step = path.read_bytes()[start:], line, step
-        self.places = [order.index(colour) for colour in "rgb"]
+    def __init__(self, file):
+        header = struct.unpack(">25I", file[:100])
+        self.bytes, self.line, self.step = file[header[0] + 12 * header[19]:], header[12], header[11] // 8
 
     def __getitem__(self, place):
         start = place[1] * self.line + place[0] * self.step
-        return tuple(self.bytes[start + offset] for offset in self.places)
+        return tuple(self.bytes[start:start + 3][::-1])
 
 
 class Desktop:
@@ -56,7 +56,6 @@ class Desktop:
 
     def __init__(self, name, screen=SCREEN):
         self.name, self.kind, self.screen = name, KINDS[name], screen
-        self.hands = None
         self._stack = contextlib.ExitStack()
 
     def __enter__(self):
@@ -86,11 +85,11 @@ class Desktop:
             self.environment[variable] = str(folder)
         for name in "SYSTEM", "SESSION":
             self.bus, self.environment[f"DBUS_{name}_BUS_ADDRESS"] = self.start_bus()
-        if not kind.wayland:
-            size = "{}x{}x24".format(*self.screen)
-            self.server, number = self._spawn_announcing(
-                lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size} -fbdir {self.home} -nolisten tcp -noreset")
-            self.environment["DISPLAY"] = f":{number}"
+        size = "{}x{}".format(*self.screen)
+        self.server, number = self._spawn_announcing(
+            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size}x24 -fbdir {self.home} -nolisten tcp -noreset")
+        self.environment |= {"DISPLAY": f":{number}", "MUTTER_DEBUG_DUMMY_MODE_SPECS": size}
+        self.seat = dict(self.environment)  # of keyboard and pointer
         command = self._prepare()
         if kind.programs:
             self.spawn(DEBIAN_PYTHON, "-m", "dbusmock", "--system", "--template", "logind")
@@ -104,14 +103,15 @@ class Desktop:
 
     def _prepare(self):
         """Writes the desktop's files; the command to start it with."""
+        places = {"home": self.home, "width": self.screen[0], "height": self.screen[1]}
         for name, text in self.kind.files.items():
             (self.home / name).parent.mkdir(parents=True, exist_ok=True)
-            (self.home / name).write_text(text.format(home=self.home))
+            (self.home / name).write_text(text.format(**places))
         if self.kind.announces:
             self.environment["XDG_SESSION_TYPE"] = "wayland" if self.kind.wayland else "x11"
             (self.home / "announce").write_text(ANNOUNCE.format(home=self.home))
             (self.home / "announce").chmod(0o755)
-        command = self.kind.command.format(home=self.home).split()
+        command = self.kind.command.format(**places).split()
         program = shutil.which(command[0])
         if program and "security.capability" in os.listxattr(program):  # not to be had here; a copy has none
             command[0] = shutil.copy(program, self.home)
@@ -146,8 +146,6 @@ class Desktop:
             wait_until(lambda: self.shell(kind.settled) == "true", "the shell is settled")
         if kind.tray:
             wait_until(lambda: self.has_tray() and self.work_area()[2:] != self.screen, "a panel with a tray")
-        if kind.hands:
-            self.hands = self.start_service("hands.py", kind.hands, *map(str, self.screen))
 
     def start_service(self, script, *arguments):
         """A helper that obeys `tell`."""
@@ -214,10 +212,10 @@ class Desktop:
             finally:
                 self._stack = outer
 
-    def run(self, *command):
+    def run(self, *command, environment=None):
         """The output of a tool; empty if it fails, as for a window that has just gone."""
-        done = subprocess.run([str(part) for part in command], env=self.environment, text=True, timeout=20,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        done = subprocess.run([str(part) for part in command], env=environment or self.environment, text=True,
+                              timeout=20, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         return done.stdout if done.returncode == 0 else ""
 
     def call(self, bus, destination, path, method, *arguments):
@@ -291,51 +289,36 @@ class Desktop:
 
     # Keyboard, pointer and screen
 
-    def _hand(self, command, *arguments, xdotool):
-        if self.hands:
-            self.tell(self.hands, command, *arguments)
-        else:
-            self.run("xdotool", *xdotool)
-
     def xdotool(self, *arguments):
-        self.run("xdotool", *arguments)
+        self.run("xdotool", *arguments, environment=self.seat)
 
     def keys(self, *combinations):
         """Presses each, as "ctrl+n"."""
-        self._hand("keys", *combinations, xdotool=("key", *combinations))
+        self.xdotool("key", *combinations)
 
     def type(self, text, delay=4):
         """Milliseconds between the characters."""
-        lines = [part for line in text.split("\n")
+        parts = [part for line in text.split("\n")
                  for part in ("key", "Return", "type", "--delay", delay, "--args", 1, line)]
-        self._hand("type", text, delay, xdotool=lines[2:])
+        self.xdotool(*parts[2:])
 
     def move(self, x, y):
         """Moves the pointer there."""
-        self._hand("move", x, y, xdotool=("mousemove", x, y))
+        self.xdotool("mousemove", x, y)
 
     def hold(self, button=1):
-        self._hand("press", button, xdotool=("mousedown", button))
+        self.xdotool("mousedown", button)
 
     def release(self, button=1):
-        self._hand("release", button, xdotool=("mouseup", button))
+        self.xdotool("mouseup", button)
 
     def click(self, x, y, button=1, times=1):
-        self.move(x, y)
-        if not self.hands:  # in one go: two clicks that a busy machine parts are no double click
-            self.xdotool("click", "--repeat", times, "--delay", 20, button)
-        for _ in range(times if self.hands else 0):
-            self.hold(button)
-            self.release(button)
+        """In one go: two clicks that a busy machine parts are no double click."""
+        self.xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, button)
 
     def picture(self):
         """What is on the screen."""
-        if self.hands:
-            path = self.home / "picture"
-            return Picture(path, 0, *self.tell(self.hands, "picture", str(path)))
-        screen = self.home / "Xvfb_screen0"
-        header = struct.unpack(">25I", screen.read_bytes()[:100])
-        return Picture(screen, header[0] + 12 * header[19], header[12], header[11] // 8, "bgr")
+        return Picture((self.home / "Xvfb_screen0").read_bytes())
 
     # Windows
 

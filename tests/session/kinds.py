@@ -7,7 +7,8 @@ SCREEN = (1280, 800)
 
 
 class Kind(typing.NamedTuple):
-    """How to start a desktop. In command and files {home} is its folder; a compositor runs {home}/announce inside."""
+    """How to start a desktop. In command and files {home} is its folder, {width} and {height} are the screen's. A
+    compositor shows its screen in an X server, and runs {home}/announce inside."""
 
     command: str
     environment: dict = {}
@@ -15,7 +16,6 @@ class Kind(typing.NamedTuple):
     wayland: bool = False
     message: str = ""  # of a tiling one: the tool that gives it commands
     cannot: dict = {}  # what a test needs and does not get here, with the reason
-    hands: str = ""  # whose keyboard, pointer and screen of hands.py; without, those of the X server
     programs: str = ""  # of a whole session
     before: tuple = ()  # commands that settle something
     ask: str = ""  # what makes GNOME Shell run {home}/announce
@@ -33,11 +33,10 @@ class Kind(typing.NamedTuple):
 
 
 SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
-SIZE = "{}x{}".format(*SCREEN)
 WHOLE = "xdg-desktop-portal"
 ON_WAYLAND = f"{WHOLE} weston-terminal"
-GNOME = Kind(f"gnome-shell --unsafe-mode --headless --wayland --virtual-monitor {SIZE} --sm-disable",
-             SOFTWARE_GL | {"XDG_CURRENT_DESKTOP": "GNOME"}, wayland=True, hands="mutter", overview="super",
+GNOME = Kind("gnome-shell --unsafe-mode --nested --wayland --sm-disable",
+             SOFTWARE_GL | {"XDG_CURRENT_DESKTOP": "GNOME"}, wayland=True, overview="super",
              programs=f"{ON_WAYLAND} gsettings dconf-service gsd-media-keys gsd-xsettings xdg-desktop-portal-gnome",
              before=("gsettings set org.gnome.shell welcome-dialog-last-shown-version 99",
                      "gsettings set org.gnome.desktop.notifications show-banners false"),
@@ -50,12 +49,9 @@ EXTENSION = "gsettings set org.gnome.shell enabled-extensions ['ubuntu-appindica
 KINDS = {
     "gnome": GNOME,
     "gnome-tray": GNOME._replace(tray=True, clicks=2, before=(*GNOME.before, EXTENSION)),
-    "plasma": Kind("kwin_wayland --virtual --width {} --height {} --xwayland --no-lockscreen ".format(*SCREEN) +
-                   "{home}/announce",
-                   SOFTWARE_GL | {"KWIN_COMPOSE": "O2ES", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
-                                  "KDE_SESSION_VERSION": "5", "KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1",
-                                  "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1"},
-                   wayland=True, hands="kwin", tray=True,
+    "plasma": Kind("kwin_wayland --width {width} --height {height} --xwayland --no-lockscreen {home}/announce",
+                   {"KWIN_COMPOSE": "Q", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
+                    "KDE_SESSION_VERSION": "5"}, wayland=True, tray=True,
                    programs=f"{ON_WAYLAND} plasmashell plasma-apply-colorscheme kded5", beside=("kded5", "plasmashell"),
                    light="plasma-apply-colorscheme BreezeLight", dark="plasma-apply-colorscheme BreezeDark"),
     "xfce": Kind("xfce4-session", {"XDG_CURRENT_DESKTOP": "XFCE"},
@@ -71,10 +67,9 @@ KINDS = {
     "kwin": Kind("kwin_x11", {"KWIN_COMPOSE": "N"},
                  {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}),
     "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg"),
-    "sway": Kind("sway -c {home}/sway",
-                 {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"},
-                 {"sway": f"output HEADLESS-1 resolution {SIZE}\nexec xhost +local: && {{home}}/announce\n"},
-                 wayland=True, message="swaymsg", hands="sway", cannot={
+    "sway": Kind("sway -c {home}/sway", {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"},
+                 {"sway": "output X11-1 resolution {width}x{height}\nexec xhost +local: && {home}/announce\n"},
+                 wayland=True, message="swaymsg", cannot={
                      "pin": "it has no such states: a floating window is above the tiled ones, `sticky` is the user's",
                      "position": "it places floating windows itself",
                      "full screen": "it gives no other window the keyboard beside a full-screen one"}),

@@ -217,7 +217,7 @@ class TestNative(SessionTest):
                 with log.open("wb") as stream:
                     self.start_native(note, stream, WAYLAND_DEBUG="1")
                 self.wait_for_keys(note, "y")
-                print(json.dumps(["type", "x" * 3000, 0]), file=desktop.hands.stdin, flush=True)
+                desktop.spawn("xdotool", "type", "--delay", "0", "x" * 3000, environment=desktop.seat)
 
                 def drawn_keys():  # keys that have come may still wait for the editor, until a frame is drawn after them
                     return re.findall(r"wl_keyboard.+\.key\(.+ 1\)\n", log.read_text().rpartition(".commit(")[0])

@@ -26,7 +26,7 @@ SMALL_DISK = "mount -t tmpfs -o size=64k,mode=700 none"
 LINES = b"Milk, eggs\n" * 500  # more than one page of memory
 
 
-# In the folder above the data folder.
+# Runs a script in the folder above the data folder.
 def shell(note, script, failure=AssertionError):
     if subprocess.call(["sh", "-ec", script], cwd=note.folder, env=note.environment, stdout=subprocess.DEVNULL) != 0:
         raise failure(f"it failed: {script}")
@@ -86,20 +86,20 @@ class World(typing.NamedTuple):
 
     @contextlib.contextmanager
     def note(self, scene=None):
-        """Not started yet; or one of a scene, with a letter typed that is not saved yet."""
+        """Not started yet, or one of a scene."""
         with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as folder, contextlib.ExitStack() as stack, \
                 self.desktop.keeping_only_the_window_manager():
             note = Note(self.desktop, folder)
             stack.callback(shell, note, "umount -l data/elsewhere data 2>/dev/null || true")
             if scene:
                 scene.put(note, scene.files)
-                note.start().type("x")
+                note.start()
             yield note
 
     @functools.cache
     def calls_of_a_save(self, scene):
-        with self.note(scene) as note, traced(note) as calls:
-            note.hide()
+        with self.note(scene) as note:
+            _, *calls = traced(note)
         while calls and not re.search('["<]data/', calls[-1].text):
             calls.pop()
         assert calls, "no save is seen"
@@ -110,24 +110,27 @@ class World(typing.NamedTuple):
 Call = collections.namedtuple("Call", "name text number")
 
 
-@contextlib.contextmanager
 def traced(note, *injection):
-    """Traces the thread that saves while inside; then the list has its calls, from the first that names something in
-    the data folder, without what wakes other threads. Paths are as seen from the note's folder."""
+    """Types a letter and hides the note before a pause saves it. Whether that hangs; and the calls of the thread that
+    saves, from the first that names something in the data folder, without what wakes other threads. Paths are as seen
+    from the note's folder."""
     shell(note, "command -v strace", NotHere)
     tracer = note.desktop.spawn("strace", "-y", "-s", "1000000", "-o", f"{note.folder}/trace", "-p",
                                 str(note.process.pid), "-e", "trace=%file,%desc,getrandom", *injection)
     not_yet = "grep", "TracerPid:.0", f"/proc/{note.process.pid}/status"
     if wait_until(lambda: tracer.poll() or not note.desktop.run(*not_yet), "strace is attached") is not True:
         raise NotHere("strace cannot attach to a process")
-    calls, counts = [], collections.Counter()
-    yield calls
+    note.desktop.keys("x", "Escape")
+    with contextlib.suppress(AssertionError):
+        note.wait_hidden()
+    calls, counts = [note.desktop.is_viewable(note.window)], collections.Counter()
     tracer.terminate()  # it lets go of the program
     tracer.wait(timeout=10)
     for name, text in re.findall(r"^(\w+)\((.*)", (note.folder / "trace").read_text(), re.MULTILINE):
         counts[name] += 1
-        if (calls or f"{note.folder}/data/" in text) and "<anon_inode:" not in text:
+        if (calls[1:] or f"{note.folder}/data/" in text) and "<anon_inode:" not in text:
             calls.append(Call(name, text.replace(f"{note.folder}/", ""), counts[name]))
+    return calls
 
 
 class Disk:

@@ -26,9 +26,9 @@ def calls(*faults):
 def hit(world, scene, at, call, fault):
     """The save is killed at the call, or the call fails: then the next save takes everything."""
     # The thread may have called more or less often before the save this time, so that another call is hit.
-    for more in 0, 0, 1, -1, 2, 0, 1, -1, 3, -2:
+    for more in (0, 0, 1, -1, 2, 0, 1, -1, 3, -2) * 2:
         with world.note(scene) as note:
-            hangs, *reached = traced(note, "-e", f"inject={call.name}:{fault}:when={max(call.number + more, 1)}")
+            hangs, *reached = traced(note, scene, "-e", f"inject={call.name}:{fault}:when={max(call.number + more, 1)}")
             del reached[:at]
             if not reached or reached[0].name != call.name or not reached[0].text.endswith(("= ?", "(INJECTED)")):
                 continue
@@ -59,8 +59,8 @@ def cut(world, scene):
     return len(left)
 
 
+# Of one note that holds LINES: what `happens` returns must be left of it, and be shown by the next start.
 def story(happens):
-    """Of one note that holds LINES. What `happens` tells must be left of it, and be shown by the next start."""
     def told(world, *variant):
         with world.note() as note:
             note.put_text(LINES)
@@ -200,9 +200,9 @@ gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/
 xrestop -b -m 1 | awk '/^[0-9]+ - /{{own = /PID:{note} /}} own && sub("\t", "X ")'"""
 
 
+# From the first sixth of the rounds on, the program may hold no more; memory, which comes in pages, by 2 %.
 @story
 def soak(note, rounds):
-    """From the first sixth of the rounds on, the program may hold no more; memory, which comes in pages, by 2 %."""
     shell(note, "command -v xrestop", NotHere)
     note.start()
     seen = []
@@ -213,14 +213,15 @@ def soak(note, rounds):
         note.type("x")
         note.desktop.keys("ctrl+alt+n")
         note.wait_hidden()
-        if number % rounds == 0:
+        note.start_again()
+        if number % rounds == 0:  # xrestop knows those by their number that have a window
             told = note.desktop.run("sh", "-c", HELD.format(note=note.process.pid, name=NAME))
             seen.append({name: int(count) for name, count in re.findall(FIGURES, told)})
-        note.start_again()
         note.desktop.keys("ctrl+alt+p")
         note.perform("togglePin")
         note.desktop.xdotool("mousemove", "--window", note.window, 403, 14, "click", 1)  # the info button
         note.desktop.keys("Escape")
+    assert {"descriptors", "MatchRules", "X windows"} <= seen[0].keys(), "not all is told"
     note.told = f"{number} rounds"
     for name, first in seen[0].items():
         most = max(later[name] for later in seen)

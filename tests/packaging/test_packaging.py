@@ -71,9 +71,8 @@ class TestTexts(unittest.TestCase):
 
 class TestHardened(unittest.TestCase):
     def test_what_is_built(self):
-        modules = options.build.glob("quillberry-*.so")
         program = options.build / "quillberry", r"FLAGS_1.*PIE", "__stack_chk_fail@", r"__(?!stack)\w+_chk@"
-        for file, *more in (*((module,) for module in modules), program):
+        for file, *more in (*((module,) for module in options.build.glob("quillberry-*.so")), program):
             told = output("readelf", "--wide", "--file-header", "--segments", "--dynamic", "--dyn-syms", file)
             for pattern in (r"Type:\s+DYN", "GNU_RELRO", "GNU_STACK.* RW ", "FLAGS.*NOW", *more):
                 self.assertRegex(told, pattern, file)

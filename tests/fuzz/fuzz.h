@@ -11,9 +11,7 @@ namespace fuzz {
 
 void note(const std::string& bytes);
 void settings(const std::string& bytes);
-void autostart(const std::string& bytes);
 void appcast(const std::string& bytes);
-void portal(const std::string& bytes);
 
 inline void require(bool holds, const char* property) {
   if (!holds) throw std::logic_error(property);

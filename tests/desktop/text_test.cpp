@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTextBlock>
+#include <array>
+#include <numeric>
+#include <vector>
+
+#include "tests/desktop/open_editor.h"
+
+namespace platform::desktop {
+namespace {
+
+/// What random edits make of a text is in tests/fuzz/note.cpp.
+class Text : public testing::Test {
+ protected:
+  int argc = 1;
+  char name[5] = "test";
+  char* argv[2] = {name, nullptr};
+  QApplication app{argc, argv};
+  OpenEditor editor;
+  int edits = 0;
+
+  Text() {
+    editor.onEdit = [this] { ++edits; };
+    editor.resize(420, 320);
+  }
+};
+
+/// In stretches that fit one note.
+TEST_F(Text, HoldsEveryScalarValueLoadedPastedAndCopied) {
+  for (char32_t first = 0; first < 0x110000; first += 0x4000) {
+    QString text;
+    for (char32_t c = first; c < first + 0x4000; ++c) {
+      if (c < 0xD800 || c > 0xDFFF) text += QString::fromUcs4(&c, 1);
+    }
+    editor.loadExactText(text);
+    ASSERT_TRUE(editor.text() == text);
+    editor.selectAll();
+    ASSERT_TRUE(editor.copied() == text);
+    editor.paste(text + u'x');
+    ASSERT_TRUE(editor.text() == text + u'x');
+  }
+}
+
+TEST_F(Text, KeysTypeWhatTheLayoutMakesOfThem) {
+  const QString letter = QStringLiteral(u"\U0001D4CD");
+  const Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
+  const struct {
+    int key;
+    QString text;
+    Qt::KeyboardModifiers held;
+    QString expected;
+  } cases[] = {{Qt::Key_Return, "\r", Qt::ShiftModifier, "\n"},
+               {Qt::Key_Enter, "\r", Qt::ControlModifier, "\n"},
+               {Qt::Key_M, "\r", Qt::ControlModifier, ""},
+               {Qt::Key_M, "\r", altGr, ""},
+               {Qt::Key_X, "x", Qt::ControlModifier, ""},
+               {Qt::Key_unknown, letter, altGr | Qt::MetaModifier, ""},
+               {Qt::Key_At, "@", altGr, "@"},
+               {Qt::Key_unknown, letter, altGr, letter},
+               {Qt::Key_unknown, "\"teh\" -- (c) i", Qt::ShiftModifier, "\"teh\" -- (c) i"}};
+  for (const auto& [key, text, held, expected] : cases) {
+    editor.loadExactText({});
+    editor.type(key, text, held);
+    EXPECT_EQ(editor.text(), expected) << key << ' ' << held;
+  }
+  editor.type(Qt::Key_Backspace, "\x7F", Qt::ControlModifier);
+  EXPECT_EQ(editor.text(), "\"teh\" -- (c) ") << "a command";
+}
+
+TEST_F(Text, TakesUtf8ThatIsOfferedAsNothingElse) {
+  for (const auto* const format : {"text/plain;charset=utf-8", "text/plain; charset=\"UTF-8\"", "text/x-other"}) {
+    QMimeData data;
+    data.setData(QLatin1String(format), "\xEF\xBB\xBF\xC3\xA9\r\n\xFFz");
+    EXPECT_EQ(editor.canInsertFromMimeData(&data), data.formats()[0].contains("plain"));
+    editor.loadExactText({});
+    editor.insertFromMimeData(&data);
+    EXPECT_EQ(editor.text(), editor.canInsertFromMimeData(&data) ? QStringLiteral(u"\uFEFF\u00E9\r\n\uFFFDz") : "");
+  }
+}
+
+/// Some input methods commit once more what was committed for them, on losing the focus.
+TEST_F(Text, ACompositionThatWasEndedIsNotCommittedAgain) {
+  using Steps = std::vector<std::array<const char*, 3>>;  // preedit, commit, text afterwards
+  for (const Steps& steps : {Steps{{"", "abc", "abc"}, {"abc", "", "abcabc"}, {"", "abc", "abcabc"}},
+                             Steps{{"", "", "abc"}, {"", "x", "abcx"}, {"", "abc", "abcxabc"}}}) {
+    editor.loadExactText({});
+    editor.compose("abc");
+    editor.commitComposition();
+    for (const auto& [preedit, commit, text] : steps) {
+      editor.compose(preedit, commit);
+      EXPECT_EQ(editor.text(), text);
+    }
+  }
+  editor.compose("abc");
+  editor.commitComposition();
+  editor.type(Qt::Key_Left);
+  editor.compose({}, "abc");
+  EXPECT_EQ(editor.text(), "abcxabcababcc") << "the user has done something since";
+}
+
+TEST_F(Text, ANoteThatIsLeftAloneShowsItsCaretAndWakesNothingUp) {
+  const auto focus = [this](QEvent::Type type) {
+    QFocusEvent event(type);
+    QCoreApplication::sendEvent(&editor, &event);
+    return editor.viewport()->grab().toImage();
+  };
+  const auto timers = [this] {
+    const auto parts = editor.findChildren<QObject*>();
+    return std::accumulate(parts.begin(), parts.end(), qsizetype{0}, [](qsizetype sum, QObject* part) {
+      return sum + QAbstractEventDispatcher::instance()->registeredTimers(part).size();
+    });
+  };
+  QApplication::setCursorFlashTime(400);
+  editor.show();
+  const QImage without = focus(QEvent::FocusOut);
+  focus(QEvent::FocusIn);
+  for (int times = 0; times < 2; ++times) {
+    ASSERT_EQ(timers(), 2) << "to blink, and to rest";
+    editor.findChild<QTimer*>("caretBlink")->start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return timers() == 0; }));
+    EXPECT_NE(editor.viewport()->grab().toImage(), without);
+    editor.type(Qt::Key_Left);
+  }
+  EXPECT_EQ(focus(QEvent::FocusOut), without);
+  QApplication::setCursorFlashTime(0);  // a desktop on which nothing blinks
+  focus(QEvent::FocusIn);
+  EXPECT_EQ(timers(), 0);
+}
+
+/// Its layout comes up piece by piece.
+TEST_F(Text, AnEndlessParagraphIsShownAtOnce) {
+  editor.show();
+  for (const QString& part : {QStringLiteral("字"), QStringLiteral(u"\U0001F600"), QStringLiteral(u"\u0301")}) {
+    editor.loadExactText({});
+    QElapsedTimer clock;
+    clock.start();
+    editor.compose({}, part.repeated(1'000'000));
+    for (int key = 0; key < 20; ++key) {
+      editor.type(Qt::Key_A, "a");
+      editor.grab();
+    }
+    EXPECT_LT(clock.elapsed(), 20'000) << "minutes, if it were laid out whole";
+    EXPECT_TRUE(editor.text() == part.repeated(1'000'000) + QString(20, u'a'));
+  }
+}
+
+/// And nothing in view moves while the lines above it are loaded. Whole from the start for those who ask, and for keys
+/// that come before anything is painted.
+TEST_F(Text, TheEndOfALongTextIsShownFirst) {
+  QString text = "first\r\n";
+  for (int line = 0; line < 50'000; ++line) text += QStringLiteral("line %1 ").arg(line).repeated(line % 9) + u'\n';
+  text += "selected";
+  editor.setCursorWidth(0);  // it blinks
+  for (const bool typed : {false, true}) {
+    editor.loadExactText(text);
+    editor.selectExactly(text.size() - 8, 8);
+    EXPECT_LT(editor.blockCount(), 50'000);
+    EXPECT_EQ(editor.text(), text);
+    if (typed) {
+      editor.type(Qt::Key_X, "x");
+      EXPECT_EQ(editor.text(), text.chopped(8) + u'x');
+      editor.undo();
+    } else {
+      editor.show();
+      EXPECT_TRUE(editor.viewport()->rect().contains(editor.cursorRect()));
+      const QImage before = editor.viewport()->grab().toImage();
+      while (editor.blockCount() < 50'002) {
+        QCoreApplication::processEvents();
+        ASSERT_EQ(editor.viewport()->grab().toImage(), before) << "something moved";
+      }
+      EXPECT_EQ(editor.copied(), "selected");
+    }
+    EXPECT_EQ(editor.blockCount(), 50'002);
+    editor.undo();
+    EXPECT_EQ(editor.text(), text) << "loading is nothing to undo";
+  }
+  editor.loadExactText(text);
+  edits = 0;
+  editor.selectExactly(7, 0);
+  EXPECT_EQ(editor.textCursor().block().blockNumber(), 1);
+  editor.setNoteFont(QFont());
+  EXPECT_EQ(edits, 0) << "neither loading nor another font is an edit";
+}
+
+}  // namespace
+}  // namespace platform::desktop

@@ -127,8 +127,7 @@ class Updates : public testing::Test {
       EXPECT_EQ(label->textFormat(), Qt::PlainText);
       if (label->isVisible()) all += label->text();
     }
-    const auto* const notes = window->findChild<QPlainTextEdit*>();
-    if (notes->isVisible()) all += notes->toPlainText();
+    if (const auto* notes = window->findChild<QPlainTextEdit*>(); notes->isVisible()) all += notes->toPlainText();
     for (const auto* const button : window->findChildren<QPushButton*>()) {
       if (button->isVisible()) all += button->text() + (button->isDefault() ? "*" : "");
     }

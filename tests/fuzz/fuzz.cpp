@@ -43,15 +43,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-constexpr int variations = 1000;
+constexpr std::size_t variations = 1000;
 
+/// The property that does not hold for these bytes, if there is one.
 std::optional<std::string> failure(const std::string& bytes) {
   try {
     run(bytes);
+    return std::nullopt;
   } catch (const std::exception& error) {
     return error.what();
   }
-  return std::nullopt;
 }
 
 std::string shortestThatFails(std::string bytes) {
@@ -83,23 +84,20 @@ std::string variation(const std::vector<std::string>& seeds, std::mt19937& rando
 /// In a build without the fuzzing engine: the files of the folder that is the argument, and variations of them, the
 /// same ones each time.
 int main(int argc, char** argv) {
-  std::vector<std::string> inputs;
+  std::vector<std::string> seeds;
   for (const auto& seed : std::filesystem::directory_iterator(argc == 2 ? argv[1] : ".")) {
-    inputs.push_back(scratch::get(seed.path()).value_or(""));
+    seeds.push_back(scratch::get(seed.path()).value_or(""));
   }
-  std::sort(inputs.begin(), inputs.end());
+  std::sort(seeds.begin(), seeds.end());
   std::mt19937 random(1);
-  const auto seeds = inputs;
-  for (int left = variations; left > 0; --left) inputs.push_back(variation(seeds, random));
-  for (const std::string& bytes : inputs) {
+  for (std::size_t i = 0; i < seeds.size() + variations; ++i) {
+    const std::string bytes = i < seeds.size() ? seeds[i] : variation(seeds, random);
     const auto property = failure(bytes);
     if (!property) continue;
     std::printf("Does not hold: %s\nThe shortest such bytes: ", property->c_str());
     for (const unsigned char c : shortestThatFails(bytes)) std::printf(c > ' ' && c < 127 ? "%c" : "\\x%02X", c);
-    std::puts("");
     return EXIT_FAILURE;
   }
-  return EXIT_SUCCESS;
 }
 
 #endif

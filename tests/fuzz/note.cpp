@@ -21,7 +21,7 @@ constexpr int letters = 10;  // the pieces that are one each
 const QStringList pieces =
     QStringLiteral(
         u"x|@|\uFDD0|\uFDD1|\u00A0|\t|\u2029|\u2192|\U0001F4CC|\u304B|word||\n\n|\r\n|\r|a\u2028b|\ttab\nline|"
-        u"e\u0301\U0001F4CC|\uFEFFmark|\uFDD0x")
+        u"e\u0301\U0001F4CC\U0001F7D0\U0001F7D1|\uFEFFmark|\uFDD0x")
         .split(u'|') +
     QStringList{QStringLiteral(u"\u2192").repeated(300), QString(QChar(0xD83D)) + u'a'};
 
@@ -151,6 +151,7 @@ class Note {
     require(editor_.text() == text() && told_ == replaces, "what is composed is part of the text, and no edit yet");
     if (piece == open) {
       editor_.commitComposition();
+      editor_.compose({});
       editor_.compose({}, open);  // a late duplicate
       require(told_ == replaces, "what is part of the text is no edit when it is committed");
       told_ = true;

@@ -208,13 +208,6 @@ class SessionTest(unittest.TestCase):
     def press(self, *keys):
         self.desktop.keys(*keys)
 
-    def toggle(self):
-        """From outside, in the way that the desktop has."""
-        if "WAYLAND_DISPLAY" in self.desktop.environment:
-            self.note.perform("toggleWindow")
-        else:
-            self.press(SHOW)
-
     def start_helper(self, what, *command):
         """A program from Debian's packages."""
         try:

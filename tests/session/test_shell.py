@@ -67,18 +67,18 @@ class TestFrame(SessionTest):
                 for place, size, offset in zip(before[:2], before[2:], start))
         self.desktop.move(x, y)
         self.desktop.hold()
-        nudges = itertools.cycle((11, 12))  # just more than a hand that does not mean to drag
+        nudges = itertools.cycle((11, 12, 13))  # just more than a hand that does not mean to drag
 
-        def moved(*way, at_least):
-            self.desktop.move(x + way[0], y + way[1])
-            return any(abs(a - b) > at_least for a, b in zip(self.note.geometry(), before))
+        def far(than=15):
+            return any(abs(a - b) > than for a, b in zip(self.note.geometry(), before))
 
         def taken():  # no motion is followed before the window manager holds the pointer
-            nudge = next(nudges)
-            return moved(*(nudge if way > 0 else -nudge for way in by), at_least=0)
+            self.desktop.move(x + next(nudges), y + next(nudges))
+            return far(than=0)
 
         def followed():  # nor is every single one afterwards
-            return moved(by[0] + next(nudges) % 2, by[1], at_least=15)
+            self.desktop.move(x + by[0] + next(nudges) % 2, y + by[1])
+            return far()
         try:
             wait_until(taken, "the window follows the pointer", 8)
             wait_until(followed, "the window follows the pointer on", 8)
@@ -88,7 +88,7 @@ class TestFrame(SessionTest):
         finally:
             self.desktop.release()
             self.note.wait_for_keys()  # until then the window manager has them
-        wait_until(lambda: moved(*by, at_least=15), "the window has followed the pointer", 8)
+        wait_until(far, "the window has followed the pointer", 8)
 
     def double_click_title_bar(self, *frame):
         """Again, if it came before the compositor had the note's last size."""
@@ -129,7 +129,7 @@ class TestFrame(SessionTest):
                     self.assertTrue(self.note.is_shown())
                     neighbour = self.desktop.companion(f"on workspace {workspace}")
                     self.assertTrue(self.desktop.lies_above(self.note.window, neighbour))
-                self.toggle()
+                self.note.perform("toggleWindow")
                 self.note.wait_active()
                 self.assertEqual(self.desktop.workspace(), workspace)
                 self.note.wait_pinned(pinned)
@@ -144,8 +144,6 @@ class TestFrame(SessionTest):
 
 
 class TestScreens(SessionTest):
-    """The note stays whole and can be reached, shown or hidden, when screens go and shrink."""
-
     def tearDown(self):
         super().tearDown()
         self.desktop.run("xrandr", "--output", "screen", "--mode", "{}x{}".format(*SCREEN))
@@ -159,27 +157,11 @@ class TestScreens(SessionTest):
         wait_until(lambda: self.desktop.run("xdotool", "getdisplaygeometry").split() == [str(width), str(height)],
                    f"a screen of {name}")
 
-    def wait_whole(self, screen_width, screen_height):
+    def test_screens_that_go_and_shrink(self):
+        """With the hidden note, and below a zoomed one: it stays whole and can be reached."""
         def is_whole():
             x, y, width, height = self.note.geometry()
-            return x >= 0 and y >= 0 and x + width <= screen_width and y + height <= screen_height
-        wait_until(is_whole, "the note is whole on the screen")
-        self.note.type("x")
-        self.note.wait_for_text("x")
-
-    def test_resolution(self):
-        self.note.put_settings(**{FRAME_KEY: "850 10 420 320 0 0 1280 800"})
-        self.note.start()
-        for act, frame in ((lambda: self.note.click(*TITLE_BAR, times=2), SCREEN),
-                           (lambda: self.shrink(800, 600), (800, 600))):
-            act()
-            self.note.wait_geometry(0, 0, *frame)
-        self.note.click(*TITLE_BAR, times=2)
-        wait_until(lambda: self.note.geometry()[2:] == (420, 320), "its size before")
-        self.wait_whole(800, 600)
-
-    def test_screen_that_goes(self):
-        """With the hidden note on it."""
+            return (width, height) == (420, 320) and 0 <= x <= screen[0] - width and 0 <= y <= screen[1] - height
         for name, left, output in ("left", 0, "screen"), ("right", 640, "none"):
             self.desktop.run("xrandr", "--setmonitor", name, f"640/200x800/200+{left}+0", output)
         self.note.put_settings(**{FRAME_KEY: "850 10 420 320 640 0 640 800"})
@@ -187,9 +169,17 @@ class TestScreens(SessionTest):
         self.note.hide()
         for name in "right", "left":
             self.desktop.run("xrandr", "--delmonitor", name)
-        self.shrink(640, 800)
+        screen = 1000, 700
+        self.shrink(*screen)
         self.note.start_again()
-        self.wait_whole(640, 800)
+        wait_until(is_whole, "it is whole on the screen that is left")
+        self.note.click(*TITLE_BAR, times=2)
+        self.note.wait_geometry(0, 0, *screen)
+        screen = 800, 600
+        self.shrink(*screen)
+        self.note.wait_geometry(0, 0, *screen)
+        self.note.click(*TITLE_BAR, times=2)
+        wait_until(is_whole, "its size before, on the smaller screen")
 
 
 class TestWindows(SessionTest):
@@ -276,7 +266,7 @@ class TestWindows(SessionTest):
         self.note.type("x")
         self.note.wait_for_text("x")
         self.note.click(*INFO_BUTTON)
-        closed_by(self.toggle)
+        closed_by(self.note.perform, "toggleWindow")
         self.note.wait_hidden()
         self.note.start_again()
         self.assertFalse(self.note.popup())

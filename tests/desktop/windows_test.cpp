@@ -9,15 +9,14 @@
 #include <QScrollBar>
 #include <QTest>
 #include <cmath>
-#include <stdexcept>
 
 #include "app/app_delegate.h"
 #include "platform/desktop/language/key_names.h"
 #include "platform/desktop/text/note_editor.h"
 #include "platform/desktop/views/appearance.h"
 #include "platform/desktop/windows/bubble.h"
+#include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
-#include "platform/desktop/windows/window_border.h"
 #include "tests/desktop/scratch.h"
 
 namespace quillberry {
@@ -27,31 +26,22 @@ using platform::desktop::Bubble;
 using platform::desktop::NoteEditor;
 using testing::ElementsAre;
 
-template <typename Widget>
-Widget& the(const std::function<bool(const Widget&)>& isIt) {
-  for (QWidget* const widget : QApplication::allWidgets()) {
-    auto* const found = dynamic_cast<Widget*>(widget);
-    if (found != nullptr && isIt(*found)) return *found;
-  }
-  throw std::logic_error("there is none");
-}
-NoteEditor& editor() {
-  return the<NoteEditor>([](const auto& /*any*/) { return true; });
-}
-QWidget& frame() { return *editor().window(); }
+QWidget& frame() { return *platform::desktop::ProgramWindows::instance().mainWindow(); }
+NoteEditor& editor() { return *frame().findChild<NoteEditor*>(); }
 QAbstractButton& button(const char* name) {
-  return the<QAbstractButton>([name](const auto& each) { return each.accessibleName() == QLatin1String(name); });
+  const auto all = frame().findChildren<QAbstractButton*>();
+  const auto hasName = [name](const auto* each) { return each->accessibleName() == QLatin1String(name); };
+  return **std::find_if(all.begin(), all.end(), hasName);
 }
 
-bool isPopoverShown() {
-  const QWidgetList windows = QApplication::topLevelWidgets();
-  return std::any_of(windows.begin(), windows.end(),
-                     [](const auto* each) { return each->isVisible() && dynamic_cast<const Bubble*>(each); });
+/// The one that is shown; null if there is none.
+Bubble* popover() {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (auto* const bubble = dynamic_cast<Bubble*>(window); bubble != nullptr && window->isVisible()) return bubble;
+  }
+  return nullptr;
 }
-Bubble& popover() {
-  return the<Bubble>([](const Bubble& each) { return each.isVisible(); });
-}
-QWidget& content() { return *popover().findChild<QWidget*>({}, Qt::FindDirectChildrenOnly); }
+QWidget& content() { return *popover()->findChild<QWidget*>({}, Qt::FindDirectChildrenOnly); }
 
 QRect placeIn(const QWidget& outer, const QWidget& widget) { return {widget.mapTo(&outer, QPoint()), widget.size()}; }
 
@@ -91,7 +81,7 @@ class Windows : public testing::Test {
     app->setDelegate(delegate);
     delegate->applicationDidFinishLaunching();
     QCoreApplication::processEvents();
-    ASSERT_TRUE(!welcome || QTest::qWaitFor(isPopoverShown, 10'000));
+    ASSERT_TRUE(!welcome || QTest::qWaitFor(popover, 10'000));
   }
 };
 
@@ -127,7 +117,7 @@ TEST_F(Windows, ControlsKeepTheirPlacesAtEverySize) {
 TEST_F(Windows, BordersResizeTheNoteUnlessItIsMaximised) {
   launch();
   frame().resize(420, 320);
-  auto& border = the<platform::desktop::WindowBorder>([](const auto& /*any*/) { return true; });
+  QWidget& border = *frame().childAt(0, 11);
   const std::tuple<int, int, Qt::CursorShape> cases[] = {{0, 11, Qt::SizeFDiagCursor},  {408, 319, Qt::SizeFDiagCursor},
                                                          {408, 4, Qt::SizeBDiagCursor}, {4, 308, Qt::SizeBDiagCursor},
                                                          {415, 307, Qt::SizeHorCursor}, {12, 4, Qt::SizeVerCursor}};
@@ -173,7 +163,7 @@ TEST_F(Windows, TheWelcomeHasItsMeasuresAndStaysUntilReturn) {
   EXPECT_GT(rects[4].height(), 2 * rects[3].height()) << "the body is wrapped";
   const int widestKeys = std::max({rects[5].width(), rects[7].width(), rects[9].width()});
   for (const int i : {6, 8, 10}) EXPECT_EQ(rects[i].x(), 18 + widestKeys + 12);
-  EXPECT_EQ(popover().findChild<QPushButton*>()->fontInfo().pixelSize(), 13);
+  EXPECT_EQ(popover()->findChild<QPushButton*>()->fontInfo().pixelSize(), 13);
   const QImage image = content().grab().toImage();
   EXPECT_EQ(image.pixelColor(rects[2].center()), QColor(255, 216, 77));
   EXPECT_EQ(image.pixelColor(rects[11].topLeft() + QPoint(8, 4)), QColor(176, 125, 15));
@@ -181,20 +171,20 @@ TEST_F(Windows, TheWelcomeHasItsMeasuresAndStaysUntilReturn) {
   const QSize before = content().size();
   platform::desktop::KeyNames::instance().replaceKeys(QKeyCombination(Qt::ControlModifier | Qt::AltModifier, Qt::Key_N),
                                                       QStringLiteral("Press Super+Shift+N or the lamp's key"));
-  EXPECT_TRUE(QTest::qWaitFor([] { return popover().accessibleDescription().contains("lamp"); }));
+  EXPECT_TRUE(QTest::qWaitFor([] { return popover()->accessibleDescription().contains("lamp"); }));
   EXPECT_GT(content().height(), before.height()) << "the name is wrapped";
-  EXPECT_EQ(popover().size(), QSize(before.width(), content().height()) + QSize(2, 2));
+  EXPECT_EQ(popover()->size(), QSize(before.width(), content().height()) + QSize(2, 2));
   const QRect room = content().rect().marginsRemoved({18, 18, 18, 18});
   for (const QRect& place : places()) EXPECT_TRUE(room.contains(place));
 
-  Bubble& bubble = popover();
+  Bubble& bubble = *popover();
   QTest::keyClick(&bubble, Qt::Key_X);
   EXPECT_TRUE(bubble.isVisible());
   QTest::keyClick(&bubble, Qt::Key_Escape);
   EXPECT_FALSE(bubble.isVisible()) << "it was hidden with the program";
   delegate->showWindow();
-  QTest::keyClick(&popover(), Qt::Key_Return);
-  EXPECT_FALSE(isPopoverShown());
+  QTest::keyClick(popover(), Qt::Key_Return);
+  EXPECT_EQ(popover(), nullptr);
 }
 
 TEST_F(Windows, TheShortcutsHaveTheirMeasuresAndNameTheKeys) {
@@ -204,13 +194,13 @@ TEST_F(Windows, TheShortcutsHaveTheirMeasuresAndNameTheKeys) {
   const auto rects = places();
   EXPECT_EQ(rects[0].x(), 16);
   EXPECT_EQ(rects[1].x(), 16 + std::max({rects[0].width(), rects[2].width(), rects[4].width()}) + 14);
-  EXPECT_EQ(popover().accessibleDescription(),
+  EXPECT_EQ(popover()->accessibleDescription(),
             "Ctrl+Alt+N\nShow / hide the note\nCtrl+Alt+P\nKeep on top, on every "
             "workspace\nEsc\nHide and go back to what you did");
-  QTest::keyClick(&popover(), Qt::Key_Escape);
-  EXPECT_FALSE(isPopoverShown());
+  QTest::keyClick(popover(), Qt::Key_Escape);
+  EXPECT_EQ(popover(), nullptr);
   button("Shortcuts").click();
-  EXPECT_TRUE(isPopoverShown()) << "a new one";
+  EXPECT_NE(popover(), nullptr) << "a new one";
 }
 
 TEST_F(Windows, APopoverPointsAtItsAnchorAndStaysOnTheScreen) {

@@ -146,7 +146,7 @@ STRIKES = {  # the same without keys; None: it ends the program
     "the clock set ten days back": ("command -v faketime; echo -10d > .faketimerc", (), ""),
     "stopped across the pause and continued": ("kill -STOP {note.pid}; sleep 1; kill -CONT {note.pid}", (), ""),
     "stopped across the pause and killed": ("kill -STOP {note.pid}; sleep 1; kill -KILL {note.pid}", None, ""),
-    "killed": ("xdotool type ' and bread' & sleep {moment}; kill -KILL {note.pid}", None, " and bread")}
+    "killed": ("xdotool type ' and bread' & sleep {moment}; kill -KILL {note.pid}; wait", None, " and bread")}
 FAKETIME = {"LD_PRELOAD": "/usr/$LIB/faketime/libfaketimeMT.so.1", "FAKETIME_NO_CACHE": "1",
             "FAKETIME_DONT_FAKE_MONOTONIC": "1"}
 
@@ -197,7 +197,7 @@ FIGURES = r"(VmRSS|Threads|descriptors|MatchRules|X (?!res_)[\w ]*\w)\W+(?:uint3
 HELD = r"""cat /proc/{note}/status; echo "descriptors: $(ls /proc/{note}/fd | wc -l)"
 gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
   --method org.freedesktop.DBus.Debug.Stats.GetConnectionStats {name}
-xrestop -b -m 1 | awk '/^[0-9]+ - /{{own = /PID:{note} /}} own && sub("\t", "X ")'"""
+xrestop -b -m 1 | awk '/^[0-9]+ - /{{own = /PID: *{note} /}} own && sub("\t", "X ")'"""
 
 
 # From the first sixth of the rounds on, the program may hold no more; memory, which comes in pages, by 2 %.
@@ -206,6 +206,11 @@ def soak(note, rounds):
     shell(note, "command -v xrestop", NotHere)
     note.start()
     seen = []
+
+    def held():
+        told = note.desktop.run("sh", "-c", HELD.format(note=note.process.pid, name=NAME))
+        found = {name: int(count) for name, count in re.findall(FIGURES, told)}
+        return found if {"descriptors", "MatchRules", "X windows"} <= found.keys() else None
     for number in range(1, 6 * rounds + 1):
         note.hide()
         note.desktop.keys("ctrl+alt+n")
@@ -214,14 +219,13 @@ def soak(note, rounds):
         note.desktop.keys("ctrl+alt+n")
         note.wait_hidden()
         note.start_again()
-        if number % rounds == 0:  # xrestop knows those by their number that have a window
-            told = note.desktop.run("sh", "-c", HELD.format(note=note.process.pid, name=NAME))
-            seen.append({name: int(count) for name, count in re.findall(FIGURES, told)})
         note.desktop.keys("ctrl+alt+p")
         note.perform("togglePin")
         note.desktop.xdotool("mousemove", "--window", note.window, 403, 14, "click", 1)  # the info button
         note.desktop.keys("Escape")
-    assert {"descriptors", "MatchRules", "X windows"} <= seen[0].keys(), "not all is told"
+        note.start_again()
+        if number % rounds == 0:  # xrestop knows those by their number that have a window
+            seen.append(wait_until(held, "all is told"))
     note.told = f"{number} rounds"
     for name, first in seen[0].items():
         most = max(later[name] for later in seen)

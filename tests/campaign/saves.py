@@ -83,9 +83,9 @@ class World(typing.NamedTuple):
     desktop: typing.Any
     size: str
 
+    # Not started yet, or one of a scene.
     @contextlib.contextmanager
     def note(self, scene=None):
-        """Not started yet, or one of a scene."""
         with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as folder, contextlib.ExitStack() as stack, \
                 self.desktop.keeping_only_the_window_manager():
             note = Note(self.desktop, folder)
@@ -111,9 +111,9 @@ class World(typing.NamedTuple):
 Call = collections.namedtuple("Call", "name text number")
 
 
+# Types a letter and hides the note. Whether that hangs; then the calls from the first that names something in the data
+# folder, but what wakes other threads, paths as seen from the note's; none if a pause has saved it before.
 def traced(note, scene, *injection):
-    """Types a letter and hides the note. Whether that hangs; then the calls from the first that names something in the
-    data folder, but what wakes other threads, paths as seen from the note's; none if a pause has saved it before."""
     shell(note, "command -v strace", NotHere)
     note.type("x")
     tracer = note.desktop.spawn("strace", "-y", "-s", "1000000", "-o", f"{note.folder}/trace", "-p",

@@ -41,8 +41,8 @@ def read_entry(file):
     return entry
 
 
+# The arguments of an entry's Exec key, which has no field codes: quoted as a shell does.
 def command_line(value):
-    """The arguments of an entry's Exec key, which has no field codes: quoted as a shell does."""
     assert "%" not in value, value
     return shlex.split(value)
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <ostream>
 
 #include "platform/application.h"
 #include "platform/desktop/language/key_names.h"
@@ -11,7 +12,11 @@
 namespace platform {
 namespace {
 
-using Asked = std::pair<const char*, const char*>;  // the environment's variables, and how a note is called
+struct Asked {
+  QString environment;
+  const char* note;  // how one is called
+};
+void PrintTo(const Asked& asked, std::ostream* stream) { *stream << asked.environment.toStdString(); }
 
 /// One process each: Qt reads the environment once.
 class Language : public testing::TestWithParam<Asked> {};
@@ -20,7 +25,7 @@ TEST_P(Language, IsTheOneThatTheEnvironmentAsksFor) {
   const scratch::Folder scratch;
   unsetenv("LC_ALL");
   const auto& [environment, note] = GetParam();
-  for (const QString& setting : QString(environment).split(' ', Qt::SkipEmptyParts)) {
+  for (const QString& setting : environment.split(' ', Qt::SkipEmptyParts)) {
     qputenv(setting.section('=', 0, 0).toUtf8().constData(), setting.section('=', 1).toUtf8());
   }
   const auto app = NSApplication::sharedApplication();

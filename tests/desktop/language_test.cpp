@@ -34,7 +34,7 @@ TEST_P(Language, IsTheOneThatTheEnvironmentAsksFor) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, Language,
-                         testing::Values(Asked{"", "Note"}, Asked{"LANG=de_AT.UTF-8", "Notiz"},
+                         testing::Values(Asked{"LANG=", "Note"}, Asked{"LANG=de_AT.UTF-8", "Notiz"},
                                          Asked{"LANG=de_DE.UTF-8 LC_MESSAGES=it_CH.UTF-8", "Nota"},
                                          Asked{"LC_MESSAGES=it_CH LC_ALL=uk_UA.UTF-8", "Нотатка"},
                                          Asked{"LANG=zh_HK.UTF-8", "便條"},

@@ -120,7 +120,8 @@ TEST_F(Windows, BordersResizeTheNoteUnlessItIsMaximised) {
   QWidget& border = *frame().childAt(0, 11);
   const std::tuple<int, int, Qt::CursorShape> cases[] = {{0, 11, Qt::SizeFDiagCursor},  {408, 319, Qt::SizeFDiagCursor},
                                                          {408, 4, Qt::SizeBDiagCursor}, {4, 308, Qt::SizeBDiagCursor},
-                                                         {415, 307, Qt::SizeHorCursor}, {12, 4, Qt::SizeVerCursor}};
+                                                         {415, 307, Qt::SizeHorCursor}, {12, 4, Qt::SizeVerCursor},
+                                                         {4, 12, Qt::SizeHorCursor}};
   for (const auto& [x, y, cursor] : cases) {
     QMouseEvent move(QEvent::MouseMove, QPoint(x, y), {}, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&border, &move);

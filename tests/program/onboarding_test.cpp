@@ -58,6 +58,7 @@ TEST(Welcome, GreetsAtTheStatusItemUntilGotIt) {
   ASSERT_EQ(shownPopovers().size(), 1U);
   EXPECT_TRUE(headless::programIsActive());
   EXPECT_EQ(shownPopovers()[0].anchor, headless::statusItem().button.get());
+  EXPECT_TRUE(NSUserDefaults::standardUserDefaults().boolForKey("didShowWelcome")) << "so there is no second one";
   EXPECT_EQ(headless::effects().back(), "popover show edge 1");
   EXPECT_TRUE(shownPopovers()[0].popover->animates());
   EXPECT_THAT(described(),

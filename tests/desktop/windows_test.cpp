@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
@@ -190,7 +191,10 @@ TEST_F(Windows, TheWelcomeHasItsMeasuresAndStaysUntilReturn) {
 
 TEST_F(Windows, TheShortcutsHaveTheirMeasuresAndNameTheKeys) {
   launch();
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&editor())->text(QAccessible::Name), "Note");
   button("Shortcuts").click();
+  const auto* const told = QAccessible::queryAccessibleInterface(popover());
+  EXPECT_TRUE(told->role() == QAccessible::Dialog && told->text(QAccessible::Name) == "Shortcuts");
   EXPECT_THAT(gaps(), ElementsAre(14, 6, 6, 14));
   const auto rects = places();
   EXPECT_EQ(rects[0].x(), 16);

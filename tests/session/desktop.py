@@ -17,7 +17,7 @@ from pathlib import Path
 
 from kinds import KINDS, SCREEN
 
-TOOLS = ("Xvfb", "dbus-daemon", "xdotool", "xprop", "xwininfo", "wmctrl", "xterm")
+TOOLS = ("Xvfb", "dbus-daemon", "xdotool", "xprop", "xwininfo", "wmctrl", "xterm", "i3lock", "tint2")
 # Tells the environment of a compositor's session.
 ANNOUNCE = "#!/bin/sh\nenv -0 > {home}/telling\nmv {home}/telling {home}/told\nexec sleep infinity\n"
 ANNOUNCED = "DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "SWAYSOCK", "SESSION_MANAGER"
@@ -29,13 +29,18 @@ DEBIAN_PYTHON = "/usr/bin/python3"  # has the modules of the packages
 NotStarted = AssertionError if os.environ.get("CI") else unittest.SkipTest
 
 
+def soon(predicate, timeout=1):
+    """The first true value of the predicate, or the last one in time."""
+    deadline = time.monotonic() + timeout
+    while not (value := predicate()) and time.monotonic() < deadline:
+        time.sleep(0.02)
+    return value
+
+
 def wait_until(predicate, what, timeout=20):
     """The first true value of the predicate; AssertionError if none comes in time."""
-    deadline = time.monotonic() + timeout
-    while not (value := predicate()):
-        if time.monotonic() > deadline:
-            raise AssertionError(f"not within {timeout} s: {what}")
-        time.sleep(0.02)
+    value = soon(predicate, timeout)
+    assert value, f"not within {timeout} s: {what() if callable(what) else what}"
     return value
 
 
@@ -305,12 +310,6 @@ class Desktop:
     def move(self, x, y):
         """Moves the pointer there."""
         self.xdotool("mousemove", x, y)
-
-    def hold(self, button=1):
-        self.xdotool("mousedown", button)
-
-    def release(self, button=1):
-        self.xdotool("mouseup", button)
 
     def click(self, x, y, button=1, times=1):
         """In one go: two clicks that a busy machine parts are no double click."""

@@ -12,7 +12,7 @@ import time
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, NotStarted, wait_until
+from desktop import Desktop, soon, wait_until
 
 NAME = "org.quillberry.Quillberry"
 PATH = "/org/quillberry/Quillberry"
@@ -92,12 +92,7 @@ class Note:
             date = int(self.desktop.prop("_NET_WM_USER_TIME", holder or self.window) or 0)
             return (date - before) % 2**32 < 2**31
 
-        def taken():
-            self.desktop.keys("shift")
-            with contextlib.suppress(AssertionError):
-                return wait_until(dated, "the program has taken a key", 1)
-            return False
-        wait_until(taken, "the program has taken the keys")
+        wait_until(lambda: self.desktop.keys("shift") or soon(dated), "the program has taken the keys")
 
     def text(self):
         with contextlib.suppress(FileNotFoundError):
@@ -109,10 +104,7 @@ class Note:
         self.file.write_bytes(contents)
 
     def wait_for_text(self, text):
-        try:
-            wait_until(lambda: self.text() == text, f"the file holds {text!r}", 10)
-        except AssertionError as error:
-            raise AssertionError(f"{error}; it holds {self.text()!r}") from None
+        wait_until(lambda: self.text() == text, lambda: f"the file holds {text!r}; it holds {self.text()!r}", 10)
 
     def put_settings(self, **settings):
         """The settings before the first start; those of a user who has been welcomed, unless said otherwise."""
@@ -146,10 +138,7 @@ class Note:
 
         def fits():
             return all(abs(a - b) <= tolerance for a, b in list(zip(self.geometry(), (x, y, width, height)))[first:])
-        try:
-            wait_until(fits, f"frame {x, y, width, height}", 10)
-        except AssertionError as error:
-            raise AssertionError(f"{error}; it is {self.geometry()}") from None
+        wait_until(fits, lambda: f"frame {x, y, width, height}; it is {self.geometry()}", 10)
 
     def wait_pinned(self, pinned=True):
         """Above the others, on every workspace, in no taskbar and pager; where the desktop has words for that."""
@@ -207,13 +196,3 @@ class SessionTest(unittest.TestCase):
 
     def press(self, *keys):
         self.desktop.keys(*keys)
-
-    def start_helper(self, what, *command):
-        """A program from Debian's packages."""
-        try:
-            process = self.desktop.spawn(*command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        except OSError as error:
-            raise NotStarted(f"{what}: {error}") from error
-        self.addCleanup(process.stdin.close)
-        self.addCleanup(process.stdout.close)
-        return process

@@ -28,7 +28,6 @@ KINDS = {
     "with one shortcut to give": {
         "BindShortcuts": lambda portal: ("ua{sv}", GRANTED, {"shortcuts": portal.shortcuts[:1]})},
     "with other keys": {"BindShortcuts": lambda portal: ("ua{sv}", GRANTED, {"shortcuts": portal.named("Meta+N")})},
-    "lists other types": {"ListShortcuts": lambda _: ("ua{sv}", GRANTED, {"shortcuts": dbus.Array(["x"])})},
     "refuses session": {"CreateSession": lambda _: ("ua{sv}", REFUSED, {})},
     "says that it has failed": {"BindShortcuts": lambda _: ("ua{sv}", FAILED, {})},  # GNOME 48, when the user agreed
     "answer of other types": {"CreateSession": lambda _: ("s", "granted")},

@@ -7,8 +7,8 @@ import signal
 from desktop import wait_until
 from note import PIN, SHOW, SessionTest, options
 
-CLOSE_BUTTON = (16, 14)  # inside the window
-STEPS = 25
+CLOSE_BUTTON, INFO_BUTTON = (16, 14), (403, 14)  # inside the window
+STEPS = 28
 
 
 class TestWalk(SessionTest):
@@ -54,10 +54,10 @@ class TestWalk(SessionTest):
 
     def pin(self):
         self.pinned = not self.pinned
-        if self.has_hot_keys():
-            self.press(PIN)
-        else:
+        if self.desktop.kind.wayland:
             self.note.perform("togglePin")
+        else:
+            self.press(PIN)
 
     def go_to_companion(self):
         """One covers the other, and a note that is not pinned, but no other."""
@@ -79,6 +79,18 @@ class TestWalk(SessionTest):
         self.press("Escape")
         wait_until(lambda: not self.desktop.is_viewable(window), "it is closed")
 
+    def tap_on_title_bar(self):
+        """A press and its release in one moment are no drag: the pointer then moves without the note."""
+        self.note.click(210, 14)
+
+    def shortcuts(self):
+        self.note.click(*INFO_BUTTON)
+        wait_until(self.note.popup, "the shortcuts")
+        close, *how = random.choice([(self.press, "Escape"), (self.note.click, 60, 280),
+                                     (self.note.click, *INFO_BUTTON)])
+        close(*how)
+        wait_until(lambda: not self.note.popup(), "the shortcuts are closed")
+
     def end_and_start(self):
         number = random.choice([signal.SIGTERM, signal.SIGINT, signal.SIGHUP, None, None])
         if number:
@@ -91,17 +103,14 @@ class TestWalk(SessionTest):
         self.assertEqual(self.note.text(), self.text)
         self.note.start()
         self.front = self.shown = True
-        self.note.wait_geometry(*self.frame)
-
-    def has_hot_keys(self):
-        return not self.desktop.kind.wayland
 
     def possible(self):
         yield from (self.action, self.second_start, self.pin, self.go_to_companion, self.end_and_start)
-        if self.has_hot_keys():
+        if not self.desktop.kind.wayland:
             yield self.hot_key
         if self.front:
-            yield from (self.type, self.escape, self.close_button, self.update_window)
+            yield from (self.type, self.escape, self.close_button, self.update_window, self.shortcuts,
+                        self.tap_on_title_bar)
             if self.text:
                 yield self.pause
 
@@ -115,6 +124,7 @@ class TestWalk(SessionTest):
             self.assertEqual(self.note.text(), self.text, "saved when it is hidden, not later")
         self.note.wait_setting("pinned", self.pinned)
         if self.shown:
+            self.note.wait_geometry(*self.frame)
             self.note.wait_pinned(self.pinned)
         if self.front or self.shown and self.pinned:
             wait_until(lambda: all(self.desktop.lies_above(self.note.window, other) for other in self.others),

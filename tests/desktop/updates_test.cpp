@@ -59,6 +59,7 @@ TEST(Appcast, GivesTheNewestRelease) {
       {feed("<item/>" + item("1", "<link>file:///etc/passwd</link>")), "1|"},
       {feed("<item/>"), "none"},
       {"<rss/>", "none"},
+      {"<html><channel/></html>", "none"},
       {feed(item("1")).chopped(3), "none"},
       {feed(item("1")) + "<more/>", "none"},
       {feed("<item><description>" + deep), "none"},

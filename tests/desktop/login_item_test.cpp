@@ -44,9 +44,10 @@ class LoginItem : public testing::Test {
 
 TEST_F(LoginItem, IsWhatTheDesktopWouldDoAndSwitchingOnChangesWhatStandsInTheWay) {
   const std::string program = QCoreApplication::applicationFilePath().toStdString();
+  const std::string quoted = program.find(' ') == program.npos ? program : '"' + program + '"';
   const std::string trying = "\nTryExec=" + program + "\n";
   const std::string rest = "# later\nName[de]=Zettel\nX-Mine=9\n\n[Extra]\na=b\n";
-  const std::string afresh = "Exec=" + program + trying;
+  const std::string afresh = "Exec=" + quoted + trying;
   const struct {
     std::string lines;
     SMAppServiceStatus status;
@@ -61,7 +62,7 @@ TEST_F(LoginItem, IsWhatTheDesktopWouldDoAndSwitchingOnChangesWhatStandsInTheWay
       {"Exec=sh\nOnlyShowIn=KDE;\n", off, "Exec=sh\nOnlyShowIn=KDE;ubuntu;\n"},
       {"Exec=sh\nOnlyShowIn=KDE;\n", off, "Exec=sh\n", ""},
       {"Exec=sh\nNotShowIn=KDE;GNOME;\n", off, "Exec=sh\nNotShowIn=KDE;\n"},
-      {"Exec=/gone/quillberry --title \"a b\" %F\n", missing, "Exec=" + program + " --title \"a b\" %F" + trying},
+      {"Exec=/gone/quillberry --title \"a b\" %F\n", missing, "Exec=" + quoted + " --title \"a b\" %F" + trying},
       {"Exec=no-such-program-anywhere\n", missing, afresh},
       {"Exec=" + scratch.path().string() + "\n", missing, afresh},
       {"Exec=sh\nTryExec=/gone/quillberry\n", missing, "Exec=sh" + trying},

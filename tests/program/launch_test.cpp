@@ -20,6 +20,7 @@ TEST(Window, IsBuiltForAPlainNote) {
   EXPECT_EQ(window.minSize, (NSSize{260, 160}));
   EXPECT_EQ(headless::window().firstResponder().get(), &headless::textView());
   EXPECT_TRUE(headless::reopen());
+  EXPECT_FALSE(program.delegate->windowShouldClose(headless::window())) << "it is hidden, never closed";
   headless::type("typed");
   EXPECT_EQ(headless::textView().string(), "typed");
   headless::moveWindow({{1, 2}, {300, 400}});

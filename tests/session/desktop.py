@@ -130,7 +130,8 @@ class Desktop:
         """Starts the window manager or the compositor; whether it is ready for windows."""
         told = self.home / "told"
         told.unlink(missing_ok=True)
-        self.manager = self.spawn(*command)
+        with (self.home / "complaints").open("wb") as complaints:
+            self.manager = self.spawn(*command, stderr=complaints)
 
         def ready():
             if self.kind.ask and not told.exists():

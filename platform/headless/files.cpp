@@ -71,11 +71,9 @@ std::optional<std::string> NSString::stringWithContentsOfURL(const URL& url, std
 
 std::error_code NSString::writeToURL(std::string_view text, const URL& url) {
   if (!hasFolder(url.parent_path())) return error(std::errc::no_such_file_or_directory);
-  if (world().faults.noWrite) return error(std::errc::permission_denied);
   if (world().faults.roomInBytes && text.size() > *world().faults.roomInBytes)
     return error(std::errc::no_space_on_device);
   world().files[url] = text;
-  ++world().writes[url];
   world().record("write " + url.string() + " " + std::to_string(text.size()) + " bytes");
   return {};
 }
@@ -94,8 +92,6 @@ std::optional<std::string> fileAt(const URL& url) {
   return file == world().files.end() ? std::nullopt : std::optional(file->second);
 }
 
-bool folderExists(const URL& url) { return hasFolder(url); }
-int writesOf(const URL& url) { return world().writes[url]; }
 const std::map<URL, std::string>& files() { return world().files; }
 
 }  // namespace headless

@@ -40,7 +40,6 @@ void setWallClock(Date);
 struct Faults {
   bool noFolder = false;                   ///< folders cannot be made
   bool noRead = false;                     ///< files that exist cannot be read
-  bool noWrite = false;                    ///< nothing can be written
   bool noLink = false;                     ///< no file gets a second name
   std::optional<std::size_t> roomInBytes;  ///< a longer write is cut short, as on a full disk
   bool noSymbols = false;                  ///< the system has no symbols but "info.circle"
@@ -51,8 +50,6 @@ Faults& faults();
 
 void putFile(const URL&, std::string contents);
 std::optional<std::string> fileAt(const URL&);
-bool folderExists(const URL&);
-int writesOf(const URL&);
 /// Every file there is.
 const std::map<URL, std::string>& files();
 
@@ -95,7 +92,6 @@ NSWindow& window();
 /// What the user does to the window.
 void pressCloseButton();
 void moveWindow(NSRect frame);
-void setScreens(std::vector<Screen>);
 
 struct TextViewState {
   bool verticallyResizable = false;

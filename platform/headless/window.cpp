@@ -94,8 +94,6 @@ void giveWindowTheKeyboard() {
   world().keyPopover = nullptr;
 }
 
-void setScreens(std::vector<Screen> screens) { world().screens = std::move(screens); }
-
 void pressCloseButton() {
   WindowParts& parts = *world().windowParts;
   const auto delegate = parts.delegate.lock();

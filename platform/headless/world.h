@@ -39,7 +39,6 @@ struct World {
   Faults faults;
   std::map<URL, std::string> files;
   std::set<URL> folders;
-  std::map<URL, int> writes;
   std::map<std::string, DefaultsValue, std::less<>> settings;
   std::vector<std::string> log;
   NSOperatingSystemVersion systemVersion{13, 0, 0};

@@ -88,10 +88,15 @@ TEST(StatusItem, HasItsSymbolAndAPositionThatIsNeverStored) {
   headless::putSetting("NSStatusItem Preferred Position Quillberry", 412.0);
   headless::faults().noSymbols = true;
   headless::faults().noStatusButton = true;
+  headless::faults().noFolder = true;
+  headless::faults().takenHotKeys = {kVK_ANSI_N};
   const Program userWhoMovedIt;
   EXPECT_EQ(headless::statusItem().position, 412);
   headless::advance(1);
   EXPECT_TRUE(headless::shownPopovers().empty()) << "there is no place for the welcome";
+  headless::pressHotKey(kVK_ANSI_P, cmdKey | optionKey);
+  headless::advance(0);
+  EXPECT_EQ(headless::windowState().level, 0) << "each hot key is registered by itself";
 }
 
 }  // namespace

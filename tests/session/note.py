@@ -68,7 +68,7 @@ class Note:
                               text=True, timeout=timeout)
 
     def wait_active(self, what="the note is in front", timeout=20):
-        """Until the note gets the keys: those go nowhere while a compositor has not seen the active window's surface."""
+        """Until the note gets the keys, which go nowhere while a compositor has not seen the window's surface."""
         self.desktop.wait_active(self.window, what, timeout)
         if self.desktop.kind.wayland:
             self.wait_for_keys()

@@ -15,10 +15,6 @@ BLACK = (0, 0, 0)
 
 
 class TestDay(TrayTest):
-    @property
-    def kind(self):
-        return self.desktop.kind
-
     def panel(self):
         """The rows of the screen along the edge that the tray is at."""
         _, top, _, height = self.desktop.work_area()
@@ -26,7 +22,7 @@ class TestDay(TrayTest):
 
     def place_of_item(self):
         """The middle of its icon, in the panel or in the title bar."""
-        if not self.kind.tray:
+        if not self.desktop.kind.tray:
             x, y, _, _ = self.note.geometry()
             return x + ITEM_BUTTON[0], y + ITEM_BUTTON[1]
         picture, size = self.desktop.picture(), 24
@@ -46,7 +42,7 @@ class TestDay(TrayTest):
         item = wait_until(self.place_of_item, "the item is in the tray")
         x, y, width, height = self.desktop.geometry(welcome)
         wait_until(lambda: min(self.desktop.picture()[x + 8, y + height // 2]) > 230, "the balloon is drawn")
-        if self.kind.tray:  # none of these tells where the item is
+        if self.desktop.kind.tray:  # none of these tells where the item is
             self.assertLess(self.desktop.screen[0] - x - width, 60, "at the end of the panel")
             self.assertLess(min(abs(row - edge) for row in self.panel() for edge in (y, y + height)), 60)
         else:
@@ -59,7 +55,7 @@ class TestDay(TrayTest):
 
     def start_wayland_client(self):
         """A terminal that fills the screen and keeps what it hears."""
-        if not self.kind.wayland:
+        if not self.desktop.kind.wayland:
             self.skipTest("there are no Wayland clients in this session")
         self.heard, listen = self.note.folder / "heard", self.note.folder / "listen"
         listen.write_text(f"#!/bin/sh\nexec cat > {self.heard}\n")
@@ -111,21 +107,21 @@ class TestDay(TrayTest):
         def stays_hidden():  # for a second: GNOME starts a program for each press
             return not any(self.note.is_shown() or time.sleep(0.1) for _ in range(10))
         wait_until(stays_hidden, "ten presses lead back to where it was")
-        if self.kind.overview:
-            self.press(self.kind.overview, SHOW)
+        if self.desktop.kind.overview:
+            self.press(self.desktop.kind.overview, SHOW)
             self.note.wait_active()
             self.note.hide()
 
     def test_tray(self):
         """A click, the menu's first entry; without a tray, in the title bar."""
         self.start_beside_companion()
-        if not self.kind.tray:
+        if not self.desktop.kind.tray:
             self.choose_in_title_bar("Keep on Top")
             return self.note.wait_setting("pinned", False)
         x, y = wait_until(self.place_of_item, "the item is in the tray")
         self.addCleanup(self.desktop.move, 0, y // 2)  # or its tip stays
         for settled in self.wait_put_away, self.note.wait_active:
-            self.desktop.click(x, y, times=self.kind.clicks)
+            self.desktop.click(x, y, times=self.desktop.kind.clicks)
             settled()
         before = self.desktop.picture().bytes[::101]
 
@@ -137,11 +133,11 @@ class TestDay(TrayTest):
         return self.wait_put_away()
 
     def test_dark(self):
-        self.addCleanup(self.desktop.run, *self.kind.light.split())
+        self.addCleanup(self.desktop.run, *self.desktop.kind.light.split())
         self.note.start()
         self.desktop.call("session", "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
                           "org.freedesktop.portal.Settings.ReadAll", "['org.freedesktop.appearance']")  # it is up
-        for choice, dark in (self.kind.dark, True), (self.kind.light, False):
+        for choice, dark in (self.desktop.kind.dark, True), (self.desktop.kind.light, False):
             self.desktop.run(*choice.split())
             wait_until(lambda: (max(self.colour()) < 100) == dark, f"the note after {choice}")
 
@@ -204,7 +200,7 @@ class TestNative(SessionTest):
                 self.wait_for_keys(note, "y")
                 desktop.spawn("xdotool", "type", "--delay", "0", "x" * 3000, environment=desktop.seat)
 
-                def drawn_keys():  # keys that have come may still wait for the editor, until a frame is drawn after them
+                def drawn_keys():  # one may still wait for the editor until a frame is drawn after it
                     return re.findall(r"wl_keyboard.+\.key\(.+ 1\)\n", log.read_text().rpartition(".commit(")[0])
                 wait_until(lambda: len(drawn_keys()) > 50, "50 keys")
                 desktop.end(desktop.manager)

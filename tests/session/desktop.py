@@ -130,8 +130,7 @@ class Desktop:
         """Starts the window manager or the compositor; whether it is ready for windows."""
         told = self.home / "told"
         told.unlink(missing_ok=True)
-        with (self.home / "complaints").open("wb") as complaints:
-            self.manager = self.spawn(*command, stderr=complaints)
+        self.manager = self.spawn(*command)
 
         def ready():
             if self.kind.ask and not told.exists():

@@ -22,9 +22,8 @@ X11ServerClock::X11ServerClock(xcb_connection_t* connection) : connection_(conne
   if (!counters) return;
   auto each = xcb_sync_list_system_counters_counters_iterator(counters.get());
   for (; each.rem > 0; xcb_sync_systemcounter_next(&each)) {
-    // The name follows its length. libxcb 1.15's own call for it begins two bytes later.
-    const auto* const name = reinterpret_cast<const char*>(&each.data->name_len + 1);
-    if (std::string_view(name, each.data->name_len) == "SERVERTIME") counter_ = each.data->counter;
+    const auto length = static_cast<std::size_t>(xcb_sync_systemcounter_name_length(each.data));
+    if (std::string_view(xcb_sync_systemcounter_name(each.data), length) == "SERVERTIME") counter_ = each.data->counter;
   }
 }
 

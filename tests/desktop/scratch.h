@@ -22,7 +22,6 @@ class Folder {
     setenv("XDG_DATA_HOME", (path_ / "data").c_str(), 1);
     setenv("XDG_CONFIG_HOME", (path_ / "config").c_str(), 1);
     setenv("XDG_RUNTIME_DIR", path_.c_str(), 1);
-    setenv("LC_ALL", "C", 1);
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
   }
   Folder(const Folder&) = delete;

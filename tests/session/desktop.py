@@ -338,7 +338,7 @@ class Desktop:
         if self.tiles:
             return bool(self.floats(window)) and not self.floats(other)
         stack = self.windows(stacked=True)
-        return stack.index(window) > stack.index(other)
+        return {window, other} <= set(stack) and stack.index(window) > stack.index(other)
 
     def window_with(self, name, value):
         return next((window for window in self.windows() if self.prop(name, window) == value), None)
@@ -351,8 +351,8 @@ class Desktop:
         return bool(focus) and (int(focus) == window or
                                 f"{int(focus):#x} " in self.run("xwininfo", "-tree", "-id", window))
 
-    def wait_active(self, window, what="the window is active", timeout=20):
-        wait_until(lambda: self.is_active(window), what, timeout)
+    def wait_active(self, window, what="the window is active"):
+        wait_until(lambda: self.is_active(window), what)
 
     def activate(self, window):
         if self.tiles:

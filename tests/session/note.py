@@ -67,9 +67,9 @@ class Note:
         return subprocess.run([options.binary], env=environment, stdin=subprocess.DEVNULL, capture_output=True,
                               text=True, timeout=timeout)
 
-    def wait_active(self, what="the note is in front", timeout=20):
+    def wait_active(self, what="the note is in front"):
         """Until the note gets the keys, which go nowhere while a compositor has not seen the window's surface."""
-        self.desktop.wait_active(self.window, what, timeout)
+        self.desktop.wait_active(self.window, what)
         if self.desktop.kind.wayland:
             self.wait_for_keys()
 

@@ -119,7 +119,6 @@ class TestDay(TrayTest):
             self.choose_in_title_bar("Keep on Top")
             return self.note.wait_setting("pinned", False)
         x, y = wait_until(self.place_of_item, "the item is in the tray")
-        self.addCleanup(self.desktop.move, 0, y // 2)  # or its tip stays
         for settled in self.wait_put_away, self.note.wait_active:
             self.desktop.click(x, y, times=self.desktop.kind.clicks)
             settled()
@@ -133,7 +132,6 @@ class TestDay(TrayTest):
         return self.wait_put_away()
 
     def test_dark(self):
-        self.addCleanup(self.desktop.run, *self.desktop.kind.light.split())
         self.note.start()
         self.desktop.call("session", "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
                           "org.freedesktop.portal.Settings.ReadAll", "['org.freedesktop.appearance']")  # it is up

@@ -7,7 +7,7 @@ import signal
 import subprocess
 import time
 
-from desktop import DEBIAN_PYTHON, NotStarted, wait_until
+from desktop import DEBIAN_PYTHON, NotStarted, soon, wait_until
 from note import NAME, PIN, SHOW, SessionTest
 
 LOGIN, LOGIN_PATH = "org.freedesktop.login1", "/org/freedesktop/login1"
@@ -78,8 +78,7 @@ class TestReturn(SessionTest):
         self.assert_stays_hidden()
         for tell in self.sources:
             with self.subTest(tell.__name__):
-                tell(True)
-                tell(False)
+                wait_until(lambda: tell(True) or tell(False) or soon(self.note.is_shown, 2), "it is heard and shown")
                 self.note.wait_active()
                 self.note.signal(signal.SIGTERM)
                 self.note.start()

@@ -93,7 +93,7 @@ class TestFrame(SessionTest):
         wait_until(lambda: "FULLSCREEN" in self.desktop.prop("_NET_WM_STATE", companion), "a full-screen companion")
         self.note.start()
         for again in False, True:
-            wait_until(lambda: self.desktop.windows(stacked=True)[-1] == self.note.window, "the note lies above it")
+            wait_until(lambda: self.desktop.windows(stacked=True)[-1:] == [self.note.window], "the note lies above it")
             if not again:
                 self.desktop.activate(companion)
                 self.note.start_again()
@@ -115,9 +115,9 @@ class TestFrame(SessionTest):
             for workspace in 1, 0:
                 self.desktop.switch_to(workspace)
                 if pinned:
-                    self.assertTrue(self.note.is_shown())
+                    wait_until(self.note.is_shown, "it is on this workspace too")
                     neighbour = self.desktop.companion(f"on workspace {workspace}")
-                    self.assertTrue(self.desktop.lies_above(self.note.window, neighbour))
+                    wait_until(lambda: self.desktop.lies_above(self.note.window, neighbour), "it lies above it")
                 self.note.perform("toggleWindow")
                 self.note.wait_active()
                 self.assertEqual(self.desktop.workspace(), workspace)
@@ -195,11 +195,10 @@ class TestWindows(SessionTest):
         wait_until(lambda: not self.desktop.is_viewable(window), what)
 
     def test_welcome(self):
-        """Above the note, which stays as it was; it goes and comes with it, until the user or the window manager closes
-        it for good."""
+        """Above the note, which it leaves as it was, and goes and comes with, until it is closed for good."""
         for pinned in True, False:
             with self.subTest(pinned=pinned):
-                self.companion = self.desktop.companion(f"companion {pinned}")
+                self.companion = None if pinned else self.desktop.companion("companion")
                 self.note.put_settings(pinned=pinned, didShowWelcome=False)
                 self.note.launch()
                 welcome = wait_until(self.note.other_window, "the welcome")
@@ -215,7 +214,10 @@ class TestWindows(SessionTest):
                 self.note.wait_pinned(pinned)
                 self.press(*["F6"] * (3 if self.desktop.has_tray() else 4))  # past the buttons of the title bar
                 self.desktop.wait_active(welcome)
+                self.press("F6")
+                self.note.wait_active()
                 if pinned:
+                    self.desktop.activate(welcome)
                     self.press("Return")
                 else:
                     self.desktop.close(welcome)

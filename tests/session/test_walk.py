@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Whatever a user does, in any order, beside a model of what must come of it."""
 
+import itertools
 import random
 import signal
 
@@ -8,15 +9,17 @@ from desktop import wait_until
 from note import PIN, SHOW, SessionTest, options
 
 CLOSE_BUTTON, INFO_BUTTON = (16, 14), (403, 14)  # inside the window
-STEPS = 28
+STEPS = 30
 
 
 class TestWalk(SessionTest):
-    """The model: the text, whether it is in the window alone, and whether the note is shown, in front, and pinned."""
+    """The model: the text, whether the note is shown, in front, and pinned, and the others, the front one first."""
 
     def start(self):
         self.text, self.shown, self.front, self.pinned = "", True, True, True
-        self.others = [self.desktop.companion(f"companion {number}") for number in (2, 1)][::-1]
+        first = self.desktop.companion("companion 1")
+        self.others = [self.desktop.companion("companion 2"), first]
+        self.ends = itertools.cycle((signal.SIGTERM, None, signal.SIGINT, None, signal.SIGHUP))
         self.note.start()
         self.frame = self.note.geometry()
         self.check()
@@ -68,6 +71,13 @@ class TestWalk(SessionTest):
             below = self.others[1:] + [self.note.window] * (self.shown and not self.pinned)
             wait_until(lambda: all(self.desktop.lies_above(self.others[0], other) for other in below), "it is raised")
 
+    def call_covered(self):
+        if self.pinned:
+            self.pin()
+        self.second_start()
+        self.go_to_companion()
+        self.action()
+
     def update_window(self):
         """Is in front of all, at the middle of the screen, and gives the keyboard back."""
         self.note.perform("checkForUpdates")
@@ -92,8 +102,9 @@ class TestWalk(SessionTest):
         wait_until(lambda: not self.note.popup(), "the shortcuts are closed")
 
     def end_and_start(self):
-        number = random.choice([signal.SIGTERM, signal.SIGINT, signal.SIGHUP, None, None])
-        if number:
+        if self.front:
+            self.type()  # which is not saved yet
+        if number := next(self.ends):
             self.note.process.send_signal(number)
         elif self.front:
             self.press("ctrl+q")
@@ -105,7 +116,8 @@ class TestWalk(SessionTest):
         self.front = self.shown = True
 
     def possible(self):
-        yield from (self.action, self.second_start, self.pin, self.go_to_companion, self.end_and_start)
+        yield from (self.action, self.second_start, self.pin, self.go_to_companion, self.call_covered,
+                    self.end_and_start)
         if not self.desktop.kind.wayland:
             yield self.hot_key
         if self.front:
@@ -143,7 +155,7 @@ class TestWalk(SessionTest):
                 done.append(step.__name__)
                 step()
                 self.check()
-        except AssertionError as error:
+        except Exception as error:
             raise AssertionError(f"after {', '.join(done)}: {error}") from error
 
     def test_one(self):

@@ -11,8 +11,7 @@
 
 namespace scratch {
 
-/// A folder of this process' own, gone at the end. Everything that the program keeps goes below it; what it shows is in
-/// English.
+/// A folder of this process' own, gone at the end. Everything that the program keeps goes below it.
 class Folder {
  public:
   Folder() {

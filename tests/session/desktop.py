@@ -118,7 +118,7 @@ class Desktop:
             (self.home / "announce").chmod(0o755)
         command = self.kind.command.format(**places).split()
         program = shutil.which(command[0])
-        if program and "security.capability" in os.listxattr(program):  # which a process without it may not start; a copy has none
+        if program and "security.capability" in os.listxattr(program):  # not given to tests; a copy has none
             command[0] = shutil.copy(program, self.home)
         if self.name == "sway" and os.geteuid() == 0:  # which does not run as root
             for place in self.home, *self.home.rglob("*"):

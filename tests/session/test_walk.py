@@ -20,6 +20,7 @@ class TestWalk(SessionTest):
         first = self.desktop.companion("companion 1")
         self.others = [self.desktop.companion("companion 2"), first]
         self.ends = itertools.cycle((signal.SIGTERM, None, signal.SIGINT, None, signal.SIGHUP))
+        self.taps = itertools.cycle((150, 270))  # two at one place would be a double click
         self.note.start()
         self.frame = self.note.geometry()
         self.check()
@@ -91,7 +92,7 @@ class TestWalk(SessionTest):
 
     def tap_on_title_bar(self):
         """A press and its release in one moment are no drag: the pointer then moves without the note."""
-        self.note.click(210, 14)
+        self.note.click(next(self.taps), 14)
 
     def shortcuts(self):
         self.note.click(*INFO_BUTTON)

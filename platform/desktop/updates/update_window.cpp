@@ -84,10 +84,7 @@ void UpdateWindow::moveToMiddle() {
   move(place.topLeft());
 }
 
-void UpdateWindow::done(int result) {
-  windows_.hideCompanion(*this);
-  QDialog::done(result);
-}
+void UpdateWindow::done(int /*result*/) { windows_.hideCompanion(*this); }
 
 void UpdateWindow::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);

@@ -80,12 +80,14 @@ bool ProgramWindows::activateAnyCompanion() {
 }
 
 void ProgramWindows::hideCompanion(QWidget& window) {
-  const bool hadKeyboard = system_.isActive(window);
-  system_.prepareToHide(window);
-  std::erase(hidden_, &window);
-  window.hide();
-  // Through the queue: while the window manager still unmanages the window, it would pass the keyboard on itself.
-  if (hadKeyboard) requests_.add([this] { activateMainWindow(); });
+  // The keyboard first: xfwm4 would pass that of a window that it unmanages on to another program, at any moment.
+  if (system_.isActive(window)) activateMainWindow();
+  requests_.add([this, companion = QPointer(&window)] {
+    if (companion.isNull()) return;
+    system_.prepareToHide(*companion);
+    std::erase(hidden_, companion);
+    companion->hide();
+  });
 }
 
 void ProgramWindows::activateMainWindow() {
@@ -138,7 +140,7 @@ void ProgramWindows::release(const NSObject& object) {
   if (kept == shown_.end()) return;
   released_.push_back(std::move(*kept));
   shown_.erase(kept);
-  QTimer::singleShot(0, qApp, [this] { released_.clear(); });
+  QTimer::singleShot(0, qApp, [this] { requests_.add([this] { released_.clear(); }); });
 }
 
 }  // namespace platform::desktop

@@ -45,7 +45,8 @@ class ProgramWindows : public Singleton<ProgramWindows> {
   void activateCompanion(QWidget& window);
   /// Gives the first companion that is shown the keyboard. False if there is none.
   bool activateAnyCompanion();
-  /// Hides a companion. If it had the keyboard, the main window gets it, if that is shown.
+  /// Hides a companion, through the queue of requests. If it has the keyboard, the main window gets it before, if that
+  /// is shown.
   void hideCompanion(QWidget& window);
   /// Gives the main window the keyboard if it is shown.
   void activateMainWindow();
@@ -69,7 +70,7 @@ class ProgramWindows : public Singleton<ProgramWindows> {
   const QList<QAction*>& companionCommands() const { return companionCommands_; }
 
   /// Holds what is shown until it is released. A released object is destroyed by the event loop, since its own code may
-  /// be running now; those that are held at the end are destroyed before Qt's application.
+  /// be running now, when its window is hidden; those that are held at the end are destroyed before Qt's application.
   void keepWhileShown(std::shared_ptr<NSObject> object) { shown_.push_back(std::move(object)); }
   void release(const NSObject& object);
 

@@ -186,7 +186,7 @@ TEST_F(Windows, TheWelcomeHasItsMeasuresAndStaysUntilReturn) {
   EXPECT_FALSE(bubble.isVisible()) << "it was hidden with the program";
   delegate->showWindow();
   QTest::keyClick(popover(), Qt::Key_Return);
-  EXPECT_EQ(popover(), nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([] { return popover() == nullptr; }));
 }
 
 TEST_F(Windows, TheShortcutsHaveTheirMeasuresAndNameTheKeys) {

@@ -355,11 +355,12 @@ class Desktop:
         wait_until(lambda: self.is_active(window), what)
 
     def activate(self, window):
-        if self.tiles:
-            self.run(self.kind.message, f"[id={window}]", "focus")
-        else:
-            self.run("wmctrl", "-i", "-a", hex(window))
-        self.wait_active(window)
+        command = [self.kind.message, f"[id={window}]", "focus"] if self.tiles else ["wmctrl", "-i", "-a", hex(window)]
+
+        def asked():  # again if need be: mutter refuses a request that comes while it carries out an older one
+            self.run(*command)
+            return soon(lambda: self.is_active(window))
+        wait_until(asked, "the window is active")
 
     def close(self, window):
         """As its user does with the window manager."""

@@ -91,7 +91,9 @@ void X11WindowSystem::activate(QWidget& window) {
 
 void X11WindowSystem::prepareToHide(QWidget& window) {
   requestedPositions_.erase(idOf(window));
-  if (isActive(window)) expect({idOf(window), false});
+  if (!isActive(window)) return;
+  successor_ = previous_ != XCB_NONE && canBeSeen(previous_) ? previous_ : XCB_NONE;
+  expect({idOf(window), false});
 }
 
 bool X11WindowSystem::isActive(const QWidget& window) {
@@ -103,8 +105,9 @@ bool X11WindowSystem::isActive(const QWidget& window) {
 }
 
 void X11WindowSystem::activatePreviousProgram() {
-  if (previous_ == XCB_NONE || !canBeSeen(previous_)) return;
-  ewmh_.requestActive(previous_, clock_.now(), ewmh_.activeWindow());
+  // Waits for no answer: a user who goes to another window meanwhile would be sent back.
+  if (successor_ == XCB_NONE) return;
+  ewmh_.requestActive(successor_, clock_.now(), active_);
   xcb_flush(connection_);
 }
 

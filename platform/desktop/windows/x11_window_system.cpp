@@ -43,7 +43,6 @@ X11WindowSystem::X11WindowSystem(xcb_connection_t* connection)
       ewmh_(connection),
       compositor_(connection, "_NET_WM_CM_S" + std::to_string(x11::screenNumber()), repaintAll),
       escapeKey_(connection),
-      clock_(connection),
       managementAtom_(x11::atom(connection, "WM_STATE")),
       motifHintsAtom_(x11::atom(connection, "_MOTIF_WM_HINTS")),
       root_(x11::rootWindow(connection)),
@@ -84,7 +83,7 @@ void X11WindowSystem::activate(QWidget& window) {
   window.raise();
   if (!managed_) window.activateWindow();
   if (focusesNewWindowsOnly_ && active_ != id && ewmh_.isManaged(id)) remap(id);
-  ewmh_.requestActive(id, clock_.now(), XCB_NONE);
+  ewmh_.requestActive(id, XCB_NONE);
   xcb_flush(connection_);
   if (active_ != id) expect({id, true});
 }
@@ -107,7 +106,7 @@ bool X11WindowSystem::isActive(const QWidget& window) {
 void X11WindowSystem::activatePreviousProgram() {
   // Waits for no answer: a user who goes to another window meanwhile would be sent back.
   if (successor_ == XCB_NONE) return;
-  ewmh_.requestActive(successor_, clock_.now(), active_);
+  ewmh_.requestActive(successor_, active_);
   xcb_flush(connection_);
 }
 

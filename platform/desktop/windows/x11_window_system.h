@@ -11,7 +11,6 @@
 #include "platform/desktop/x11/event_filter.h"
 #include "platform/desktop/x11/ewmh.h"
 #include "platform/desktop/x11/selection_watch.h"
-#include "platform/desktop/x11/x11_server_clock.h"
 
 namespace platform::desktop {
 
@@ -55,7 +54,6 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   x11::Ewmh ewmh_;
   SelectionWatch compositor_;
   EscapeKey escapeKey_;
-  X11ServerClock clock_;
   xcb_atom_t managementAtom_;
   xcb_atom_t motifHintsAtom_;
   xcb_window_t root_;

@@ -95,8 +95,9 @@ void Ewmh::requestWorkspace(xcb_window_t window, std::uint32_t workspace) {
   xcb_ewmh_request_change_wm_desktop(&ewmh_, screen_, window, workspace, ofTheUser);
 }
 
-void Ewmh::requestActive(xcb_window_t window, xcb_timestamp_t time, xcb_window_t from) {
-  xcb_ewmh_request_change_active_window(&ewmh_, screen_, window, ofTheUser, time, from);
+void Ewmh::requestActive(xcb_window_t window, xcb_window_t from) {
+  // Without a time: mutter refuses a request that is a millisecond older than the change of the keyboard before it.
+  xcb_ewmh_request_change_active_window(&ewmh_, screen_, window, ofTheUser, XCB_CURRENT_TIME, from);
 }
 
 }  // namespace platform::desktop::x11

@@ -45,8 +45,8 @@ class Ewmh {
   // Requests for a window that is shown. They are marked as the user's, for focus stealing prevention.
   void requestState(xcb_window_t window, bool on, xcb_atom_t state);
   void requestWorkspace(xcb_window_t window, std::uint32_t workspace);
-  /// `time` is the X server's; `from` is the window that was active, or XCB_NONE.
-  void requestActive(xcb_window_t window, xcb_timestamp_t time, xcb_window_t from);
+  /// `from` is the window that was active, or XCB_NONE.
+  void requestActive(xcb_window_t window, xcb_window_t from);
 
  private:
   xcb_window_t supportingWindow(xcb_window_t of);

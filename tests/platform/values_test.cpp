@@ -32,8 +32,8 @@ const Screen right{{{1280, 0}, {1920, 1080}}, {{1280, 0}, {1920, 1080}}};
 TEST(KeptFrame, ComesBackAsItWasOrWholeOnAScreenWhenItsOwnIsGone) {
   const KeptFrame kept{{{1300, -20}, {420, 320}}, right.frame};
   EXPECT_EQ(frameOnScreens(frameFromString(stringFromFrame(kept)).value(), {left, right}), kept.window) << "below it";
-  const NSRect between{{1100, 100}, {420, 320}};
-  EXPECT_EQ(frameOnScreens({between, right.frame}, {left}), (NSRect{{860, 100}, {420, 320}}));
+  const NSRect between{{1100, 700}, {420, 320}};
+  EXPECT_EQ(frameOnScreens({between, {{4000, 0}, {1920, 1080}}}, {left, right}), (NSRect{{1280, 700}, {420, 320}}));
   const NSRect far{{5000, 100}, {420, 320}};
   EXPECT_EQ(frameOnScreens({far, {{4000, 0}, {1920, 1080}}}, {left, right}), (NSRect{{860, 100}, {420, 320}}));
   const NSRect huge{{1280, 0}, {1920, 1080}};

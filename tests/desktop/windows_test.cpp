@@ -138,8 +138,10 @@ TEST_F(Windows, InsetsBelongToTheTextAndNoLineHidesUnderTheTitle) {
   EXPECT_TRUE(editor().fontInfo().fixedPitch());
   const auto caret = [&] { return editor().viewport()->mapTo(&frame(), editor().cursorRect().topLeft()); };
   EXPECT_EQ(caret(), QPoint(14, 36));
-  editor().setPlainText(QStringLiteral("line\n").repeated(60));
+  editor().setPlainText(QStringLiteral("line\n").repeated(59));
   editor().moveCursor(QTextCursor::End);
+  QTest::keyClick(&editor(), Qt::Key_Return);
+  EXPECT_LE(caret().y() + editor().cursorRect().height(), frame().height()) << "what is typed stays in sight";
   editor().verticalScrollBar()->setValue(editor().verticalScrollBar()->maximum());
   EXPECT_NEAR(frame().height() - caret().y() - editor().cursorRect().height(), 45, 15) << "the end keeps its inset";
   for (int line = 60; line > 0; --line) {

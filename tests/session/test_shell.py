@@ -142,8 +142,11 @@ class TestScreens(SessionTest):
         self.desktop.run("xrandr", "--newmode", name, 40, width, width + 40, width + 168, width + 256,
                          height, height + 1, height + 5, height + 28)
         self.desktop.run("xrandr", "--addmode", "screen", name)
-        self.desktop.run("xrandr", "--output", "screen", "--mode", name)
-        wait_until(lambda: self.desktop.run("xdotool", "getdisplaygeometry").split() == [str(width), str(height)],
+
+        def has_size():
+            return self.desktop.run("xdotool", "getdisplaygeometry").split() == [str(width), str(height)]
+        # Again if need be: mutter may set the size before it anew meanwhile.
+        wait_until(lambda: self.desktop.run("xrandr", "--output", "screen", "--mode", name) or soon(has_size),
                    f"a screen of {name}")
 
     def test_screens_that_go_and_shrink(self):
@@ -183,9 +186,6 @@ class TestWindows(SessionTest):
         wait_until(lambda: any(map(self.desktop.is_active, either[:1 if self.desktop.name == "i3" else 2])),
                    "it has the keyboard")
 
-    def wait_gone(self, window, what):
-        wait_until(lambda: not self.desktop.is_viewable(window), what)
-
     def test_welcome(self):
         """Above the note, which it leaves as it was, and goes and comes with, until it is closed for good."""
         for pinned in True, False:
@@ -199,7 +199,7 @@ class TestWindows(SessionTest):
                 wait_until(lambda: self.desktop.tiles or self.desktop.lies_above(welcome, self.note.window), "above it")
                 self.press("Escape")
                 self.wait_put_away()
-                self.wait_gone(welcome, "it goes with the note")
+                wait_until(lambda: not self.desktop.is_viewable(welcome), "it goes with the note")
                 self.note.run_to_end()  # a second start
                 self.wait_both_back(welcome)
                 self.desktop.activate(self.note.window)
@@ -213,7 +213,7 @@ class TestWindows(SessionTest):
                     self.press("Return")
                 else:
                     self.desktop.close(welcome)
-                self.wait_gone(welcome, "it is closed")
+                wait_until(lambda: not self.desktop.is_viewable(welcome), "it is closed")
                 self.note.wait_active()
                 self.note.hide()
                 self.note.start_again()

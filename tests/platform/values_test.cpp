@@ -43,8 +43,8 @@ TEST(KeptFrame, ComesBackAsItWasOrWholeOnAScreenWhenItsOwnIsGone) {
 }
 
 TEST(KeptFrame, RefusesWhatIsNone) {
-  for (const std::string text : {"", "x", "1 2 3", "1 2 3 4 5 6 7", "0 0 0 320 0 0 1 1", "0 0 420 0 0 0 1 1",
-                                 "99999999999 0 420 320 0 0 1 1"}) {
+  for (const std::string text :
+       {"", "x", "1 2 3", "1 2 3 4 5 6 7", "0 0 0 320 0 0 1 1", "0 0 420 0 0 0 1 1", "99999999999 0 420 320 0 0 1 1"}) {
     EXPECT_FALSE(frameFromString(text)) << text;
   }
 }

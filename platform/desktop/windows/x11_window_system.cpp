@@ -104,7 +104,7 @@ bool X11WindowSystem::isActive(const QWidget& window) {
 }
 
 void X11WindowSystem::activatePreviousProgram() {
-  // Waits for no answer: a user who goes to another window meanwhile would be sent back.
+  // Asks the X server nothing: a user who goes to another window before the answer would be sent back.
   if (successor_ == XCB_NONE) return;
   ewmh_.requestActive(successor_, active_);
   xcb_flush(connection_);

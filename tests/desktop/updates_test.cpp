@@ -58,6 +58,7 @@ TEST(Appcast, GivesTheNewestRelease) {
       {feed(item("1.9") + item("1.10", "<link>https://e.org/</link><u:link/>") + item("1.2")), "1.10|https://e.org/"},
       {feed("<item/>" + item("1", "<link>file:///etc/passwd</link>")), "1|"},
       {feed(item("1")).chopped(3), "none"},
+      {feed(item("1")) + "<more/>", "none"},
       {feed("<item><description>" + deep), "none"},
       {large + feed(item("1", "<title>" + QByteArray("&b;").repeated(1000) + "</title>")), "none"}};
   for (const auto& [xml, expected] : cases) {

@@ -8,7 +8,6 @@
 #include "platform/file_manager.h"
 #include "platform/hot_key.h"
 #include "platform/image.h"
-#include "platform/localized_string.h"
 #include "platform/login_item.h"
 #include "platform/menu.h"
 #include "platform/notification_center.h"
@@ -143,10 +142,6 @@ TEST_F(Contract, AHotKeyHasAReferenceOrAnError) {
   const OSStatus status = RegisterEventHotKey(kVK_ANSI_N, cmdKey | optionKey, {fourCharacters("TEST"), 1},
                                               GetApplicationEventTarget(), 0, &reference);
   EXPECT_EQ(status == noErr, reference != nullptr);
-}
-
-TEST_F(Contract, ATextThatNoTableHasIsShownAsItIs) {
-  for (const char* const text : {"", "N", "⌘", "A text of nobody's… 📌"}) EXPECT_EQ(NSLocalizedString(text), text);
 }
 
 // --- Actions and notifications

@@ -141,9 +141,16 @@ class TestServices(SessionTest):
         def send(number):
             for bus in buses:
                 bus.send_signal(number)
+
+        def wait_until_connected():  # for which Qt waits, however long
+            wait_until(lambda: LOGIN in self.desktop.run(
+                "dbus-send", "--system", "--print-reply", "--dest=org.freedesktop.DBus", "/org/freedesktop/DBus",
+                "org.freedesktop.DBus.Debug.Stats.GetAllMatchRules", environment=self.note.environment), "connected")
         if silent_at_start:
             send(signal.SIGSTOP)
         self.note.start()
+        if not silent_at_start:
+            wait_until_connected()
         send(signal.SIGSTOP)
         self.note.type("a")
         self.note.wait_for_text("a")
@@ -153,6 +160,7 @@ class TestServices(SessionTest):
         self.note.hide()
         send(signal.SIGCONT)
         self.note.start_again()
+        wait_until_connected()
         send(signal.SIGSTOP)
         self.assertEqual(self.note.signal(signal.SIGTERM), 0)
 

@@ -91,9 +91,9 @@ bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
 
 void ThemeFollower::askDesktop() {
   const Source source = isSessionOf(xfce) ? xfceSettings() : portal();
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  bus.connect(source.service, source.path, source.interface, source.changed, {source.group, source.key},
-              QStringLiteral("ssv"), this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+  const QDBusConnection bus = QDBusConnection::sessionBus();
+  connectToOwner(bus, source.service, source.path, source.interface, source.changed, {source.group, source.key},
+                 QStringLiteral("ssv"), *this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
   QDBusMessage question = QDBusMessage::createMethodCall(source.service, source.path, source.interface, source.read);
   question << source.group << source.key;
   onReply(bus.asyncCall(question), *this, [this](const QDBusPendingReply<QDBusVariant>& answer) {

@@ -7,7 +7,10 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <algorithm>
 #include <cerrno>
@@ -41,6 +44,13 @@ UniqueFd askAt(const QByteArray& name) {
 }
 
 }  // namespace
+
+Bus::Bus(QDBusConnection::BusType type) : type_(type) {
+  // QDBusConnection::connect looks up the types of a slot by their names, and refuses one that has none yet.
+  qRegisterMetaType<QDBusMessage>();
+  qRegisterMetaType<QDBusObjectPath>();
+  qRegisterMetaType<QDBusVariant>();
+}
 
 void Bus::ask() {
   if (std::exchange(asked_, true)) return;
@@ -96,6 +106,25 @@ void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(
   QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [watcher, then = std::move(then)] {
     watcher->deleteLater();
     then(*watcher);
+  });
+}
+
+void followOwner(const QDBusConnection& bus, const QString& name, QObject& context,
+                 std::function<void(const QString& owner)> then) {
+  auto* const watcher = new QDBusServiceWatcher(name, bus, QDBusServiceWatcher::WatchForOwnerChange, &context);
+  QObject::connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, &context,
+                   [then](const QString& /*name*/, const QString& /*before*/, const QString& owner) { then(owner); });
+  onReply(bus.asyncCall(callOfTheBus(QStringLiteral("GetNameOwner")) << name), context,
+          [then](const QDBusPendingReply<QString>& owner) {
+            if (owner.isValid()) then(owner.value());
+          });
+}
+
+void connectToOwner(QDBusConnection bus, const QString& name, const QString& path, const QString& interface,
+                    const QString& signal, const QStringList& arguments, const QString& signature, QObject& receiver,
+                    const char* slot) {
+  followOwner(bus, name, receiver, [=, &receiver](const QString& owner) mutable {
+    if (!owner.isEmpty()) bus.connect(owner, path, interface, signal, arguments, signature, &receiver, slot);
   });
 }
 

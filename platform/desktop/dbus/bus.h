@@ -21,7 +21,7 @@ namespace platform::desktop {
 /// forever, so nobody uses that before the bus has answered a question here, over a socket of our own.
 class Bus {
  public:
-  explicit Bus(QDBusConnection::BusType type) : type_(type) {}
+  explicit Bus(QDBusConnection::BusType type);
 
   /// Waits at most that long for the answer. False at once if there is no bus.
   bool answersWithin(std::chrono::milliseconds timeout);
@@ -50,5 +50,16 @@ QDBusMessage getProperty(const QString& service, const QString& path, const QStr
 
 /// Calls `then` with the reply, which may be an error; never if `context` is destroyed before that.
 void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(const QDBusPendingCall&)> then);
+
+/// Calls `then` with the unique name of the owner of a bus name: once it is known, and at each change; empty when the
+/// name has none any more. Never if `context` is destroyed before that.
+void followOwner(const QDBusConnection& bus, const QString& name, QObject& context,
+                 std::function<void(const QString& owner)> then);
+
+/// Connects to a signal from each owner of a bus name. QDBusConnection::connect with such a name waits until the bus
+/// has told the owner; this does not wait.
+void connectToOwner(QDBusConnection bus, const QString& name, const QString& path, const QString& interface,
+                    const QString& signal, const QStringList& arguments, const QString& signature, QObject& receiver,
+                    const char* slot);
 
 }  // namespace platform::desktop

@@ -71,23 +71,22 @@ WakeSignals::WakeSignals(Bus& sessionBus, Bus& systemBus) {
 WakeSignals::~WakeSignals() = default;
 
 void WakeSignals::listenToLoginManager() {
-  QDBusConnection bus = QDBusConnection::systemBus();
-  bus.connect(loginManager, {}, QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForSleep"),
-              this, SLOT(onPrepareForSleep(bool)));
-  bus.connect(loginManager, {}, properties, propertiesChanged, {loginSession}, QStringLiteral("sa{sv}as"), this,
-              SLOT(onSessionChanged(QString, QVariantMap, QStringList, QDBusMessage)));
+  const QDBusConnection bus = QDBusConnection::systemBus();
+  connectToOwner(bus, loginManager, {}, QStringLiteral("org.freedesktop.login1.Manager"),
+                 QStringLiteral("PrepareForSleep"), {}, {}, *this, SLOT(onPrepareForSleep(bool)));
+  connectToOwner(bus, loginManager, {}, properties, propertiesChanged, {loginSession}, QStringLiteral("sa{sv}as"),
+                 *this, SLOT(onSessionChanged(QString, QVariantMap, QStringList, QDBusMessage)));
 }
 
 void WakeSignals::listenToSession() {
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  // Only from the owners of these names, now or when they start.
+  const QDBusConnection bus = QDBusConnection::sessionBus();
   for (const char* const name : screenSavers) {
     const QLatin1String screenSaver(name);
-    bus.connect(screenSaver, {}, screenSaver, QStringLiteral("ActiveChanged"), this,
-                SLOT(onScreenSaverChanged(bool, QDBusMessage)));
+    connectToOwner(bus, screenSaver, {}, screenSaver, QStringLiteral("ActiveChanged"), {}, {}, *this,
+                   SLOT(onScreenSaverChanged(bool, QDBusMessage)));
   }
-  bus.connect(displayConfiguration, {}, properties, propertiesChanged, {displayConfiguration},
-              QStringLiteral("sa{sv}as"), this, SLOT(onDisplayChanged(QString, QVariantMap, QStringList)));
+  connectToOwner(bus, displayConfiguration, {}, properties, propertiesChanged, {displayConfiguration},
+                 QStringLiteral("sa{sv}as"), *this, SLOT(onDisplayChanged(QString, QVariantMap, QStringList)));
 }
 
 bool WakeSignals::endsAbsence(const QString& source, bool away) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop/shortcuts/portal_global_shortcuts.h"
 
-#include <QDBusPendingReply>
+#include <QDBusConnection>
+#include <QDBusPendingCall>
 #include <algorithm>
 #include <utility>
 
@@ -112,27 +113,11 @@ void PortalGlobalShortcuts::findPortal() {
 void PortalGlobalShortcuts::usePortal() {
   // The portal takes a program's id only from a connection on which it has had no other call. On the shared one Qt may
   // have read the color scheme.
-  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
+  const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
   if (!bus.isConnected()) return;
-  nameWatch_.setConnection(bus);
-  nameWatch_.addWatchedService(Portal::name());
-  connect(&nameWatch_, &QDBusServiceWatcher::serviceOwnerChanged, this,
-          [this, bus](const QString& /*name*/, const QString& /*oldOwner*/, const QString& owner) {
-            openSession({bus, owner});
-          });
+  followOwner(bus, Portal::name(), *this, [this, bus](const QString& owner) { openSession({bus, owner}); });
   constexpr uint noFlags = 0;
-  const QDBusMessage start = callOfTheBus(QStringLiteral("StartServiceByName")) << Portal::name() << noFlags;
-  onReply(bus.asyncCall(start), *this, [this, bus](const QDBusPendingCall& answer) {
-    if (!answer.isError()) findOwner(bus);
-  });
-}
-
-/// By a call to the bus: not every version of Qt tells the sender of a reply.
-void PortalGlobalShortcuts::findOwner(const QDBusConnection& bus) {
-  const QDBusMessage question = callOfTheBus(QStringLiteral("GetNameOwner")) << Portal::name();
-  onReply(bus.asyncCall(question), *this, [this, bus](const QDBusPendingReply<QString>& owner) {
-    if (owner.isValid()) openSession({bus, owner.value()});
-  });
+  bus.send(callOfTheBus(QStringLiteral("StartServiceByName")) << Portal::name() << noFlags);
 }
 
 /// `portal.owner` is empty if no portal runs any more.

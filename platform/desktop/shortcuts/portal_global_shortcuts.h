@@ -2,8 +2,6 @@
 #pragma once
 
 #include <QAction>
-#include <QDBusConnection>
-#include <QDBusServiceWatcher>
 #include <QList>
 #include <QObject>
 #include <memory>
@@ -52,7 +50,6 @@ class PortalGlobalShortcuts : public QObject, public GlobalShortcuts {
   void listenInOwnWindows(HotKey& hotKey);
   void findPortal();
   void usePortal();
-  void findOwner(const QDBusConnection& bus);
   void openSession(const Portal& portal);
   QList<Described> describeHotKeys();
   const HotKey* hotKeyOf(const QString& id) const;
@@ -64,7 +61,6 @@ class PortalGlobalShortcuts : public QObject, public GlobalShortcuts {
   ProgramWindows& windows_;
   const ExportedActions& actions_;
   std::vector<HotKey> hotKeys_;
-  QDBusServiceWatcher nameWatch_;
   std::optional<PortalSession> session_;  ///< with the portal that runs now, if one does
 };
 

@@ -110,7 +110,7 @@ void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(
 }
 
 void followOwner(const QDBusConnection& bus, const QString& name, QObject& context,
-                 std::function<void(const QString& owner)> then) {
+                 const std::function<void(const QString& owner)>& then) {
   auto* const watcher = new QDBusServiceWatcher(name, bus, QDBusServiceWatcher::WatchForOwnerChange, &context);
   QObject::connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, &context,
                    [then](const QString& /*name*/, const QString& /*before*/, const QString& owner) { then(owner); });

@@ -54,7 +54,7 @@ void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(
 /// Calls `then` with the unique name of the owner of a bus name: once it is known, and at each change; empty when the
 /// name has none any more. Never if `context` is destroyed before that.
 void followOwner(const QDBusConnection& bus, const QString& name, QObject& context,
-                 std::function<void(const QString& owner)> then);
+                 const std::function<void(const QString& owner)>& then);
 
 /// Connects to a signal from each owner of a bus name. QDBusConnection::connect with such a name waits until the bus
 /// has told the owner; this does not wait.

@@ -6,7 +6,6 @@
 #include "platform/application.h"
 #include "platform/dispatch.h"
 #include "platform/file_manager.h"
-#include "platform/hot_key.h"
 #include "platform/image.h"
 #include "platform/login_item.h"
 #include "platform/menu.h"
@@ -135,13 +134,6 @@ TEST_F(Contract, TheLoginItemGoesOnAndOffAndTwiceIsHarmless) {
   }
   EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({13, 0, 0})) << "which the system has";
   EXPECT_FALSE(NSProcessInfo::isOperatingSystemAtLeastVersion({100, 0, 0}));
-}
-
-TEST_F(Contract, AHotKeyHasAReferenceOrAnError) {
-  EventHotKeyRef reference = nullptr;
-  const OSStatus status = RegisterEventHotKey(kVK_ANSI_N, cmdKey | optionKey, {fourCharacters("TEST"), 1},
-                                              GetApplicationEventTarget(), 0, &reference);
-  EXPECT_EQ(status == noErr, reference != nullptr);
 }
 
 // --- Actions and notifications

@@ -143,9 +143,12 @@ class TestServices(SessionTest):
                 bus.send_signal(number)
 
         def wait_until_connected():  # for which Qt waits, however long
-            wait_until(lambda: LOGIN in self.desktop.run(
-                "dbus-send", "--system", "--print-reply", "--dest=org.freedesktop.DBus", "/org/freedesktop/DBus",
-                "org.freedesktop.DBus.Debug.Stats.GetAllMatchRules", environment=self.note.environment), "connected")
+            def rules():
+                return self.desktop.run("dbus-send", "--system", "--print-reply", "--dest=org.freedesktop.DBus",
+                                        "/org/freedesktop/DBus", "org.freedesktop.DBus.Debug.Stats.GetAllMatchRules",
+                                        environment=self.note.environment)
+            wait_until(lambda: LOGIN in rules(), "it is connected")
+            self.assertNotIn(f"sender='{LOGIN}'", rules(), "such a rule is of a call that waits for the bus")
         if silent_at_start:
             send(signal.SIGSTOP)
         self.note.start()

@@ -14,6 +14,7 @@
 #include <QDBusVariant>
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 
 #include "platform/desktop/dbus/bus_address.h"
 
@@ -46,7 +47,7 @@ UniqueFd askAt(const QByteArray& name) {
 }  // namespace
 
 Bus::Bus(QDBusConnection::BusType type) : type_(type) {
-  // QDBusConnection::connect looks up the types of a slot by their names, and refuses one that has none yet.
+  // QDBusConnection::connect looks up the types of a slot by their names, and refuses a slot with an unknown one.
   qRegisterMetaType<QDBusMessage>();
   qRegisterMetaType<QDBusObjectPath>();
   qRegisterMetaType<QDBusVariant>();
@@ -114,7 +115,8 @@ void followOwner(const QDBusConnection& bus, const QString& name, QObject& conte
   auto* const watcher = new QDBusServiceWatcher(name, bus, QDBusServiceWatcher::WatchForOwnerChange, &context);
   QObject::connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, &context,
                    [then](const QString& /*name*/, const QString& /*before*/, const QString& owner) { then(owner); });
-  onReply(bus.asyncCall(callOfTheBus(QStringLiteral("GetNameOwner")) << name), context,
+  constexpr int unlimited = std::numeric_limits<int>::max();  // the bus may be silent now
+  onReply(bus.asyncCall(callOfTheBus(QStringLiteral("GetNameOwner")) << name, unlimited), context,
           [then](const QDBusPendingReply<QString>& owner) {
             if (owner.isValid()) then(owner.value());
           });

@@ -52,12 +52,12 @@ QDBusMessage getProperty(const QString& service, const QString& path, const QStr
 void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(const QDBusPendingCall&)> then);
 
 /// Calls `then` with the unique name of the owner of a bus name: once it is known, and at each change; empty when the
-/// name has none any more. Never if `context` is destroyed before that.
+/// name has none any more. May repeat an owner. Never if `context` is destroyed before that.
 void followOwner(const QDBusConnection& bus, const QString& name, QObject& context,
                  const std::function<void(const QString& owner)>& then);
 
 /// Connects to a signal from each owner of a bus name. QDBusConnection::connect with such a name waits until the bus
-/// has told the owner; this does not wait.
+/// has told the owner; this does not wait. Until `receiver` is destroyed; `slot` is kept.
 void connectToOwner(QDBusConnection bus, const QString& name, const QString& path, const QString& interface,
                     const QString& signal, const QStringList& arguments, const QString& signature, QObject& receiver,
                     const char* slot);

@@ -99,7 +99,7 @@ class TestWalk(SessionTest):
         wait_until(self.note.popup, "the shortcuts")
         close, *how = random.choice([(self.press, "Escape"), (self.note.click, 60, 280),
                                      (self.note.click, *INFO_BUTTON)])
-        # Again if need be: on a busy machine they may be seen before they hear of keys and clicks.
+        # Again if need be: a window manager's grab of the pointer at times takes away a click soon after another.
         wait_until(lambda: close(*how) or soon(lambda: not self.note.popup(), 5), "the shortcuts are closed")
 
     def end_and_start(self):

@@ -17,7 +17,7 @@ from note import SessionTest, options
 
 CLASSES = {name: case for module in (test_walk, test_shell, test_services, test_day)
            for name, case in vars(module).items() if isinstance(case, type) and issubclass(case, SessionTest)}
-EVERYWHERE = "TestWalk", "TestFrame", "TestWindows", "TestInputMethod", "TestReturn.test_signals"
+EVERYWHERE = "TestWalk", "TestFrame", "TestWindows", "TestInputMethod", "TestReturn.test_return"
 WHOLE = EVERYWHERE + ("TestDay", "TestLogOut")
 BARE = EVERYWHERE + ("TestTray.test_notifier_host",)
 ON_X11 = BARE + ("TestHotKeys", "TestScreens")

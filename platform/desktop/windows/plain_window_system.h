@@ -13,7 +13,6 @@ class PlainWindowSystem : public WindowSystem {
   void activate(QWidget& window) override;
   void prepareToHide(QWidget& /*window*/) override {}
   bool isActive(const QWidget& window) override { return window.isActiveWindow(); }
-  void activatePreviousProgram() override {}
   void setActivationToken(const QString& token) override;
   bool isSettled() const override { return true; }
   bool canPosition() const override;

@@ -115,15 +115,9 @@ void ProgramWindows::hide() {
     }
     window->hide();
   }
-  if (std::exchange(owesFocus_, false)) system_.activatePreviousProgram();
 }
 
 bool ProgramWindows::areShown() const { return !visibleWindows().isEmpty(); }
-
-void ProgramWindows::prepareToHide(QWidget& window) {
-  owesFocus_ |= system_.isActive(window);
-  system_.prepareToHide(window);
-}
 
 void ProgramWindows::suspendKeepAbove(bool suspended) {
   if (std::exchange(keepAboveSuspended_, suspended) == suspended) return;

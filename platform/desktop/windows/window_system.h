@@ -24,13 +24,12 @@ class WindowSystem {
   virtual void applyState(QWidget& window, WindowState state) = 0;
   /// Raises a window that is shown and gives it the keyboard, as the user has asked for.
   virtual void activate(QWidget& window) = 0;
-  /// To be called before a window is hidden.
+  /// To be called before a window is hidden. If that is active, the window of another program that was active last is
+  /// activated, if it can still be seen.
   virtual void prepareToHide(QWidget& window) = 0;
   /// Whether the user works in this window, or it is about to be activated. A key grab, a menu of ours or a panel that
   /// has the keyboard for a moment changes nothing.
   virtual bool isActive(const QWidget& window) = 0;
-  /// Activates the window of another program that was active last, if it is still visible.
-  virtual void activatePreviousProgram() = 0;
   /// A token by which the compositor allows the next activation (xdg-activation). It comes with a request from outside;
   /// to be called for each such request, with an empty token if it has none.
   virtual void setActivationToken(const QString& token) = 0;

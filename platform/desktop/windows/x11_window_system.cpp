@@ -91,7 +91,8 @@ void X11WindowSystem::activate(QWidget& window) {
 void X11WindowSystem::prepareToHide(QWidget& window) {
   requestedPositions_.erase(idOf(window));
   if (!isActive(window)) return;
-  successor_ = previous_ != XCB_NONE && canBeSeen(previous_) ? previous_ : XCB_NONE;
+  // Before the window is unmapped: a user who went to another program after that would be sent back.
+  if (previous_ != XCB_NONE && canBeSeen(previous_)) ewmh_.requestActive(previous_, active_);
   expect({idOf(window), false});
 }
 
@@ -101,13 +102,6 @@ bool X11WindowSystem::isActive(const QWidget& window) {
   if (!managed_) return window.isActiveWindow();
   // In some window managers a window on another workspace stays the active one.
   return active_ == id && ewmh_.isOnCurrentWorkspace(id);
-}
-
-void X11WindowSystem::activatePreviousProgram() {
-  // Asks the X server nothing: a user who goes to another window before the answer would be sent back.
-  if (successor_ == XCB_NONE) return;
-  ewmh_.requestActive(successor_, active_);
-  xcb_flush(connection_);
 }
 
 bool X11WindowSystem::take(xcb_generic_event_t& event) {

@@ -25,7 +25,6 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   void activate(QWidget& window) override;
   void prepareToHide(QWidget& window) override;
   bool isActive(const QWidget& window) override;
-  void activatePreviousProgram() override;
   void setActivationToken(const QString& /*token*/) override {}  // on X11 the time of the request decides
   bool isSettled() const override { return !expectation_; }
   bool canPosition() const override { return true; }
@@ -61,7 +60,6 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   bool focusesNewWindowsOnly_ = false;  ///< it only marks other windows as urgent when they ask for the keyboard
   xcb_window_t active_ = XCB_NONE;      ///< by _NET_ACTIVE_WINDOW, panels left out
   xcb_window_t previous_ = XCB_NONE;    ///< the last active window of another program; none if it is a Wayland one
-  xcb_window_t successor_ = XCB_NONE;   ///< `previous_`, if it was visible when our active window was hidden
   const bool isXWayland_;
   std::map<xcb_window_t, QPoint> requestedPositions_;  ///< of windows that are being shown
   std::optional<Expectation> expectation_;

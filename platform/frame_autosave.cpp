@@ -12,7 +12,7 @@ namespace {
 double overlap(NSRect a, NSRect b) {
   const double width = std::min(a.maxX(), b.maxX()) - std::max(a.minX(), b.minX());
   const double height = std::min(a.maxY(), b.maxY()) - std::max(a.minY(), b.minY());
-  return width > 0 && height > 0 ? width * height : 0;
+  return std::max(width, 0.0) * std::max(height, 0.0);
 }
 
 NSRect wholeWithin(NSRect frame, NSRect room) {

@@ -149,6 +149,7 @@ TEST_F(Windows, InsetsBelongToTheTextAndNoLineHidesUnderTheTitle) {
     ASSERT_GE(caret().y(), 28) << "line " << line << " is under the title bar";
   }
   EXPECT_EQ(caret(), QPoint(14, 36)) << "the inset scrolled with the text";
+  QCoreApplication::processEvents();
   EXPECT_TRUE(editor().verticalScrollBar()->isVisible() && !editor().horizontalScrollBar()->isVisible());
   editor().setPlainText(QStringLiteral(u"\u05E9\u05DC\u05D5\u05DD"));
   EXPECT_GT(editor().cursorRect().x(), editor().viewport()->width() / 2);

@@ -356,11 +356,8 @@ class Desktop:
 
     def activate(self, window):
         command = [self.kind.message, f"[id={window}]", "focus"] if self.tiles else ["wmctrl", "-i", "-a", hex(window)]
-
-        def asked():  # again if need be: mutter refuses a request that comes while it carries out an older one
-            self.run(*command)
-            return soon(lambda: self.is_active(window))
-        wait_until(asked, "the window is active")
+        self.run(*command)
+        self.wait_active(window)
 
     def close(self, window):
         """As its user does with the window manager."""

@@ -183,7 +183,7 @@ class SessionTest(unittest.TestCase):
         folder = self.enterContext(tempfile.TemporaryDirectory(ignore_cleanup_errors=True))
         self.enterContext(self.desktop.keeping_only_the_window_manager())
         self.note = Note(self.desktop, folder)
-        self.companion = None
+        self.companion, self.press = None, self.desktop.keys
 
     def start_beside_companion(self):
         self.companion = self.desktop.companion("companion")
@@ -193,6 +193,3 @@ class SessionTest(unittest.TestCase):
         self.note.wait_hidden()
         if self.companion:
             self.desktop.wait_active(self.companion, "the companion is active again")
-
-    def press(self, *keys):
-        self.desktop.keys(*keys)

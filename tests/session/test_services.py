@@ -71,12 +71,11 @@ class TestReturn(SessionTest):
     def test_return(self):
         """Each by itself brings the note forward."""
         for tell in self.sources:
-            with self.subTest(tell.__name__):
-                wait_until(lambda: tell(True) or tell(False) or soon(self.note.is_shown, 2), "it is heard and shown")
-                self.note.wait_active()
-                self.note.signal(signal.SIGTERM)
-                self.note.start()
-                self.note.hide()
+            wait_until(lambda: tell(True) or tell(False) or soon(self.note.is_shown, 2), f"shown at {tell.__name__}")
+            self.note.wait_active()
+            self.note.signal(signal.SIGTERM)
+            self.note.start()
+            self.note.hide()
 
     def test_no_return(self):
         """Of who was never away, nor as a stranger says."""

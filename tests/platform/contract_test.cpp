@@ -305,5 +305,11 @@ TEST_F(WindowContract, IsCentredAtFirstAndKeepsTheFrameThatTheUserGaveIt) {
   EXPECT_EQ(harness::frameOf(*makeWindow()), moved);
 }
 
+TEST_F(Contract, AFrameWithoutItsScreenComesBackWhole) {
+  harness::putSetting("NSWindow Frame Test", "9000 9000 420 320 8000 8000 1920 1080");
+  const NSRect screen = harness::screen();
+  EXPECT_EQ(harness::frameOf(*makeWindow()), (NSRect{{screen.maxX() - 420, screen.maxY() - 320}, {420, 320}}));
+}
+
 }  // namespace
 }  // namespace platform

@@ -61,8 +61,9 @@ class TestReturn(SessionTest):
         for state in ("on", "activate") if away else ("reset",):
             self.desktop.run("xset", "s", state)
 
-    def resume(self):
-        self.mock("system", LOGIN, LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b", "[<false>]")
+    def sleep(self, away):
+        self.mock("system", LOGIN, LOGIN_PATH, "EmitSignal", f"{LOGIN}.Manager", "PrepareForSleep", "b",
+                  f"[<{str(away).lower()}>]")
 
     def assert_stays_hidden(self):
         time.sleep(1.2)  # twice the time after which a return shows the note
@@ -70,7 +71,7 @@ class TestReturn(SessionTest):
 
     def test_return(self):
         """Each by itself brings the note forward."""
-        for tell in self.sources:
+        for tell in *self.sources, self.sleep:
             wait_until(lambda: tell(True) or tell(False) or soon(self.note.is_shown, 2), f"shown at {tell.__name__}")
             self.note.wait_active()
             self.note.signal(signal.SIGTERM)
@@ -85,6 +86,9 @@ class TestReturn(SessionTest):
             self.desktop.run("gdbus", "emit", "--session", "--object-path", SAVER_PATH, "--signal",
                              f"{SAVER}.ActiveChanged", active)
         self.assert_stays_hidden()
+        self.save_screen(True)
+        self.save_screen(False)
+        self.note.wait_active()  # it has heard all the time
 
     def test_locker(self):
         """That has the keyboard: the note waits behind it."""
@@ -96,7 +100,7 @@ class TestReturn(SessionTest):
             time.sleep(1)  # ample for a hot key that is free
             return self.note.settings.read_text() == before
         wait_until(is_locked, "the locker has the keyboard")
-        self.resume()
+        self.sleep(False)
         self.assert_stays_hidden()
         self.desktop.end(locker)
         self.note.wait_active()

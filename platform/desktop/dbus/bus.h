@@ -56,8 +56,8 @@ void onReply(const QDBusPendingCall& call, QObject& context, std::function<void(
 void followOwner(const QDBusConnection& bus, const QString& name, QObject& context,
                  const std::function<void(const QString& owner)>& then);
 
-/// Connects to a signal from each owner of a bus name. QDBusConnection::connect with such a name waits until the bus
-/// has told the owner; this does not wait. Until `receiver` is destroyed; `slot` is kept.
+/// Connects to a signal from the owner of a bus name, whoever that is at the time. QDBusConnection::connect with such a
+/// name waits until the bus has told the owner; this does not wait. Until `receiver` is destroyed; `slot` is kept.
 void connectToOwner(QDBusConnection bus, const QString& name, const QString& path, const QString& interface,
                     const QString& signal, const QStringList& arguments, const QString& signature, QObject& receiver,
                     const char* slot);

@@ -40,7 +40,7 @@ void MainWindow::setContent(QWidget& content) {
 
 void MainWindow::setVisible(bool visible) {
   if (!visible && isVisible()) {
-    windows_.prepareToHide(*this);
+    windows_.system().prepareToHide(*this, true);
     if (onHide) onHide();
   }
   QWidget::setVisible(visible);

@@ -18,8 +18,8 @@ namespace platform::desktop {
 class MainWindow;
 
 /// Shows, hides and activates the program's windows: main windows (the program makes one, for its note) and their
-/// companions (popovers, the update window), which belong to the first main window. When one that has the keyboard is
-/// hidden, the program that was active before gets it back.
+/// companions (popovers, the update window), which belong to the first main window. When all are hidden, the program
+/// that was active before gets the keyboard back.
 class ProgramWindows : public Singleton<ProgramWindows> {
  public:
   /// Both outlive this.
@@ -53,11 +53,9 @@ class ProgramWindows : public Singleton<ProgramWindows> {
 
   /// Shows the companions that `hide` has hidden, and activates each main window that is shown.
   void activate();
-  /// Hides all windows.
+  /// Hides all windows, and gives the keyboard back to the program that had it before.
   void hide();
   bool areShown() const;
-  /// To be called before any window is hidden.
-  void prepareToHide(QWidget& window) { system_.prepareToHide(window); }
 
   /// While suspended, main windows are not kept above others: a dialog of the desktop would open below them.
   void suspendKeepAbove(bool suspended);

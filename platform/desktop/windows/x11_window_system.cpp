@@ -88,12 +88,16 @@ void X11WindowSystem::activate(QWidget& window) {
   if (active_ != id) expect({id, true});
 }
 
-void X11WindowSystem::prepareToHide(QWidget& window) {
-  requestedPositions_.erase(idOf(window));
+void X11WindowSystem::prepareToHide(QWidget& window, bool givesBack) {
+  const xcb_window_t id = idOf(window);
+  requestedPositions_.erase(id);
   if (!isActive(window)) return;
-  // Before the window is unmapped: a user who went to another program after that would be sent back.
-  if (previous_ != XCB_NONE && canBeSeen(previous_)) ewmh_.requestActive(previous_, active_);
-  expect({idOf(window), false});
+  expect({id, false});
+  if (!givesBack || previous_ == XCB_NONE || !canBeSeen(previous_)) return;
+  // Unmapped here, since the request has to follow at once: a user who went to another program in between would be sent
+  // back. Qt's own unmapping changes nothing then, and flushes both.
+  xcb_unmap_window(connection_, id);
+  ewmh_.requestActive(previous_, active_);
 }
 
 bool X11WindowSystem::isActive(const QWidget& window) {

@@ -10,7 +10,6 @@
 #include "platform/login_item.h"
 #include "platform/menu.h"
 #include "platform/notification_center.h"
-#include "platform/process_info.h"
 #include "platform/scroll_view.h"
 #include "platform/string.h"
 #include "platform/timer.h"
@@ -132,8 +131,6 @@ TEST_F(Contract, TheLoginItemGoesOnAndOffAndTwiceIsHarmless) {
     EXPECT_FALSE(on ? service.registerAndReturnError() : service.unregisterAndReturnError());
     EXPECT_EQ(service.status(), on ? SMAppServiceStatusEnabled : SMAppServiceStatusNotRegistered);
   }
-  EXPECT_TRUE(NSProcessInfo::isOperatingSystemAtLeastVersion({13, 0, 0})) << "which the system has";
-  EXPECT_FALSE(NSProcessInfo::isOperatingSystemAtLeastVersion({100, 0, 0}));
 }
 
 // --- Actions and notifications
@@ -166,7 +163,6 @@ TEST_F(Contract, MenuItemsActOnTheirTargetsAndShowTheirState) {
   const auto item = std::make_shared<NSMenuItem>("Edit", Selector{"edited"}, "e");
   item->setTarget(target);
   EXPECT_TRUE(item->performAction());
-  EXPECT_EQ(target->told, 1);
   item->setState(NSControlStateValueOn);
   EXPECT_TRUE(item->isCheckable() && item->state() == NSControlStateValueOn);
   target.reset();

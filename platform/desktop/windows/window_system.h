@@ -24,8 +24,8 @@ class WindowSystem {
   virtual void applyState(QWidget& window, WindowState state) = 0;
   /// Raises a window that is shown and gives it the keyboard, as the user has asked for.
   virtual void activate(QWidget& window) = 0;
-  /// To be called before a window is hidden. If that is active and `givesBack`, the keyboard goes to the window of another
-  /// program that was active last, if it can still be seen.
+  /// To be called before a window is hidden. If that is active and `givesBack`, the window of another program that was
+  /// active last gets the keyboard, if it can still be seen.
   virtual void prepareToHide(QWidget& window, bool givesBack) = 0;
   /// Whether the user works in this window, or it is about to be activated. A key grab, a menu of ours or a panel that
   /// has the keyboard for a moment changes nothing.

@@ -133,7 +133,7 @@ void X11WindowSystem::updateActiveWindow() {
   active_ = active;
   if (active == XCB_NONE ? isXWayland_ : !isOurs(active)) previous_ = active;
   if (expectation_ && expectation_->active && active_ == expectation_->window) {
-    raise(active_);
+    raiseAbovePrevious(active_);
     settle();
   }
 }
@@ -172,8 +172,10 @@ void X11WindowSystem::remap(xcb_window_t window) {
   xcb_map_window(connection_, window);
 }
 
-/// mutter puts a new window just below the active one, and leaves it there when that gives it the keyboard.
-void X11WindowSystem::raise(xcb_window_t window) {
+/// mutter puts a new window just below the active one, and leaves it there when that gives it the keyboard. Elsewhere a
+/// second request to raise it could come after the user has gone to another program.
+void X11WindowSystem::raiseAbovePrevious(xcb_window_t window) {
+  if (ewmh_.isAbove(window, previous_)) return;
   constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
   xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
   xcb_flush(connection_);

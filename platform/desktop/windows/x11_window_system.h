@@ -45,7 +45,7 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   void leaveWindowGroup(xcb_window_t window);
   void forbidMinimizing(xcb_window_t window);
   void remap(xcb_window_t window);
-  void raise(xcb_window_t window);
+  void raiseAbovePrevious(xcb_window_t window);
   void moveToRequestedPosition(xcb_window_t window);
   bool canBeSeen(xcb_window_t window);
 

@@ -47,6 +47,16 @@ bool Ewmh::isPanel(xcb_window_t window) {
   return panel;
 }
 
+bool Ewmh::isAbove(xcb_window_t window, xcb_window_t other) {
+  xcb_ewmh_get_windows_reply_t stack{};
+  const auto request = xcb_ewmh_get_client_list_stacking(&ewmh_, screen_);
+  if (xcb_ewmh_get_client_list_stacking_reply(&ewmh_, request, &stack, nullptr) == 0) return false;
+  const xcb_window_t* const end = stack.windows + stack.windows_len;
+  const bool above = std::find(std::find<const xcb_window_t*>(stack.windows, end, other), end, window) != end;
+  xcb_ewmh_get_windows_reply_wipe(&stack);
+  return above;
+}
+
 bool Ewmh::isManaged(xcb_window_t window) {
   const auto request = xcb_get_property(ewmh_.connection, 0, window, managementAtom_, XCB_ATOM_ANY, 0, 1);
   const Reply<xcb_get_property_reply_t> state(xcb_get_property_reply(ewmh_.connection, request, nullptr));

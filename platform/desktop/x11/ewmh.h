@@ -29,6 +29,8 @@ class Ewmh {
   std::uint32_t currentWorkspace();
   bool isOnCurrentWorkspace(xcb_window_t window);
   bool isPanel(xcb_window_t window);
+  /// False if one of them is in no stack.
+  bool isAbove(xcb_window_t window, xcb_window_t other);
   /// Whether the window manager manages the window now (ICCCM's WM_STATE is not Withdrawn).
   bool isManaged(xcb_window_t window);
   /// Checked as EWMH says, so that properties of one that has crashed do not count.

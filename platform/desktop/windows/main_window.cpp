@@ -40,7 +40,7 @@ void MainWindow::setContent(QWidget& content) {
 
 void MainWindow::setVisible(bool visible) {
   if (!visible && isVisible()) {
-    windows_.system().prepareToHide(*this, true);
+    windows_.system().prepareToHide(*this, NextActive::Previous);
     if (onHide) onHide();
   }
   QWidget::setVisible(visible);

@@ -11,7 +11,7 @@ class PlainWindowSystem : public WindowSystem {
   void prepareToShow(QWidget& /*window*/, WindowState /*state*/) override {}
   void applyState(QWidget& /*window*/, WindowState /*state*/) override {}
   void activate(QWidget& window) override;
-  void prepareToHide(QWidget& /*window*/, bool /*givesBack*/) override {}  // the compositor does
+  void prepareToHide(QWidget& /*window*/, NextActive /*next*/) override {}  // the compositor chooses
   bool isActive(const QWidget& window) override { return window.isActiveWindow(); }
   void setActivationToken(const QString& token) override;
   bool isSettled() const override { return true; }

@@ -84,7 +84,7 @@ void ProgramWindows::hideCompanion(QWidget& window) {
   if (system_.isActive(window)) activateMainWindow();
   requests_.add([this, companion = QPointer(&window)] {
     if (companion.isNull()) return;
-    system_.prepareToHide(*companion, false);
+    system_.prepareToHide(*companion, NextActive::DesktopsChoice);
     std::erase(hidden_, companion);
     companion->hide();
   });
@@ -111,7 +111,7 @@ void ProgramWindows::hide() {
   for (QWidget* const window : visibleWindows()) {
     if (window->windowType() == Qt::Dialog) {
       hidden_.emplace_back(window);
-      system_.prepareToHide(*window, true);
+      system_.prepareToHide(*window, NextActive::Previous);
     }
     window->hide();
   }

@@ -13,6 +13,10 @@ struct WindowState {
   bool onEveryWorkspace = false;
 };
 
+/// The window that gets the keyboard of one that is hidden: the one of another program that was active last, if it can
+/// still be seen, or whichever the desktop chooses.
+enum class NextActive { Previous, DesktopsChoice };
+
 /// What Qt has no API for, on the kind of display that the program runs on.
 class WindowSystem {
  public:
@@ -24,9 +28,8 @@ class WindowSystem {
   virtual void applyState(QWidget& window, WindowState state) = 0;
   /// Raises a window that is shown and gives it the keyboard, as the user has asked for.
   virtual void activate(QWidget& window) = 0;
-  /// To be called before a window is hidden. If that is active and `givesBack`, the window of another program that was
-  /// active last gets the keyboard, if it can still be seen.
-  virtual void prepareToHide(QWidget& window, bool givesBack) = 0;
+  /// To be called before a window is hidden.
+  virtual void prepareToHide(QWidget& window, NextActive next) = 0;
   /// Whether the user works in this window, or it is about to be activated. A key grab, a menu of ours or a panel that
   /// has the keyboard for a moment changes nothing.
   virtual bool isActive(const QWidget& window) = 0;

@@ -88,12 +88,12 @@ void X11WindowSystem::activate(QWidget& window) {
   if (active_ != id) expect({id, true});
 }
 
-void X11WindowSystem::prepareToHide(QWidget& window, bool givesBack) {
+void X11WindowSystem::prepareToHide(QWidget& window, NextActive next) {
   const xcb_window_t id = idOf(window);
   requestedPositions_.erase(id);
   if (!isActive(window)) return;
   expect({id, false});
-  if (!givesBack || previous_ == XCB_NONE || !canBeSeen(previous_)) return;
+  if (next == NextActive::DesktopsChoice || previous_ == XCB_NONE || !canBeSeen(previous_)) return;
   // Unmapped here, since the request has to follow at once: a user who went to another program in between would be sent
   // back. Qt's own unmapping changes nothing then, and flushes both.
   xcb_unmap_window(connection_, id);

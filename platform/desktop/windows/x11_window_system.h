@@ -23,7 +23,7 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   void prepareToShow(QWidget& window, WindowState state) override;
   void applyState(QWidget& window, WindowState state) override;
   void activate(QWidget& window) override;
-  void prepareToHide(QWidget& window, bool givesBack) override;
+  void prepareToHide(QWidget& window, NextActive next) override;
   bool isActive(const QWidget& window) override;
   void setActivationToken(const QString& /*token*/) override {}  // on X11 the time of the request decides
   bool isSettled() const override { return !expectation_; }

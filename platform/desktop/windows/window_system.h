@@ -13,9 +13,11 @@ struct WindowState {
   bool onEveryWorkspace = false;
 };
 
-/// The window that gets the keyboard of one that is hidden: the one of another program that was active last, if it can
-/// still be seen, or whichever the desktop chooses.
-enum class NextActive { Previous, DesktopsChoice };
+/// Which window gets the keyboard when an active one is hidden.
+enum class NextActive {
+  Previous,       ///< that of another program that was active last, if it can still be seen; else as below
+  DesktopsChoice  ///< on Wayland always
+};
 
 /// What Qt has no API for, on the kind of display that the program runs on.
 class WindowSystem {
@@ -28,7 +30,7 @@ class WindowSystem {
   virtual void applyState(QWidget& window, WindowState state) = 0;
   /// Raises a window that is shown and gives it the keyboard, as the user has asked for.
   virtual void activate(QWidget& window) = 0;
-  /// To be called before a window is hidden.
+  /// To be called before a window is hidden; `next` counts if it is active.
   virtual void prepareToHide(QWidget& window, NextActive next) = 0;
   /// Whether the user works in this window, or it is about to be activated. A key grab, a menu of ours or a panel that
   /// has the keyboard for a moment changes nothing.

@@ -9,6 +9,7 @@
 #include <array>
 #include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop/x11/x11.h"
@@ -131,9 +132,11 @@ void X11WindowSystem::updateActiveWindow() {
   // A panel that was clicked may take the keyboard, but nobody works in it.
   if (active != XCB_NONE && ewmh_.isPanel(active)) return;
   active_ = active;
-  if (active == XCB_NONE ? isXWayland_ : !isOurs(active)) previous_ = active;
-  if (expectation_ && expectation_->active && active_ == expectation_->window) {
-    raiseAbovePrevious(active_);
+  if (active == XCB_NONE && !isXWayland_) return;
+  const xcb_window_t before = std::exchange(lastActive_, active);
+  if (!isOurs(active)) previous_ = active;
+  if (expectation_ && expectation_->active && expectation_->window == active) {
+    if (!ewmh_.isAbove(active, before)) raise(active);
     settle();
   }
 }
@@ -172,10 +175,8 @@ void X11WindowSystem::remap(xcb_window_t window) {
   xcb_map_window(connection_, window);
 }
 
-/// mutter puts a new window just below the active one, and leaves it there when that gives it the keyboard. Elsewhere a
-/// second request to raise it could come after the user has gone to another program.
-void X11WindowSystem::raiseAbovePrevious(xcb_window_t window) {
-  if (ewmh_.isAbove(window, previous_)) return;
+/// mutter puts a new window just below the active one, and leaves it there when it gives the new one the keyboard.
+void X11WindowSystem::raise(xcb_window_t window) {
   constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
   xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
   xcb_flush(connection_);

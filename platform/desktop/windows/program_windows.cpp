@@ -82,11 +82,10 @@ bool ProgramWindows::activateAnyCompanion() {
 void ProgramWindows::hideCompanion(QWidget& window) {
   // The keyboard first: xfwm4 would pass that of a window that it unmanages on to another program, at any moment.
   if (system_.isActive(window)) activateMainWindow();
-  requests_.add([this, companion = QPointer(&window)] {
-    if (companion.isNull()) return;
-    system_.prepareToHide(*companion, NextActive::DesktopsChoice);
-    std::erase(hidden_, companion);
-    companion->hide();
+  whenSettled(window, [this, &window] {
+    system_.prepareToHide(window, NextActive::DesktopsChoice);
+    std::erase(hidden_, &window);
+    window.hide();
   });
 }
 
@@ -115,6 +114,12 @@ void ProgramWindows::hide() {
     }
     window->hide();
   }
+}
+
+void ProgramWindows::whenSettled(QWidget& window, std::function<void()> then) {
+  requests_.add([window = QPointer(&window), then = std::move(then)] {
+    if (!window.isNull()) then();
+  });
 }
 
 bool ProgramWindows::areShown() const { return !visibleWindows().isEmpty(); }

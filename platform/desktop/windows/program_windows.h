@@ -5,6 +5,7 @@
 #include <QList>
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -56,6 +57,8 @@ class ProgramWindows : public Singleton<ProgramWindows> {
   /// Hides all windows, and gives the keyboard back to the program that had it before.
   void hide();
   bool areShown() const;
+  /// Calls `then` through the queue of requests, unless the window is gone by then.
+  void whenSettled(QWidget& window, std::function<void()> then);
 
   /// While suspended, main windows are not kept above others: a dialog of the desktop would open below them.
   void suspendKeepAbove(bool suspended);

@@ -9,7 +9,7 @@
 namespace platform::desktop {
 
 RequestQueue::RequestQueue(WindowSystem& windowSystem) : windowSystem_(windowSystem) {
-  windowSystem_.onSettled = [this] { passOn(); };
+  windowSystem_.onSettled = [this] { passOnLater(); };
 }
 
 void RequestQueue::add(std::function<void()> request) {
@@ -23,7 +23,10 @@ void RequestQueue::passOn() {
   requests_.pop_front();
   busy_ = true;
   request();
-  // After the work that the request itself has posted.
+  passOnLater();
+}
+
+void RequestQueue::passOnLater() {
   DispatchQueue::main().async([queue = QPointer(this)] {
     if (queue.isNull()) return;
     queue->busy_ = false;

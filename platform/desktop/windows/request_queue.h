@@ -20,6 +20,8 @@ class RequestQueue : public QObject {
 
  private:
   void passOn();
+  /// After the work that a request, or the window system, has posted to the event loop.
+  void passOnLater();
 
   WindowSystem& windowSystem_;
   std::deque<std::function<void()>> requests_;

@@ -35,7 +35,8 @@ struct NSWindow::Impl {
   std::string autosaveKey;
   NSRect place;  ///< where the frame was last put
   QTimer saveFrameLater;
-  desktop::ScreenChanges screenChanges{[this] { stayOnScreens(); }};
+  // When all is settled: a window that is being shown is put where it was.
+  desktop::ScreenChanges screenChanges{[this] { windows.whenSettled(widget, [this] { stayOnScreens(); }); }};
 
   Impl(NSWindow& owner, NSRect contentRect) : content(std::make_shared<NSView>(NSRect{})), widget(windows, owner) {
     widget.setContent(*content->native().widget);

@@ -186,9 +186,10 @@ void X11WindowSystem::raise(xcb_window_t window) {
 void X11WindowSystem::moveToRequestedPosition(xcb_window_t id) {
   const auto requested = requestedPositions_.find(id);
   QWidget* const window = requested == requestedPositions_.end() ? nullptr : QWidget::find(id);
+  if (window == nullptr) return;
   // Later: Qt handles this event after us.
-  if (window != nullptr)
-    QTimer::singleShot(0, window, [window, position = requested->second] { window->move(position); });
+  const auto move = [window, position = requested->second] { window->move(position); };
+  QMetaObject::invokeMethod(window, move, Qt::QueuedConnection);
 }
 
 bool X11WindowSystem::canBeSeen(xcb_window_t window) {

@@ -116,9 +116,9 @@ void ProgramWindows::hide() {
   }
 }
 
-void ProgramWindows::whenSettled(QWidget& window, std::function<void()> then) {
-  requests_.add([window = QPointer(&window), then = std::move(then)] {
-    if (!window.isNull()) then();
+void ProgramWindows::whenSettled(QWidget& window, std::function<void()> step) {
+  requests_.add([window = QPointer(&window), step = std::move(step)] {
+    if (!window.isNull()) step();
   });
 }
 

@@ -57,8 +57,8 @@ class ProgramWindows : public Singleton<ProgramWindows> {
   /// Hides all windows, and gives the keyboard back to the program that had it before.
   void hide();
   bool areShown() const;
-  /// Calls `then` through the queue of requests, unless the window is gone by then.
-  void whenSettled(QWidget& window, std::function<void()> then);
+  /// Takes the step through the queue of requests, at once or later; not at all if the window is gone.
+  void whenSettled(QWidget& window, std::function<void()> step);
 
   /// While suspended, main windows are not kept above others: a dialog of the desktop would open below them.
   void suspendKeepAbove(bool suspended);

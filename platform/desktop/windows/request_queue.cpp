@@ -9,7 +9,8 @@
 namespace platform::desktop {
 
 RequestQueue::RequestQueue(WindowSystem& windowSystem) : windowSystem_(windowSystem) {
-  windowSystem_.onSettled = [this] { passOnLater(); };
+  // Later: after what the window system has posted to the event loop.
+  windowSystem_.onSettled = [this] { later([this] { passOn(); }); };
 }
 
 void RequestQueue::add(std::function<void()> request) {
@@ -23,14 +24,16 @@ void RequestQueue::passOn() {
   requests_.pop_front();
   busy_ = true;
   request();
-  passOnLater();
+  // After the work that the request itself has posted.
+  later([this] {
+    busy_ = false;
+    passOn();
+  });
 }
 
-void RequestQueue::passOnLater() {
-  DispatchQueue::main().async([queue = QPointer(this)] {
-    if (queue.isNull()) return;
-    queue->busy_ = false;
-    queue->passOn();
+void RequestQueue::later(std::function<void()> step) {
+  DispatchQueue::main().async([queue = QPointer(this), step = std::move(step)] {
+    if (!queue.isNull()) step();
   });
 }
 

@@ -9,9 +9,9 @@
 
 namespace platform::desktop {
 
-/// Requests from outside the program's windows: hot keys, the tray, D-Bus. Each is run when the window manager has
-/// carried out what the one before has asked of it, or after a second (see `WindowSystem::isSettled`). So each request
-/// sees the windows as the one before has left them.
+/// Requests from outside the program's windows: hot keys, the tray, D-Bus, changes of screens. Each is run when the
+/// window manager has carried out what the one before has asked of it, or after a second (see
+/// `WindowSystem::isSettled`). So each request sees the windows as the one before has left them.
 class RequestQueue : public QObject {
  public:
   explicit RequestQueue(WindowSystem& windowSystem);
@@ -20,8 +20,8 @@ class RequestQueue : public QObject {
 
  private:
   void passOn();
-  /// After the work that a request, or the window system, has posted to the event loop.
-  void passOnLater();
+  /// From the event loop, after what waits there now.
+  void later(std::function<void()> step);
 
   WindowSystem& windowSystem_;
   std::deque<std::function<void()>> requests_;

@@ -35,7 +35,7 @@ struct NSWindow::Impl {
   std::string autosaveKey;
   NSRect place;  ///< where the frame was last put
   QTimer saveFrameLater;
-  // When all is settled: a window that is being shown is put where it was.
+  // Not while it is being shown: the window system would put it back.
   desktop::ScreenChanges screenChanges{[this] { windows.whenSettled(widget, [this] { stayOnScreens(); }); }};
 
   Impl(NSWindow& owner, NSRect contentRect) : content(std::make_shared<NSView>(NSRect{})), widget(windows, owner) {

@@ -175,7 +175,8 @@ void X11WindowSystem::remap(xcb_window_t window) {
   xcb_map_window(connection_, window);
 }
 
-/// mutter puts a new window just below the active one, and leaves it there when it gives the new one the keyboard.
+/// For mutter, which puts a new window just below the active one, and leaves it there when it gives the new one the
+/// keyboard. Elsewhere this could come after the user has gone to another window, and cover that.
 void X11WindowSystem::raise(xcb_window_t window) {
   constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
   xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);

@@ -52,7 +52,7 @@ bool Ewmh::isAbove(xcb_window_t window, xcb_window_t other) {
   const auto request = xcb_ewmh_get_client_list_stacking(&ewmh_, screen_);
   if (xcb_ewmh_get_client_list_stacking_reply(&ewmh_, request, &stack, nullptr) == 0) return false;
   const xcb_window_t* const end = stack.windows + stack.windows_len;
-  const xcb_window_t* const found = std::find<const xcb_window_t*>(stack.windows, end, other);
+  const auto* const found = std::find<const xcb_window_t*>(stack.windows, end, other);
   const bool above = found != end && std::find(found + 1, end, window) != end;
   xcb_ewmh_get_windows_reply_wipe(&stack);
   return above;

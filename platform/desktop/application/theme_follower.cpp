@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QEvent>
 #include <QStyle>
@@ -81,7 +80,7 @@ ThemeFollower::ThemeFollower() : styleNamesTheColors_(QApplication::palette() ==
 void ThemeFollower::followDesktop(FirstFrame& firstFrame, Bus& sessionBus) {
   if (NSUserDefaults::standardUserDefaults().boolForKey(remembered)) scheme_ = Scheme::Dark;
   if (scheme_ == Scheme::Dark) applyScheme();
-  firstFrame.then(*this, [this, &sessionBus] { sessionBus.whenItAnswers(*this, [this] { askDesktop(); }); });
+  firstFrame.then(*this, [this, &sessionBus] { sessionBus.whenItAnswers(*this, [this] { listenToDesktop(); }); });
 }
 
 bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
@@ -89,21 +88,30 @@ bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-void ThemeFollower::askDesktop() {
+void ThemeFollower::listenToDesktop() {
   const Source source = isSessionOf(xfce) ? xfceSettings() : portal();
   const QDBusConnection bus = QDBusConnection::sessionBus();
   connectToOwner(bus, source.service, source.path, source.interface, source.changed, {source.group, source.key},
                  QStringLiteral("ssv"), *this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
   QDBusMessage question = QDBusMessage::createMethodCall(source.service, source.path, source.interface, source.read);
   question << source.group << source.key;
-  onReply(bus.asyncCall(question), *this, [this](const QDBusPendingReply<QDBusVariant>& answer) {
-    // A desktop that has no such setting has no preference; one that times out may have one.
-    if (!answer.isError()) {
-      setScheme(schemeIn(answer.value().variant()));
-    } else if (answer.error().type() != QDBusError::NoReply) {
-      setScheme(Scheme::NoPreference);
-    }
+  ask(question);  // which starts the service
+  // And again once its signals are heard: they may have begun after that answer.
+  followOwner(bus, source.service, *this, [this, question](const QString& owner) {
+    if (!owner.isEmpty()) ask(question);
   });
+}
+
+void ThemeFollower::ask(const QDBusMessage& question) {
+  onReply(QDBusConnection::sessionBus().asyncCall(question), *this,
+          [this](const QDBusPendingReply<QDBusVariant>& answer) {
+            // A desktop that has no such setting has no preference; one that times out may have one.
+            if (!answer.isError()) {
+              setScheme(schemeIn(answer.value().variant()));
+            } else if (answer.error().type() != QDBusError::NoReply) {
+              setScheme(Scheme::NoPreference);
+            }
+          });
 }
 
 void ThemeFollower::onSettingChanged(const QString& /*group*/, const QString& /*key*/, const QDBusVariant& value) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QObject>
 
@@ -33,7 +34,8 @@ class ThemeFollower : public QObject {
 
   static Scheme schemeIn(const QVariant& value);
 
-  void askDesktop();
+  void listenToDesktop();
+  void ask(const QDBusMessage& question);
   void setScheme(Scheme scheme);
   void applyScheme();
 

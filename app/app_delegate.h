@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "note/note_text_view.h"
@@ -97,7 +96,7 @@ class AppDelegate final : public platform::NSObject,
   std::shared_ptr<platform::NSStatusItem> statusItem;
   std::shared_ptr<platform::NSMenuItem> pinMenuItem;
   std::shared_ptr<platform::NSTimer> saveTimer;
-  std::vector<std::optional<platform::EventHotKeyRef>> hotKeyRefs;
+  std::vector<platform::EventHotKeyRef> hotKeyRefs;  ///< in the order of registration; null for one that was refused
   std::shared_ptr<platform::SPUStandardUpdaterController> updaterController;
   std::shared_ptr<platform::NSMenuItem> wakeMenuItem;
   std::shared_ptr<platform::NSMenuItem> loginMenuItem;

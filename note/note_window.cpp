@@ -22,7 +22,7 @@ constexpr auto frameName = "QuillberryWindow";
 std::shared_ptr<NSWindow> makeWindow(const std::weak_ptr<NSWindowDelegate>& delegate) {
   constexpr unsigned style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskResizable |
                              NSWindowStyleMaskFullSizeContentView;
-  auto window = std::make_shared<NSWindow>(NSRect{{0, 0}, noteSize}, style, NSBackingStoreBuffered, false);
+  auto window = std::make_shared<NSWindow>(NSRect{{}, noteSize}, style, NSBackingStoreBuffered, false);
   window->setTitlebarAppearsTransparent(true);
   window->setReleasedWhenClosed(false);
   window->setMinSize(smallestNoteSize);
@@ -42,7 +42,7 @@ std::shared_ptr<NSScrollView> makeScrollView(NSRect frame) {
 }
 
 std::shared_ptr<NoteTextView> makeTextView(NSSize contentSize) {
-  auto view = std::make_shared<NoteTextView>(NSRect{{0, 0}, contentSize});
+  auto view = std::make_shared<NoteTextView>(NSRect{{}, contentSize});
   view->setMinSize({0, 0});
   view->setMaxSize({greatestFiniteLength, greatestFiniteLength});
   view->setVerticallyResizable(true);

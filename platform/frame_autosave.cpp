@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <sstream>
 
 namespace platform {
 namespace {
@@ -37,14 +37,10 @@ std::string stringFromFrame(const KeptFrame& kept) {
 }
 
 std::optional<KeptFrame> frameFromString(std::string_view text) {
+  std::istringstream numbers{std::string(text)};
   std::array<int, 8> values{};
-  const char* at = text.data();
-  const char* const end = at + text.size();
   for (int& value : values) {
-    while (at != end && *at == ' ') ++at;
-    const auto [next, error] = std::from_chars(at, end, value);
-    if (error != std::errc()) return std::nullopt;
-    at = next;
+    if (!(numbers >> value)) return std::nullopt;
   }
   const auto rect = [&](std::size_t first) {
     return NSRect{{double(values[first]), double(values[first + 1])},

@@ -30,11 +30,10 @@ void AppDelegate::registerHotKeys() {
   constexpr EventTypeSpec presses{kEventClassKeyboard, kEventHotKeyPressed};
   InstallEventHandler(GetApplicationEventTarget(), &AppDelegate::hotKeyPressed, 1, &presses, nullptr, nullptr);
   for (const HotKey& hotKey : hotKeys) {
-    // A combination that another program has stays its own; the menu reaches the same actions.
+    // Stays null for a combination that another program has; the menu reaches the same actions.
     EventHotKeyRef reference = nullptr;
-    const OSStatus status = RegisterEventHotKey(hotKey.keyCode, modifiers, {signature, hotKey.id},
-                                                GetApplicationEventTarget(), 0, &reference);
-    hotKeyRefs.push_back(status == noErr ? std::optional(reference) : std::nullopt);
+    RegisterEventHotKey(hotKey.keyCode, modifiers, {signature, hotKey.id}, GetApplicationEventTarget(), 0, &reference);
+    hotKeyRefs.push_back(reference);
   }
 }
 

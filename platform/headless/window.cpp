@@ -14,7 +14,7 @@ struct NSWindow::Impl : headless::WindowParts {};
 NSWindow::NSWindow(NSRect contentRect, unsigned styleMask, NSBackingStoreType /*backing*/, bool /*defer*/)
     : impl_(std::make_unique<Impl>()) {
   world().record("window made");
-  impl_->content = std::make_shared<NSView>(NSRect{{0, 0}, contentRect.size});
+  impl_->content = std::make_shared<NSView>(NSRect{{}, contentRect.size});
   impl_->state.frame = contentRect;
   impl_->state.styleMask = styleMask;
   world().window = this;

@@ -24,9 +24,10 @@ class OpenEditor : public platform::desktop::NoteEditor {
     QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
     QCoreApplication::sendEvent(this, &event);
   }
-  void compose(const QString& preedit, const QString& commit = {}) {
+  /// Deletes `deleted` UTF-16 units before the caret first.
+  void compose(const QString& preedit, const QString& commit = {}, int deleted = 0) {
     QInputMethodEvent event(preedit, {});
-    event.setCommitString(commit);
+    event.setCommitString(commit, -deleted, deleted);
     QCoreApplication::sendEvent(this, &event);
   }
 };

@@ -85,6 +85,10 @@ TEST_F(Text, ACompositionThatWasEndedIsNotCommittedAgain) {
   editor.type(Qt::Key_Left);
   editor.compose({}, "abc");
   EXPECT_EQ(editor.text(), "ababcc");
+  edits = 0;
+  editor.compose({}, {}, 1);
+  EXPECT_EQ(editor.text(), "ababc") << "deleted, nothing committed";
+  EXPECT_EQ(edits, 1);
 }
 
 TEST_F(Text, ANoteThatIsLeftAloneShowsItsCaretAndWakesNothingUp) {

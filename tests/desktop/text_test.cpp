@@ -85,10 +85,13 @@ TEST_F(Text, ACompositionThatWasEndedIsNotCommittedAgain) {
   editor.type(Qt::Key_Left);
   editor.compose({}, "abc");
   EXPECT_EQ(editor.text(), "ababcc");
-  edits = 0;
+}
+
+TEST_F(Text, AnInputMethodMayDeleteAndCommitNothing) {
+  editor.type(Qt::Key_A, "a");
   editor.compose({}, {}, 1);
-  EXPECT_EQ(editor.text(), "ababc") << "deleted, nothing committed";
-  EXPECT_EQ(edits, 1);
+  EXPECT_EQ(editor.text(), "");
+  EXPECT_EQ(edits, 2);
 }
 
 TEST_F(Text, ANoteThatIsLeftAloneShowsItsCaretAndWakesNothingUp) {

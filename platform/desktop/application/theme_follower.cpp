@@ -91,27 +91,21 @@ bool ThemeFollower::eventFilter(QObject* watched, QEvent* event) {
 void ThemeFollower::listenToDesktop() {
   const Source source = isSessionOf(xfce) ? xfceSettings() : portal();
   const QDBusConnection bus = QDBusConnection::sessionBus();
-  connectToOwner(bus, source.service, source.path, source.interface, source.changed, {source.group, source.key},
-                 QStringLiteral("ssv"), *this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
   QDBusMessage question = QDBusMessage::createMethodCall(source.service, source.path, source.interface, source.read);
   question << source.group << source.key;
-  ask(question);  // which starts the service
-  // And again once its signals are heard: they may have begun after that answer.
-  followOwner(bus, source.service, *this, [this, question](const QString& owner) {
-    if (!owner.isEmpty()) ask(question);
+  using Answer = QDBusPendingReply<QDBusVariant>;
+  const auto take = [this](const Answer& answer) {
+    if (!answer.isError()) setScheme(schemeIn(answer.value().variant()));
+  };
+  // This starts the service. A desktop that has no such setting has no preference; one that times out may have one.
+  onReply(bus.asyncCall(question), *this, [this, take](const Answer& answer) {
+    if (answer.isError() && answer.error().type() != QDBusError::NoReply) setScheme(Scheme::NoPreference);
+    take(answer);
   });
-}
-
-void ThemeFollower::ask(const QDBusMessage& question) {
-  onReply(QDBusConnection::sessionBus().asyncCall(question), *this,
-          [this](const QDBusPendingReply<QDBusVariant>& answer) {
-            // A desktop that has no such setting has no preference; one that times out may have one.
-            if (!answer.isError()) {
-              setScheme(schemeIn(answer.value().variant()));
-            } else if (answer.error().type() != QDBusError::NoReply) {
-              setScheme(Scheme::NoPreference);
-            }
-          });
+  // And again once its signals are heard: they may have begun after that answer.
+  connectToOwner(bus, source.service, source.path, source.interface, source.changed, {source.group, source.key},
+                 QStringLiteral("ssv"), *this, SLOT(onSettingChanged(QString, QString, QDBusVariant)),
+                 [this, bus, question, take] { onReply(bus.asyncCall(question), *this, take); });
 }
 
 void ThemeFollower::onSettingChanged(const QString& /*group*/, const QString& /*key*/, const QDBusVariant& value) {

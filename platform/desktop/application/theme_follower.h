@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QObject>
 
@@ -35,7 +34,6 @@ class ThemeFollower : public QObject {
   static Scheme schemeIn(const QVariant& value);
 
   void listenToDesktop();
-  void ask(const QDBusMessage& question);
   void setScheme(Scheme scheme);
   void applyScheme();
 

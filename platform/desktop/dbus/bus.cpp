@@ -124,13 +124,15 @@ void followOwner(const QDBusConnection& bus, const QString& name, QObject& conte
 
 void connectToOwner(QDBusConnection bus, const QString& name, const QString& path, const QString& interface,
                     const QString& signal, const QStringList& arguments, const QString& signature, QObject& receiver,
-                    const char* slot) {
+                    const char* slot, const std::function<void()>& connected) {
   const auto heard = std::make_shared<QString>();
   followOwner(bus, name, receiver, [=, &receiver](const QString& owner) mutable {
     if (owner == *heard) return;
     if (!heard->isEmpty()) bus.disconnect(*heard, path, interface, signal, arguments, signature, &receiver, slot);
-    if (!owner.isEmpty()) bus.connect(owner, path, interface, signal, arguments, signature, &receiver, slot);
     *heard = owner;
+    if (owner.isEmpty()) return;
+    bus.connect(owner, path, interface, signal, arguments, signature, &receiver, slot);
+    if (connected) connected();
   });
 }
 

@@ -58,8 +58,9 @@ void followOwner(const QDBusConnection& bus, const QString& name, QObject& conte
 
 /// Connects to a signal from the owner of a bus name, whoever that is at the time. QDBusConnection::connect with such a
 /// name waits until the bus has told the owner; this does not wait. Until `receiver` is destroyed; `slot` is kept.
+/// `connected` is called for each owner: what it asks is answered by one whose next changes are heard.
 void connectToOwner(QDBusConnection bus, const QString& name, const QString& path, const QString& interface,
                     const QString& signal, const QStringList& arguments, const QString& signature, QObject& receiver,
-                    const char* slot);
+                    const char* slot, const std::function<void()>& connected = {});
 
 }  // namespace platform::desktop

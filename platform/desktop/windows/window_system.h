@@ -15,8 +15,8 @@ struct WindowState {
 
 /// Which window gets the keyboard when an active one is hidden.
 enum class NextActive {
-  Previous,       ///< that of another program that was active last, if it can still be seen; else as below
-  DesktopsChoice  ///< on Wayland always
+  Previous,  ///< that of another program that was active last, if it can still be seen; else the desktop's choice
+  DesktopsChoice
 };
 
 /// What Qt has no API for, on the kind of display that the program runs on.

@@ -175,8 +175,9 @@ void X11WindowSystem::remap(xcb_window_t window) {
   xcb_map_window(connection_, window);
 }
 
-/// For mutter, which puts a new window just below the active one, and leaves it there when it gives the new one the
-/// keyboard. Elsewhere this could come after the user has gone to another window, and cover that.
+/// Only for a window that lies below the one before it: this may come when the user has already gone to another window,
+/// and cover that. mutter puts a new window just below the active one, and leaves it there when it gives it the
+/// keyboard.
 void X11WindowSystem::raise(xcb_window_t window) {
   constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
   xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);

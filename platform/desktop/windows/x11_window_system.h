@@ -59,7 +59,7 @@ class X11WindowSystem : public WindowSystem, private x11::EventFilter {
   bool managed_ = false;                ///< an EWMH window manager runs
   bool focusesNewWindowsOnly_ = false;  ///< it only marks other windows as urgent when they ask for the keyboard
   xcb_window_t active_ = XCB_NONE;      ///< by _NET_ACTIVE_WINDOW, panels left out
-  xcb_window_t lastActive_ = XCB_NONE;  ///< the same; none only at first, or for a Wayland one
+  xcb_window_t lastActive_ = XCB_NONE;  ///< as `active_`, kept while none is active; on XWayland none is a Wayland one
   xcb_window_t previous_ = XCB_NONE;    ///< the last active window of another program; none if it is a Wayland one
   const bool isXWayland_;
   std::map<xcb_window_t, QPoint> requestedPositions_;  ///< of windows that are being shown

@@ -29,7 +29,7 @@ class Ewmh {
   std::uint32_t currentWorkspace();
   bool isOnCurrentWorkspace(xcb_window_t window);
   bool isPanel(xcb_window_t window);
-  /// By _NET_CLIENT_LIST_STACKING; false if that lacks one of them, as it lacks XCB_NONE, or if both are the same.
+  /// By _NET_CLIENT_LIST_STACKING; false if that lacks one of them, or both are the same.
   bool isAbove(xcb_window_t window, xcb_window_t other);
   /// Whether the window manager manages the window now (ICCCM's WM_STATE is not Withdrawn).
   bool isManaged(xcb_window_t window);

@@ -92,7 +92,8 @@ class Portal(dbus.service.Object):
 
     def press(self, shortcut, session=None):
         options = {"activation_token": "token"}
-        self._send(PATH, SHORTCUTS, "Activated", "osta{sv}", session or self.session, shortcut, 0, options)
+        for signal in "Activated", "Deactivated":
+            self._send(PATH, SHORTCUTS, signal, "osta{sv}", session or self.session, shortcut, 0, options)
 
     def rename(self, keys):
         for kind, shortcuts in ("as", ["x"]), ("a{sv}", {"x": "y"}), ("a(sa{sv})", self.named(keys)):

@@ -65,9 +65,11 @@ void ApplicationService::ActivateAction(const QString& name, const QVariantList&
   if (!command) return sendErrorReply(QDBusError::InvalidArgs, refusal);
   if (isAwaited && actions_.isFirst(*command)) return;
   const QString token = platformData.value(activationTokenKey()).toString();
-  leaveGnomeOverview(*this, [this, command, token] {
-    windowSystem_.setActivationToken(token);
-    requests_.add([command] { command->performAction(); });
+  keys_[name].called([this, command, token] {
+    leaveGnomeOverview(*this, [this, command, token] {
+      windowSystem_.setActivationToken(token);
+      requests_.add([command] { command->performAction(); });
+    });
   });
 }
 

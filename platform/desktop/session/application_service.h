@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QVariantMap>
 #include <functional>
+#include <map>
+
+#include "platform/desktop/session/held_key.h"
 
 namespace platform::desktop {
 
@@ -43,7 +46,8 @@ class ApplicationService : public QObject, protected QDBusContext {
   RequestQueue& requests_;
   const ExportedActions& actions_;
   std::function<void()> activate_;
-  bool startedForRequest_;  ///< and that request has not arrived yet
+  std::map<QString, HeldKey> keys_;  ///< of GNOME's own custom shortcuts, by the action that they call
+  bool startedForRequest_;           ///< and that request has not arrived yet
 };
 
 }  // namespace platform::desktop

@@ -63,6 +63,8 @@ void PortalSession::listenToPortal() {
                       this, SLOT(onClosed(QDBusMessage)));
   portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Activated"), this,
                       SLOT(onActivated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+  portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("Deactivated"), this,
+                      SLOT(onDeactivated(QDBusObjectPath, QString)));
   portal_.bus.connect(portal_.owner, {}, globalShortcuts, QStringLiteral("ShortcutsChanged"), this,
                       SLOT(onShortcutsChanged(QDBusMessage)));
 }
@@ -146,7 +148,12 @@ void PortalSession::tellKeys(const QVariantMap& results) const {
 void PortalSession::onActivated(const QDBusObjectPath& session, const QString& id, qulonglong /*timestamp*/,
                                 const QVariantMap& options) {
   if (!isOurs(session)) return;
-  activated_(id, options.value(QStringLiteral("activation_token")).toString());
+  const QString token = options.value(QStringLiteral("activation_token")).toString();
+  keys_[id].called([this, id, token] { activated_(id, token); });
+}
+
+void PortalSession::onDeactivated(const QDBusObjectPath& session, const QString& id) {
+  if (isOurs(session)) keys_[id].released();
 }
 
 void PortalSession::onClosed(const QDBusMessage& message) {

@@ -10,8 +10,10 @@
 #include <QVariantMap>
 #include <chrono>
 #include <functional>
+#include <map>
 #include <optional>
 
+#include "platform/desktop/session/held_key.h"
 #include "platform/desktop/shortcuts/portal_request.h"
 
 namespace platform::desktop {
@@ -29,7 +31,7 @@ class PortalSession : public QObject {
   Q_OBJECT
 
  public:
-  /// Called with a shortcut's id and an activation token, which is empty if the portal sent none.
+  /// Called for each press with a shortcut's id and an activation token, which is empty if the portal sent none.
   using Activated = std::function<void(const QString& id, const QString& activationToken)>;
   /// Called with a shortcut's id and the desktop's name for the keys that the user has chosen, empty if it sends none.
   using KeysChanged = std::function<void(const QString& id, const QString& keys)>;
@@ -46,6 +48,7 @@ class PortalSession : public QObject {
   Q_SLOT void onShortcutsChanged(const QDBusMessage& message);
   Q_SLOT void onActivated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
                           const QVariantMap& options);
+  Q_SLOT void onDeactivated(const QDBusObjectPath& session, const QString& id);
   Q_SLOT void onClosed(const QDBusMessage& message);
 
   void listenToPortal();
@@ -64,7 +67,8 @@ class PortalSession : public QObject {
   Activated activated_;
   KeysChanged keysChanged_;
   Asking asking_;
-  QString session_;  ///< empty before it is created and after it is closed
+  std::map<QString, HeldKey> keys_;  ///< by the shortcut's id
+  QString session_;                  ///< empty before it is created and after it is closed
   QTimer retry_;
   std::chrono::milliseconds backoff_;
   QElapsedTimer lifetime_;  ///< of the session

@@ -194,10 +194,12 @@ void X11WindowSystem::moveToRequestedPosition(xcb_window_t id) {
   QMetaObject::invokeMethod(window, move, Qt::QueuedConnection);
 }
 
+/// Not every mapped window: mutter leaves minimised ones mapped, KWin on Wayland those of other workspaces.
 bool X11WindowSystem::canBeSeen(xcb_window_t window) {
   const x11::Reply<xcb_get_window_attributes_reply_t> attributes(
       xcb_get_window_attributes_reply(connection_, xcb_get_window_attributes(connection_, window), nullptr));
-  return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE && ewmh_.isOnCurrentWorkspace(window);
+  return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
+         ewmh_.managementState(window) == XCB_ICCCM_WM_STATE_NORMAL && ewmh_.isOnCurrentWorkspace(window);
 }
 
 }  // namespace platform::desktop

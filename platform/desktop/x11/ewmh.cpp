@@ -58,12 +58,15 @@ bool Ewmh::isAbove(xcb_window_t window, xcb_window_t other) {
   return above;
 }
 
-bool Ewmh::isManaged(xcb_window_t window) {
+std::uint32_t Ewmh::managementState(xcb_window_t window) {
   const auto request = xcb_get_property(ewmh_.connection, 0, window, managementAtom_, XCB_ATOM_ANY, 0, 1);
   const Reply<xcb_get_property_reply_t> state(xcb_get_property_reply(ewmh_.connection, request, nullptr));
   const bool stated = state && xcb_get_property_value_length(state.get()) >= int(sizeof(std::uint32_t));
-  return stated && *static_cast<std::uint32_t*>(xcb_get_property_value(state.get())) != XCB_ICCCM_WM_STATE_WITHDRAWN;
+  if (!stated) return XCB_ICCCM_WM_STATE_WITHDRAWN;
+  return *static_cast<std::uint32_t*>(xcb_get_property_value(state.get()));
 }
+
+bool Ewmh::isManaged(xcb_window_t window) { return managementState(window) != XCB_ICCCM_WM_STATE_WITHDRAWN; }
 
 xcb_window_t Ewmh::supportingWindow(xcb_window_t of) {
   xcb_window_t window = XCB_NONE;

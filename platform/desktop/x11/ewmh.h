@@ -31,7 +31,9 @@ class Ewmh {
   bool isPanel(xcb_window_t window);
   /// By _NET_CLIENT_LIST_STACKING; false if that lacks one of them, or both are the same.
   bool isAbove(xcb_window_t window, xcb_window_t other);
-  /// Whether the window manager manages the window now (ICCCM's WM_STATE is not Withdrawn).
+  /// ICCCM's WM_STATE of a window; Withdrawn if it has none.
+  std::uint32_t managementState(xcb_window_t window);
+  /// Whether the window manager manages the window now.
   bool isManaged(xcb_window_t window);
   /// Checked as EWMH says, so that properties of one that has crashed do not count.
   bool hasWindowManager();

@@ -63,7 +63,7 @@ void ApplicationService::ActivateAction(const QString& name, const QVariantList&
   const auto command = actions_.named(name, parameter, refusal);
   const bool isAwaited = std::exchange(startedForRequest_, false);
   if (!command) return sendErrorReply(QDBusError::InvalidArgs, refusal);
-  if (isAwaited && actions_.isFirst(*command)) return;
+  if (isAwaited && actions_.isFirst(*command)) return keys_[name].called([] {});
   const QString token = platformData.value(activationTokenKey()).toString();
   keys_[name].called([this, command, token] {
     leaveGnomeOverview(*this, [this, command, token] {

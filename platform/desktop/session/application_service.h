@@ -34,7 +34,7 @@ class ApplicationService : public QObject, protected QDBusContext {
   Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
   /// Always an error: the program opens no files.
   Q_INVOKABLE Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
-  /// Performs the action of that name, or answers with an error that says why not.
+  /// Performs the action of that name, once while a shortcut's key is held, or answers with an error that says why not.
   Q_INVOKABLE Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& parameter,
                                                const QVariantMap& platformData);
 
@@ -46,7 +46,7 @@ class ApplicationService : public QObject, protected QDBusContext {
   RequestQueue& requests_;
   const ExportedActions& actions_;
   std::function<void()> activate_;
-  std::map<QString, HeldKey> keys_;  ///< of GNOME's own custom shortcuts, by the action that they call
+  std::map<QString, HeldKey> keys_;  ///< of shortcuts of the desktop's that call an action, by its name
   bool startedForRequest_;           ///< and that request has not arrived yet
 };
 

@@ -21,8 +21,11 @@ void HeldKey::called(std::function<void()> act) {
   longestDelay_.setRemainingTime(2s);
   certainRelease_ = QDeadlineTimer::Forever;
   if (isPress) {
-    shortestDelay_.setRemainingTime(150ms);
+    const bool isFirst = shortestDelay_.hasExpired();
     act();
+    // From now on, since what has come while it acted is handled next. A press within that time does not prolong it: a
+    // repeat that is taken for one would let all others through.
+    if (isFirst) shortestDelay_.setRemainingTime(150ms);
   } else {
     waiting_ = pause_.isActive() ? nullptr : std::move(act);
     pause_.start();

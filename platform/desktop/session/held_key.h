@@ -20,10 +20,10 @@ class HeldKey {
   void released();
 
  private:
-  QDeadlineTimer shortestDelay_;  ///< from a press to the first repeat
+  QDeadlineTimer shortestDelay_;  ///< from the first press to its first repeat
   QDeadlineTimer longestDelay_;
   QDeadlineTimer certainRelease_{QDeadlineTimer::Forever};
-  QTimer pause_;  ///< longer than the one between two repeats
+  QTimer pause_;  ///< longer than the one between two repeats, unless the machine is very busy
   std::function<void()> waiting_;
 };
 

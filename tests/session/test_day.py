@@ -119,12 +119,14 @@ class TestDay(TrayTest):
         for settled in self.wait_put_away, self.note.wait_active:
             self.desktop.click(x, y, times=self.desktop.kind.clicks)
             settled()
-        before = self.desktop.picture().bytes[::101]
+        pictures = [self.desktop.picture().bytes[::101]]
 
-        def changed():
-            return sum(one != other for one, other in zip(before, self.desktop.picture().bytes[::101])) > 100
+        def is_open():  # and no longer moves: it takes the keys then
+            pictures.append(self.desktop.picture().bytes[::101])
+            changes = sum(one != other for one, other in zip(pictures[0], pictures[-1]))
+            return changes > 100 and pictures[-1] == pictures[-2]
         self.desktop.click(x, y, 3)
-        wait_until(changed, "the menu")
+        wait_until(is_open, "the menu")
         self.press("Down", "Return")
         return self.wait_put_away()
 

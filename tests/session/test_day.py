@@ -99,7 +99,7 @@ class TestDay(TrayTest):
         self.desktop.activate(self.companion)
         self.press(PIN)
         self.note.wait_setting("pinned", False)
-        self.press(PIN)
+        self.press(*[SHOW] * (0 if self.desktop.kind.wayland else 10), PIN)  # X11's grabs tell a burst from repeats
         self.note.wait_setting("pinned", True)
         for settled in (self.note.wait_active, self.wait_put_away) * 3:
             self.press(SHOW)

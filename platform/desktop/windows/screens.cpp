@@ -25,9 +25,12 @@ QRect toQt(NSRect rect) {
 }
 
 std::vector<Screen> screens() {
+  const QList<QScreen*> screens = QGuiApplication::screens();
   std::vector<Screen> all;
-  for (const QScreen* const screen : QGuiApplication::screens())
-    all.push_back({fromQt(screen->geometry()), fromQt(screen->availableGeometry())});
+  for (const QScreen* const screen : screens) {
+    const QRect room = screens.size() == 1 ? screen->availableGeometry() : screen->geometry();
+    all.push_back({fromQt(screen->geometry()), fromQt(room)});
+  }
   return all;
 }
 

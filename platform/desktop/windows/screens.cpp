@@ -25,10 +25,10 @@ QRect toQt(NSRect rect) {
 }
 
 std::vector<Screen> screens() {
-  const QList<QScreen*> screens = QGuiApplication::screens();
+  const QList<QScreen*> connected = QGuiApplication::screens();
   std::vector<Screen> all;
-  for (const QScreen* const screen : screens) {
-    const QRect room = screens.size() == 1 ? screen->availableGeometry() : screen->geometry();
+  for (const QScreen* const screen : connected) {
+    const QRect room = connected.size() == 1 ? screen->availableGeometry() : screen->geometry();
     all.push_back({fromQt(screen->geometry()), fromQt(room)});
   }
   return all;

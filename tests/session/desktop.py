@@ -64,12 +64,15 @@ class Desktop:
         self._stack = contextlib.ExitStack()
 
     def __enter__(self):
-        with contextlib.ExitStack() as self._stack:
-            try:
-                self._start()
-            except (AssertionError, OSError) as error:
-                raise NotStarted(str(error)) from error
-            self._stack = self._stack.pop_all()
+        for is_last in False, False, True:  # at its start KWin at times aborts, and GNOME Shell hangs
+            with contextlib.ExitStack() as self._stack:
+                try:
+                    self._start()
+                    self._stack = self._stack.pop_all()
+                    break
+                except (AssertionError, OSError, subprocess.TimeoutExpired) as error:
+                    if is_last:
+                        raise NotStarted(str(error)) from error
         return self
 
     def __exit__(self, *_):
@@ -101,10 +104,8 @@ class Desktop:
             wait_until(lambda: self.has_owner("system", "org.freedesktop.login1"), "a login manager")
         for settle in kind.before:
             self.run(*settle.split(" ", 4))
-        for _ in range(5):  # KWin at times aborts at its start
-            if self._runs(command):
-                return self._start_beside()
-        raise AssertionError(f"{command[0]} ended with {self.manager.returncode} at its start")
+        self._start_manager(command)
+        self._start_beside()
 
     def _prepare(self):
         """Writes the desktop's files; the command to start it with."""
@@ -126,10 +127,9 @@ class Desktop:
             command = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", *command]
         return command
 
-    def _runs(self, command):
-        """Starts the window manager or the compositor; whether it is ready for windows."""
+    def _start_manager(self, command):
+        """Starts the window manager or the compositor, and waits until it is ready for windows."""
         told = self.home / "told"
-        told.unlink(missing_ok=True)
         self.manager = self.spawn(*command)
 
         def ready():
@@ -140,7 +140,7 @@ class Desktop:
                 self.environment |= {name: session[name] for name in ANNOUNCED if name in session}
             return (told.exists() or not self.kind.announces) and self.prop("_NET_SUPPORTING_WM_CHECK")
         wait_until(lambda: self.manager.poll() is not None or ready(), f"{command[0]} is ready")
-        return self.manager.poll() is None
+        assert self.manager.poll() is None, f"{command[0]} ended with {self.manager.returncode} at its start"
 
     def _start_beside(self):
         kind = self.kind

@@ -56,6 +56,14 @@ class Note:
             return self.desktop.window_with("_NET_WM_PID", str(self.process.pid))
         self.window = wait_until(window, "the note's window")
 
+    def launch_first(self, **settings):
+        """Starts the program as a new user does; the welcome, once it has the keys."""
+        self.put_settings(didShowWelcome=False, **settings)
+        self.launch()
+        welcome = wait_until(self.other_window, "the welcome")
+        self.desktop.wait_active(welcome)
+        return welcome
+
     def start_again(self):
         """A second start: it brings the running one forward and ends at once."""
         done = self.run_to_end()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/status_bar.h"
 
+#include <QCoreApplication>
+#include <QMoveEvent>
 #include <optional>
 
 #include "platform/desktop/session/exported_actions.h"
@@ -67,8 +69,16 @@ struct NSStatusItem::Impl {
       bar.requests.add([first = menu->items().front()] { first->performAction(); });
     };
     // Without a tray the item is in the title bar.
-    tray.emplace(bar.sessionBus, button->image(), qtMenu->menu(), performFirstItem,
-                 [this](bool inTray) { putIntoTitleBar(inTray ? nullptr : &buttonWidget()); });
+    tray.emplace(bar.sessionBus, button->image(), qtMenu->menu(), performFirstItem, [this](bool inTray) {
+      putIntoTitleBar(inTray ? nullptr : &buttonWidget());
+      tellOfNewPlace();
+    });
+  }
+
+  /// Tells who follows the button. Qt sends no event when it comes into the tray and was nowhere before.
+  void tellOfNewPlace() {
+    QWidget& widget = buttonWidget();
+    QCoreApplication::postEvent(&widget, new QMoveEvent(widget.pos(), widget.pos()));
   }
 
   void putIntoTitleBar(QWidget* shown) {

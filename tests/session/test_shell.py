@@ -209,6 +209,7 @@ class TestWindows(SessionTest):
                 self.desktop.wait_active(welcome)
                 self.press("F6")
                 self.note.wait_active()
+                self.desktop.activate(welcome)
                 self.desktop.close(welcome)
                 wait_until(lambda: not self.desktop.is_viewable(welcome), "it is closed")
                 self.note.wait_active()

@@ -71,14 +71,11 @@ struct NSStatusItem::Impl {
     // Without a tray the item is in the title bar.
     tray.emplace(bar.sessionBus, button->image(), qtMenu->menu(), performFirstItem, [this](bool inTray) {
       putIntoTitleBar(inTray ? nullptr : &buttonWidget());
-      tellOfNewPlace();
+      // Lets followers of the button look again: the widget itself does not change when it comes into the tray and was
+      // nowhere before.
+      QMoveEvent moved(buttonWidget().pos(), buttonWidget().pos());
+      QCoreApplication::sendEvent(&buttonWidget(), &moved);
     });
-  }
-
-  /// Tells who follows the button. Qt sends no event when it comes into the tray and was nowhere before.
-  void tellOfNewPlace() {
-    QWidget& widget = buttonWidget();
-    QCoreApplication::postEvent(&widget, new QMoveEvent(widget.pos(), widget.pos()));
   }
 
   void putIntoTitleBar(QWidget* shown) {

@@ -78,7 +78,9 @@ void Tray::hostsChanged() {
 std::optional<Anchor> Tray::anchor() const {
   if (!item_) return std::nullopt;
   const QRect told = item_->geometry();
-  return told.isEmpty() ? Anchor{endOfPanel(), false} : Anchor{told, true};
+  // Until an XEmbed tray has taken the icon, Qt tells of the screen's corner.
+  const bool known = !told.isEmpty() && !told.topLeft().isNull();
+  return known ? Anchor{told, true} : Anchor{endOfPanel(), false};
 }
 
 void Tray::showItem(TrayHosts::Kind kind) {

@@ -67,11 +67,12 @@ void Bubble::follow(QWidget& widget) {
 
 bool Bubble::eventFilter(QObject* watched, QEvent* event) {
   constexpr std::array telling{QEvent::Move, QEvent::Resize, QEvent::ParentChange, QEvent::Show};
-  // From the event loop, when the whole change has been made.
+  // From the event loop, when the whole change has been made; and not while the bubble is being shown: the window
+  // system would put it back.
   if (watched == &content_) {
     if (event->type() == QEvent::LayoutRequest) QTimer::singleShot(0, this, [this] { fitContent(); });
   } else if (isVisible() && std::find(telling.begin(), telling.end(), event->type()) != telling.end()) {
-    QTimer::singleShot(0, this, [this] { point(); });
+    QTimer::singleShot(0, this, [this] { windows_.whenSettled(*this, [this] { point(); }); });
   }
   return QDialog::eventFilter(watched, event);
 }

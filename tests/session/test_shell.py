@@ -93,11 +93,10 @@ class TestFrame(FrameTest):
         self.desktop.needs("full screen")
         companion = self.desktop.companion("companion", "-fullscreen")
         wait_until(lambda: "FULLSCREEN" in self.desktop.prop("_NET_WM_STATE", companion), "a full-screen companion")
-        self.note.start()
-        for _ in range(2):
-            wait_until(lambda: self.desktop.windows(stacked=True)[-1:] == [self.note.window], "the note lies above it")
+        for bring_forward in self.note.start, self.note.start_again:
             self.desktop.activate(companion)
-            self.note.start_again()
+            bring_forward()
+            wait_until(lambda: self.desktop.windows(stacked=True)[-1:] == [self.note.window], "the note lies above it")
 
     def test_workspaces(self):
         """A pinned note is on each; another comes to the user. A hidden one gives the keyboard to a neighbour, not to
@@ -210,7 +209,8 @@ class TestWindows(SessionTest):
                 self.press("F6")
                 self.note.wait_active()
                 self.desktop.activate(welcome)
-                self.desktop.close(welcome)
+                close, *how = (self.press, "Return") if pinned else (self.desktop.close, welcome)
+                close(*how)
                 wait_until(lambda: not self.desktop.is_viewable(welcome), "it is closed")
                 self.note.wait_active()
                 self.note.hide()

@@ -72,8 +72,6 @@ PortalGlobalShortcuts::PortalGlobalShortcuts(RequestQueue& requests, Bus& sessio
       windows_(windows),
       actions_(actions) {}
 
-PortalGlobalShortcuts::~PortalGlobalShortcuts() { QDBusConnection::disconnectFromBus(connectionName); }
-
 bool PortalGlobalShortcuts::listen(std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> pressed) {
   const std::string_view letter = letterOf(keyCode);
   if (letter.empty()) return false;
@@ -115,6 +113,7 @@ void PortalGlobalShortcuts::usePortal() {
   // have read the color scheme.
   const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
   if (!bus.isConnected()) return;
+  connect(this, &QObject::destroyed, [] { QDBusConnection::disconnectFromBus(connectionName); });
   followOwner(bus, Portal::name(), *this, [this, bus](const QString& owner) { openSession({bus, owner}); });
   constexpr uint noFlags = 0;
   bus.send(callOfTheBus(QStringLiteral("StartServiceByName")) << Portal::name() << noFlags);

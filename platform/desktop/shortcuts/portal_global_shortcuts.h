@@ -27,7 +27,6 @@ class PortalGlobalShortcuts : public QObject, public GlobalShortcuts {
   /// The arguments outlive this.
   PortalGlobalShortcuts(RequestQueue& requests, Bus& sessionBus, FirstFrame& firstFrame, ProgramWindows& windows,
                         const ExportedActions& actions);
-  ~PortalGlobalShortcuts() override;
 
  private:
   struct HotKey {

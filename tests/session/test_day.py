@@ -119,13 +119,13 @@ class TestDay(TrayTest):
             settled()
         pictures = [self.desktop.picture().bytes[::101]]
 
-        def is_open():  # and no longer moves: it takes the keys then
+        def is_open():  # and no longer moves: it soon takes the keys then
             pictures.append(self.desktop.picture().bytes[::101])
             changes = sum(one != other for one, other in zip(pictures[0], pictures[-1]))
             return changes > 100 and pictures[-1] == pictures[-2]
         self.desktop.click(x, y, 3)
         wait_until(is_open, "the menu")
-        self.press("Down", "Return")
+        wait_until(lambda: self.press("Down", "Return") or soon(lambda: not self.note.is_shown()), "its first entry")
         return self.wait_put_away()
 
     def test_dark(self):

@@ -121,8 +121,7 @@ class TestDay(TrayTest):
 
         def is_open():  # and no longer moves: it soon takes the keys then
             pictures.append(self.desktop.picture().bytes[::101])
-            changes = sum(one != other for one, other in zip(pictures[0], pictures[-1]))
-            return changes > 100 and pictures[-1] == pictures[-2]
+            return pictures[-1] == pictures[-2] and sum(map(int.__ne__, pictures[0], pictures[-1])) > 100
         self.desktop.click(x, y, 3)
         wait_until(is_open, "the menu")
         wait_until(lambda: self.press("Down", "Return") or soon(lambda: not self.note.is_shown()), "its first entry")

@@ -201,9 +201,15 @@ std::error_code linkBackup(const fs::path& path, std::string_view suffix) {
     return same ? std::error_code() : error;
   }
   if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
-  // Some file systems have no hard links, and files of other users may not get one: then the file is renamed.
-  if (renameat2(folder.get(), name.c_str(), folder.get(), kept.c_str(), RENAME_NOREPLACE) != 0) return lastError();
-  return syncFolder(folder.get());
+  // Some file systems have no hard links, and files of other users may not get one: then the file is renamed. Few of
+  // those have RENAME_NOREPLACE, so an empty file takes the new name first, or learns that it is taken.
+  const UniqueFd place(
+      uninterrupted([&] { return openat(folder.get(), kept.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600); }));
+  if (!place) return lastError();
+  if (renameat(folder.get(), name.c_str(), folder.get(), kept.c_str()) == 0) return syncFolder(folder.get());
+  error = lastError();
+  unlinkat(folder.get(), kept.c_str(), 0);
+  return error;
 }
 
 std::error_code makeFolder(const fs::path& path, bool withParents) {

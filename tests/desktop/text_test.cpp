@@ -85,6 +85,10 @@ TEST_F(Text, ACompositionThatWasEndedIsNotCommittedAgain) {
   editor.type(Qt::Key_Left);
   editor.compose({}, "abc");
   EXPECT_EQ(editor.text(), "ababcc");
+  editor.loadExactText({});
+  editor.compose("abc");
+  QTest::mouseClick(editor.viewport(), Qt::MiddleButton);
+  EXPECT_EQ(editor.toPlainText(), "abc") << "committed before a paste moves the caret";
 }
 
 TEST_F(Text, AnInputMethodMayDeleteAndCommitNothing) {

@@ -24,6 +24,12 @@ bool actsOnText(const QEvent& event) {
   return std::find(acts.begin(), acts.end(), event.type()) != acts.end();
 }
 
+/// A drop or a paste of the primary selection. With such text Qt moves the caret, and an open composition with it.
+bool putsTextElsewhere(const QEvent& event) {
+  return event.type() == QEvent::Drop || (event.type() == QEvent::MouseButtonRelease &&
+                                          static_cast<const QMouseEvent&>(event).button() == Qt::MiddleButton);
+}
+
 /// Leaves as much room below the last line as the title bar takes above the first.
 class NoteLayout : public QPlainTextDocumentLayout {
  public:
@@ -86,6 +92,7 @@ void NoteEditor::prepareForUser(const QEvent& event) {
 
 bool NoteEditor::viewportEvent(QEvent* event) {
   if (actsOnText(*event)) prepareForUser(*event);
+  if (putsTextElsewhere(*event)) commitComposition();
   return QPlainTextEdit::viewportEvent(event);
 }
 

@@ -48,6 +48,7 @@ void TrayHosts::askNotifierWatcher() {
   onReply(QDBusConnection::sessionBus().asyncCall(question), *this,
           [this](const QDBusPendingReply<QDBusVariant>& answer) {
             setNotifierHost(answer.isValid() && answer.value().variant().toBool());
+            if (answer.error().type() == QDBusError::NoReply) askNotifierWatcher();  // it may only be slow
           });
 }
 

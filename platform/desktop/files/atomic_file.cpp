@@ -201,14 +201,15 @@ std::error_code linkBackup(const fs::path& path, std::string_view suffix) {
     return same ? std::error_code() : error;
   }
   if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
-  // Some file systems have no hard links, and files of other users may not get one: then the file is renamed. Few of
-  // those have RENAME_NOREPLACE, so an empty file takes the new name first, or learns that it is taken.
-  const UniqueFd place(
+  // Some file systems have no hard links, and files of other users may not get one: then the file is renamed. Not all
+  // of those have RENAME_NOREPLACE, so an empty file takes the new name first, or learns that it is taken.
+  UniqueFd place(
       uninterrupted([&] { return openat(folder.get(), kept.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600); }));
-  if (!place) return lastError();
+  if (!place || !place.close()) return lastError();
   if (renameat(folder.get(), name.c_str(), folder.get(), kept.c_str()) == 0) return syncFolder(folder.get());
   error = lastError();
-  unlinkat(folder.get(), kept.c_str(), 0);
+  // Over a network a rename may be done and yet fail.
+  if (fs::is_empty(folderOf(*target) / kept, ignored)) unlinkat(folder.get(), kept.c_str(), 0);
   return error;
 }
 

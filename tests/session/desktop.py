@@ -93,9 +93,9 @@ class Desktop:
             self.environment[variable] = str(folder)
         for name in "SYSTEM", "SESSION":
             self.bus, self.environment[f"DBUS_{name}_BUS_ADDRESS"] = self.start_bus()
-        size = "{}x{}".format(*self.screen)
+        size, repeats = "{}x{}".format(*self.screen), "-r" if self.kind.wayland else "r"
         self.server, number = self._spawn_announcing(
-            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size}x24 -fbdir {self.home} -nolisten tcp -noreset")
+            lambda fd: f"Xvfb -displayfd {fd} -screen 0 {size}x24 -fbdir {self.home} -nolisten tcp -noreset {repeats}")
         self.environment |= {"DISPLAY": f":{number}", "MUTTER_DEBUG_DUMMY_MODE_SPECS": size}
         self.seat = dict(self.environment)  # of keyboard and pointer
         command = self._prepare()

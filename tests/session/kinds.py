@@ -32,6 +32,7 @@ class Kind(typing.NamedTuple):
         return self.wayland or bool(self.programs)
 
 
+# On Wayland no key repeats: busy compositors hear too late of the release of one that was only pressed.
 SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
 WHOLE = "xdg-desktop-portal"
 ON_WAYLAND = f"{WHOLE} weston-terminal"
@@ -39,6 +40,7 @@ GNOME = Kind("gnome-shell --unsafe-mode --nested --wayland --sm-disable",
              SOFTWARE_GL | {"XDG_CURRENT_DESKTOP": "GNOME"}, wayland=True, overview="super",
              programs=f"{ON_WAYLAND} gsettings dconf-service gsd-media-keys gsd-xsettings xdg-desktop-portal-gnome",
              before=("gsettings set org.gnome.shell welcome-dialog-last-shown-version 99",
+                     "gsettings set org.gnome.desktop.peripherals.keyboard repeat false",
                      "gsettings set org.gnome.desktop.notifications show-banners false"),
              ask="imports.gi.GLib.spawn_command_line_async('{home}/announce')",
              settled="!Main.layoutManager._startingUp && (Main.overview.hide(), !Main.overview.visible)",
@@ -51,8 +53,9 @@ KINDS = {
     "gnome-tray": GNOME._replace(tray=True, clicks=2, before=(*GNOME.before, EXTENSION)),
     "plasma": Kind("kwin_wayland --width {width} --height {height} --xwayland --no-lockscreen {home}/announce",
                    {"KWIN_COMPOSE": "Q", "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
-                    "KDE_SESSION_VERSION": "5"}, wayland=True, tray=True,
-                   programs=f"{ON_WAYLAND} plasmashell plasma-apply-colorscheme kded5", beside=("kded5", "plasmashell"),
+                    "KDE_SESSION_VERSION": "5"}, {"xdg_config_home/kcminputrc": "[Keyboard]\nKeyRepeat=nothing\n"},
+                   wayland=True, tray=True, beside=("kded5", "plasmashell"),
+                   programs=f"{ON_WAYLAND} plasmashell plasma-apply-colorscheme kded5",
                    light="plasma-apply-colorscheme BreezeLight", dark="plasma-apply-colorscheme BreezeDark"),
     "xfce": Kind("xfce4-session", {"XDG_CURRENT_DESKTOP": "XFCE"},
                  {"xdg_config_home/autostart/a.desktop": "[Desktop Entry]\nType=Application\nExec={home}/announce\n"},
@@ -68,8 +71,8 @@ KINDS = {
                  {"xdg_config_home/kwinrc": "[Windows]\nFocusStealingPreventionLevel=4\n"}),
     "i3": Kind("i3 -c {home}/i3", files={"i3": "# i3 config file (v4)\nfont pango:monospace 8\n"}, message="i3-msg"),
     "sway": Kind("sway -c {home}/sway", {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"},
-                 {"sway": "output X11-1 resolution {width}x{height}\nexec xhost +local: && {home}/announce\n"},
-                 wayland=True, message="swaymsg", cannot={
+                 {"sway": "output X11-1 resolution {width}x{height}\ninput * repeat_rate 0\n"
+                          "exec xhost +local: && {home}/announce\n"}, wayland=True, message="swaymsg", cannot={
                      "pin": "it has no such states: a floating window is above the tiled ones, `sticky` is the user's",
                      "position": "it places floating windows itself",
                      "full screen": "it gives no other window the keyboard beside a full-screen one"}),

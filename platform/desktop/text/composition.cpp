@@ -58,8 +58,8 @@ void Composition::commit() {
   if (textWithComposition() != textBefore) editor_.reportEdit();
 }
 
-/// Some input methods commit a composition that `commit` has committed already, at times after an empty event. Any other
-/// event means that no such duplicate comes.
+/// Some input methods commit a composition that `commit` has committed already, at times after an empty event. Any
+/// other event means that no such duplicate comes.
 bool Composition::isCommittedAgain(const QInputMethodEvent& event) {
   const bool saysNothing =
       event.preeditString().isEmpty() && event.commitString().isEmpty() && event.replacementLength() == 0;

@@ -32,10 +32,10 @@ class Kind(typing.NamedTuple):
         return self.wayland or bool(self.programs)
 
 
-# On Wayland no key repeats: busy compositors hear too late of the release of one that was only pressed.
 SOFTWARE_GL = {"LIBGL_ALWAYS_SOFTWARE": "1"}
 WHOLE = "xdg-desktop-portal"
 ON_WAYLAND = f"{WHOLE} weston-terminal"
+# On Wayland no key repeats: busy compositors hear too late of the release of one that was only pressed.
 GNOME = Kind("gnome-shell --unsafe-mode --nested --wayland --sm-disable",
              SOFTWARE_GL | {"XDG_CURRENT_DESKTOP": "GNOME"}, wayland=True, overview="super",
              programs=f"{ON_WAYLAND} gsettings dconf-service gsd-media-keys gsd-xsettings xdg-desktop-portal-gnome",

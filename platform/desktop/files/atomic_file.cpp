@@ -65,13 +65,17 @@ std::string randomNumber() {
   return std::to_string(number);
 }
 
+/// A new file for its owner only. None if anything has that name.
+UniqueFd createFile(int folder, const std::string& name) {
+  constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+  return UniqueFd(uninterrupted([&] { return openat(folder, name.c_str(), flags, 0600); }));
+}
+
 /// A new file beside the target. The destructor removes it unless it was renamed.
 class AuxiliaryFile {
  public:
   AuxiliaryFile(int folder, const fs::path& target)
-      : folder_(folder), name_(auxiliaryPrefix(target) + randomNumber()), fd_(uninterrupted([this] {
-          return openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
-        })) {
+      : folder_(folder), name_(auxiliaryPrefix(target) + randomNumber()), fd_(createFile(folder, name_)) {
     present_ = bool(fd_);
   }
   AuxiliaryFile(const AuxiliaryFile&) = delete;
@@ -203,8 +207,7 @@ std::error_code linkBackup(const fs::path& path, std::string_view suffix) {
   if (error == std::errc::no_such_file_or_directory || fs::is_directory(*target, ignored)) return error;
   // Some file systems have no hard links, and files of other users may not get one: then the file is renamed. Not all
   // of those have RENAME_NOREPLACE, so an empty file takes the new name first, or learns that it is taken.
-  UniqueFd place(
-      uninterrupted([&] { return openat(folder.get(), kept.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600); }));
+  UniqueFd place = createFile(folder.get(), kept);
   if (!place || !place.close()) return lastError();
   if (renameat(folder.get(), name.c_str(), folder.get(), kept.c_str()) == 0) return syncFolder(folder.get());
   error = lastError();

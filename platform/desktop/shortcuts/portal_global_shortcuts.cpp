@@ -113,6 +113,7 @@ void PortalGlobalShortcuts::usePortal() {
   // have read the color scheme.
   const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
   if (!bus.isConnected()) return;
+  // Not in a destructor: without a connection this would start Qt's D-Bus thread at the program's end.
   connect(this, &QObject::destroyed, [] { QDBusConnection::disconnectFromBus(connectionName); });
   followOwner(bus, Portal::name(), *this, [this, bus](const QString& owner) { openSession({bus, owner}); });
   constexpr uint noFlags = 0;

@@ -2,7 +2,6 @@
 #include "platform/desktop/shortcuts/x11_global_shortcuts.h"
 
 #include <chrono>
-#include <string_view>
 #include <utility>
 
 #include "platform/desktop/x11/x11.h"
@@ -13,8 +12,6 @@ namespace {
 
 using x11::Reply;
 
-constexpr unsigned xkbNewKeyboardNotify = 0;  // kinds of XKB events; Qt's xcb plugin selects both
-constexpr unsigned xkbMapNotify = 1;
 constexpr unsigned allModifiers = 0xFF;  // of an event's state; the rest are pointer buttons and the layout
 constexpr xcb_timestamp_t shortestRepeatDelay = 100;     // milliseconds
 constexpr xcb_timestamp_t longestRepeatInterval = 2000;  // milliseconds
@@ -53,10 +50,6 @@ X11GlobalShortcuts::X11GlobalShortcuts(RequestQueue& requests, xcb_connection_t*
       connection_(connection),
       root_(x11::rootWindow(connection)),
       modifiers_(X11Modifiers::ofKeyboard(connection)) {
-  constexpr std::string_view extensionName = "XKEYBOARD";
-  const Reply<xcb_query_extension_reply_t> extension(xcb_query_extension_reply(
-      connection_, xcb_query_extension(connection_, extensionName.size(), extensionName.data()), nullptr));
-  if (extension && extension->present != 0) keyboardEvent_ = extension->first_event;
   releaseWatch_.setInterval(releaseWatchInterval);
   QObject::connect(&releaseWatch_, &QTimer::timeout, [this] { lookForReleases(); });
 }
@@ -80,9 +73,7 @@ bool X11GlobalShortcuts::take(xcb_generic_event_t& event) {
   const unsigned type = x11::typeOf(event);
   if (type == XCB_KEY_PRESS) return press(x11::as<xcb_key_press_event_t>(event));
   if (type == XCB_KEY_RELEASE) release(x11::as<xcb_key_release_event_t>(event));
-  const bool isNewKeyboard =
-      keyboardEvent_ && type == *keyboardEvent_ && (event.pad0 == xkbNewKeyboardNotify || event.pad0 == xkbMapNotify);
-  if (isNewKeyboard || type == XCB_MAPPING_NOTIFY) keyboardChanged();
+  if (x11::isKeyboardChange(connection_, event)) keyboardChanged();
   return false;
 }
 

@@ -56,7 +56,6 @@ class X11GlobalShortcuts : public GlobalShortcuts, private x11::EventFilter {
   xcb_connection_t* connection_;
   xcb_window_t root_;
   X11Modifiers modifiers_;
-  std::optional<unsigned> keyboardEvent_;  ///< the type that all XKB events share
   std::vector<HotKey> hotKeys_;
   QTimer releaseWatch_;  ///< runs while a key is down whose release event may go to another window
 };

@@ -17,21 +17,24 @@ constexpr std::chrono::milliseconds longestAnswer{300};
 
 }  // namespace
 
-EscapeKey::EscapeKey(xcb_connection_t* connection)
-    : connection_(connection), symbols_(xcb_key_symbols_alloc(connection), xcb_key_symbols_free) {
+EscapeKey::EscapeKey(xcb_connection_t* connection) : connection_(connection), symbols_(nullptr, xcb_key_symbols_free) {
   deadline_.setSingleShot(true);
   deadline_.setInterval(longestAnswer);
   connect(&deadline_, &QTimer::timeout, this, &EscapeKey::act);
 }
 
 bool EscapeKey::take(xcb_generic_event_t& event) {
-  if (x11::typeOf(event) == XCB_MAPPING_NOTIFY)
-    xcb_refresh_keyboard_mapping(symbols_.get(), &x11::as<xcb_mapping_notify_event_t>(event));
+  if (x11::isKeyboardChange(connection_, event)) symbols_.reset();
   return x11::typeOf(event) == XCB_KEY_PRESS && takePress(x11::as<xcb_key_press_event_t>(event));
 }
 
+bool EscapeKey::isEscape(xcb_keycode_t key) {
+  if (!symbols_) symbols_.reset(xcb_key_symbols_alloc(connection_));
+  return xcb_key_symbols_get_keysym(symbols_.get(), key, 0) == escapeKeysym;
+}
+
 bool EscapeKey::takePress(const xcb_key_press_event_t& press) {
-  if (xcb_key_symbols_get_keysym(symbols_.get(), press.detail, 0) != escapeKeysym) return false;
+  if (!isEscape(press.detail)) return false;
   QWidget* const window = QWidget::find(press.event);
   if (window == nullptr || !window->isWindow() || QApplication::activePopupWidget() != nullptr) return false;
   if (window_ == nullptr) {

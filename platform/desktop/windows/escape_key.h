@@ -24,12 +24,13 @@ class EscapeKey : public QObject, private x11::EventFilter {
 
  private:
   bool take(xcb_generic_event_t& event) override;
+  bool isEscape(xcb_keycode_t key);
   bool takePress(const xcb_key_press_event_t& press);
   void sendFollower(const xcb_key_press_event_t& press);
   void act();
 
   xcb_connection_t* connection_;
-  std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols_;
+  std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols_;  ///< none since the keyboard changed
   QPointer<QWidget> window_;  ///< in which Escape was pressed and has not been delivered yet
   QTimer deadline_;           ///< for the input method to answer
 };

@@ -24,6 +24,9 @@ int screenNumber();
 xcb_window_t rootWindow(xcb_connection_t* connection);
 xcb_atom_t atom(xcb_connection_t* connection, const std::string& name);
 
+/// Whether the event tells of another layout, other modifiers or another keyboard.
+bool isKeyboardChange(xcb_connection_t* connection, const xcb_generic_event_t& event);
+
 /// The type of an event, without the bit that marks synthetic ones.
 inline unsigned typeOf(const xcb_generic_event_t& event) { return event.response_type & 0x7FU; }
 

@@ -20,7 +20,8 @@ bool isWaylandSession() {
 }  // namespace
 
 std::unique_ptr<WindowSystem> makeWindowSystem() {
-  if (auto* const connection = x11::connection()) return std::make_unique<X11WindowSystem>(connection);
+  if (auto* const connection = x11::connection())
+    return std::make_unique<X11WindowSystem>(connection, isWaylandSession());
   return std::make_unique<PlainWindowSystem>();
 }
 

@@ -39,7 +39,7 @@ void repaintAll() {
 
 }  // namespace
 
-X11WindowSystem::X11WindowSystem(xcb_connection_t* connection)
+X11WindowSystem::X11WindowSystem(xcb_connection_t* connection, bool isXWayland)
     : connection_(connection),
       ewmh_(connection),
       compositor_(connection, "_NET_WM_CM_S" + std::to_string(x11::screenNumber()), repaintAll),
@@ -47,7 +47,7 @@ X11WindowSystem::X11WindowSystem(xcb_connection_t* connection)
       managementAtom_(x11::atom(connection, "WM_STATE")),
       motifHintsAtom_(x11::atom(connection, "_MOTIF_WM_HINTS")),
       root_(x11::rootWindow(connection)),
-      isXWayland_(!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+      isXWayland_(isXWayland) {
   deadline_.setSingleShot(true);
   deadline_.setInterval(longestActivation);
   QObject::connect(&deadline_, &QTimer::timeout, [this] { settle(); });

@@ -17,8 +17,8 @@ namespace platform::desktop {
 /// X11, by way of EWMH.
 class X11WindowSystem : public WindowSystem, private x11::EventFilter {
  public:
-  /// `connection` is Qt's.
-  explicit X11WindowSystem(xcb_connection_t* connection);
+  /// `connection` is Qt's. `isXWayland`: an X server for a Wayland session.
+  X11WindowSystem(xcb_connection_t* connection, bool isXWayland);
 
   void prepareToShow(QWidget& window, WindowState state) override;
   void applyState(QWidget& window, WindowState state) override;

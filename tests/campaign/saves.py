@@ -142,7 +142,7 @@ def traced(note, scene, *injection):
 class Disk:
     """Replays calls on files, which are texts by their paths; what of it survives a power cut is up to the disk."""
 
-    NO_MATTER = re.compile(r"(\w*stat\w*|readlink\w*|getrandom|fchown|fchmod|close) |openat .*O_RDONLY")
+    NO_MATTER = re.compile(r"(\w*stat\w*|readlink\w*|getrandom|fchown|fchmod|\w*xattr|close) |openat .*O_RDONLY")
 
     def __init__(self, files):
         self.names = {path: types.SimpleNamespace(text=text, synced=True) for path, text in files.items()}

@@ -2,6 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include <array>
+#include <cstdint>
 
 #include "platform/application.h"
 #include "platform/desktop/files/atomic_file.h"
@@ -44,6 +48,22 @@ TEST_F(Files, NewOnesAreTheOwnersAndOldOnesKeepTheirMode) {
     EXPECT_FALSE(replaceFile(note, "b"));
     EXPECT_EQ(mode(note), kept);
   }
+  fs::permissions(note, fs::perms(0));
+  EXPECT_FALSE(replaceFile(note, "readable"));
+  EXPECT_EQ(mode(note), 0400U);
+}
+
+TEST_F(Files, OnesWithAnAccessListKeepItAndGiveTheGroupNoMore) {
+  // Version, then who, what and an id of two parts: the owner and user 1 may read and write, all others nothing. The
+  // list's mask is where a mode has the group's rights.
+  const std::array<std::int16_t, 22> list{2, 0, 1, 6, -1, -1, 2, 6, 1, 0, 4, 0, -1, -1, 16, 6, -1, -1, 32, 0, -1, -1};
+  put(note, "a");
+  constexpr auto name = "system.posix_acl_access";
+  if (setxattr(note.c_str(), name, list.data(), sizeof list, 0) != 0) GTEST_SKIP() << "no lists here";
+  EXPECT_FALSE(replaceFile(note, "b"));
+  std::array<std::int16_t, 22> kept{};
+  getxattr(note.c_str(), name, kept.data(), sizeof kept);
+  EXPECT_EQ(kept, list);
 }
 
 TEST_F(Files, LinksStayAndTheFilesThatTheyLeadToAreReplacedAndKept) {

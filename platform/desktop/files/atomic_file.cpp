@@ -4,8 +4,8 @@
 #include <fcntl.h>
 #include <sys/random.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 
@@ -19,6 +19,8 @@ namespace fs = std::filesystem;
 constexpr int longestLinkChain = 40;  // the kernel's limit
 constexpr std::size_t longestNameKept = 200;
 constexpr std::string_view auxiliaryMark = ".quillberry-";
+constexpr auto accessListName = "system.posix_acl_access";
+constexpr std::size_t largestAttribute = 65536;  // bytes, the kernel's limit
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
@@ -71,6 +73,23 @@ UniqueFd createFile(int folder, const std::string& name) {
   return UniqueFd(uninterrupted([&] { return openat(folder, name.c_str(), flags, 0600); }));
 }
 
+bool isWithoutAccessList(int error) { return error == ENODATA || error == ENOTSUP; }
+
+/// The rights of further users and groups; empty if the file has no such list, none if it cannot be read.
+std::optional<std::string> accessListOf(const fs::path& file) {
+  std::string list(largestAttribute, '\0');
+  const auto size = lgetxattr(file.c_str(), accessListName, list.data(), list.size());
+  if (size < 0 && !isWithoutAccessList(errno)) return std::nullopt;
+  list.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+  return list;
+}
+
+/// An empty list takes away the one that a new file gets from its folder.
+bool setAccessList(int file, const std::string& list) {
+  if (!list.empty()) return fsetxattr(file, accessListName, list.data(), list.size(), 0) == 0;
+  return fremovexattr(file, accessListName) == 0 || isWithoutAccessList(errno);
+}
+
 /// A new file beside the target. The destructor removes it unless it was renamed.
 class AuxiliaryFile {
  public:
@@ -95,15 +114,14 @@ class AuxiliaryFile {
     return true;
   }
 
-  /// Copies mode and owner as far as file system and rights allow; failures are ignored, for the contents matter more.
-  void takeModeAndOwner(const struct stat& existing) {
-    if (fchown(fd_.get(), existing.st_uid, existing.st_gid) != 0 &&
-        fchown(fd_.get(), static_cast<uid_t>(-1), existing.st_gid) != 0) {
-      // The group could not be kept: the new one must not get the old one's rights.
-      fchmod(fd_.get(), existing.st_mode & 0707U);
-      return;
-    }
-    fchmod(fd_.get(), existing.st_mode & 07777U);
+  /// Copies owner and rights as far as it can; failures are ignored, for the contents matter more. The owner may read
+  /// the file in any case, or the note would be unreadable at the next start.
+  void takeOwnerAndRights(const struct stat& existing, const std::optional<std::string>& accessList) {
+    const bool hasGroup = fchown(fd_.get(), existing.st_uid, existing.st_gid) == 0 ||
+                          fchown(fd_.get(), static_cast<uid_t>(-1), existing.st_gid) == 0;
+    // Else the new group must not get the old one's rights, nor those of the list, whose mask is in the same bits.
+    const bool hasAll = hasGroup && accessList && setAccessList(fd_.get(), *accessList);
+    fchmod(fd_.get(), (existing.st_mode & (hasAll ? 07777U : 0707U)) | S_IRUSR);
   }
 
   bool finish() {
@@ -171,7 +189,8 @@ std::error_code replaceFile(const fs::path& path, std::string_view contents) {
   AuxiliaryFile auxiliary(folder.get(), *target);
   if (!auxiliary || !auxiliary.write(contents)) return lastError();
   struct stat existing {};
-  if (fstatat(folder.get(), name.c_str(), &existing, AT_SYMLINK_NOFOLLOW) == 0) auxiliary.takeModeAndOwner(existing);
+  if (fstatat(folder.get(), name.c_str(), &existing, AT_SYMLINK_NOFOLLOW) == 0)
+    auxiliary.takeOwnerAndRights(existing, accessListOf(*target));
   if (!auxiliary.finish() || !auxiliary.renameTo(name)) return lastError();
   syncFolder(folder.get());  // the text is in place even if this fails
   return {};

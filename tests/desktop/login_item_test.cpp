@@ -63,7 +63,6 @@ TEST_F(LoginItem, IsWhatTheDesktopWouldDoAndSwitchingOnChangesWhatStandsInTheWay
       {"Exec=sh\nOnlyShowIn=KDE;\n", off, "Exec=sh\n", ""},
       {"Exec=sh\nNotShowIn=KDE;GNOME;\n", off, "Exec=sh\nNotShowIn=KDE;\n"},
       {"Exec=/gone/quillberry --title \"a b\" %F\n", missing, "Exec=" + quoted + " --title \"a b\" %F" + trying},
-      {"Exec=no-such-program-anywhere\n", missing, afresh},
       {"Exec=" + scratch.path().string() + "\n", missing, afresh},
       {"Exec=sh\nTryExec=/gone/quillberry\n", missing, "Exec=sh" + trying},
       {"Hidden=true\n", off, "Hidden=false\n" + afresh},
@@ -93,6 +92,14 @@ TEST_F(LoginItem, OfTheUserMasksTheSystemWideOne) {
   put(own.string() + ".unreadable", "another");
   EXPECT_EQ(errorOf(true), "");
   EXPECT_THAT(get(own.string() + ".unreadable.2"), Optional(std::string("no entry")));
+
+  const fs::path inMenu = scratch.path() / "applications/note.desktop";
+  put(inMenu, shipped);
+  fs::remove(own);
+  fs::create_symlink(inMenu, own);
+  EXPECT_EQ(errorOf(false), "");
+  EXPECT_EQ(service.status(), off);
+  EXPECT_THAT(get(inMenu), Optional(shipped)) << "else it would be gone from the menu";
 }
 
 TEST_F(LoginItem, TellsWhyItCannotChangeAndChangesNothing) {

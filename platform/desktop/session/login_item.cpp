@@ -94,10 +94,18 @@ NSError failure(const std::string& what, const fs::path& path, const std::error_
   return {"cannot " + what + ' ' + path.string() + ": " + why.message()};
 }
 
+/// Whether the file is a link to an entry of the applications menu, which must not be changed with it.
+bool isLinkToMenuEntry(const fs::path& file) {
+  std::error_code noLink;
+  return fs::read_symlink(file, noLink).parent_path().filename() == "applications";
+}
+
 std::optional<NSError> saveAsOwn(const DesktopEntry& entry) {
   const fs::path file = ownFile();
   if (const auto error = desktop::makeFolder(file.parent_path(), true))
     return failure("make", file.parent_path(), error);
+  std::error_code unremovable;
+  if (isLinkToMenuEntry(file)) fs::remove(file, unremovable);
   if (!read(file)) {
     const auto error = NSFileManager::defaultManager().keepUnreadableItemAtURL(file);
     if (error) return failure("keep", file, error);

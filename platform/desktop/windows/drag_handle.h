@@ -12,11 +12,20 @@ class DragHandle : public QWidget {
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  /// The pointer has moved with the button down, which was pressed at `from`.
-  virtual void startDrag(QWindow& window, QPoint from) = 0;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  /// The edges that a drag from `point` moves; none if it moves the whole window.
+  virtual Qt::Edges edgesAt(QPoint point) const = 0;
 
  private:
-  std::optional<QPoint> pressedAt_;
+  struct Press {
+    QPoint at;  ///< on the screen
+    Qt::Edges edges;
+    QRect window;           ///< its geometry
+    bool followed = false;  ///< by us: the window manager cannot be asked to drag the window
+  };
+  void follow(QPoint way);
+
+  std::optional<Press> press_;
 };
 
 }  // namespace platform::desktop

@@ -4,7 +4,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QWindow>
 
 #include "platform/desktop/views/appearance.h"
 
@@ -66,8 +65,6 @@ void TitleBar::placeButtons() {
 }
 
 void TitleBar::resizeEvent(QResizeEvent* /*event*/) { placeButtons(); }
-
-void TitleBar::startDrag(QWindow& window, QPoint /*from*/) { window.startSystemMove(); }
 
 void TitleBar::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && onDoubleClick) onDoubleClick();

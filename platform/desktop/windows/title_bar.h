@@ -27,7 +27,7 @@ class TitleBar : public DragHandle {
   void paintEvent(QPaintEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void startDrag(QWindow& window, QPoint from) override;
+  Qt::Edges edgesAt(QPoint /*point*/) const override { return {}; }
 
  private:
   void placeButtons();

@@ -4,7 +4,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QWindow>
 #include <algorithm>
 
 #include "platform/desktop/views/appearance.h"
@@ -68,11 +67,8 @@ void WindowBorder::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WindowBorder::mouseMoveEvent(QMouseEvent* event) {
-  const Qt::Edges edges = edgesAt(event->pos());
-  if (edges) setCursor(cursorFor(edges));  // none if a quick drag has left the border
+  if (event->buttons() == Qt::NoButton) setCursor(cursorFor(edgesAt(event->pos())));
   DragHandle::mouseMoveEvent(event);
 }
-
-void WindowBorder::startDrag(QWindow& window, QPoint from) { window.startSystemResize(edgesAt(from)); }
 
 }  // namespace platform::desktop

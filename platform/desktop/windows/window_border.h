@@ -15,11 +15,9 @@ class WindowBorder : public DragHandle {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  void startDrag(QWindow& window, QPoint from) override;
+  Qt::Edges edgesAt(QPoint point) const override;
 
  private:
-  Qt::Edges edgesAt(QPoint point) const;
-
   const WindowSystem& windowSystem_;
 };
 

@@ -68,6 +68,17 @@ std::vector<int> gaps() {
   return all;
 }
 
+/// As the pointer does it, first without the button. The offscreen platform leaves the window to the program.
+void drag(QWidget& handle, QPoint from, QPoint way) {
+  const auto send = [&handle](QEvent::Type type, QPoint at, Qt::MouseButton button) {
+    QMouseEvent event(type, handle.mapFromGlobal(at), at, button, button, Qt::NoModifier);
+    QCoreApplication::sendEvent(&handle, &event);
+  };
+  send(QEvent::MouseMove, from, Qt::NoButton);
+  send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+  for (const QPoint at : {from + way / 2, from + way}) send(QEvent::MouseMove, at, Qt::LeftButton);
+}
+
 /// The whole program on a screen that nobody sees.
 class Windows : public testing::Test {
  protected:
@@ -115,21 +126,32 @@ TEST_F(Windows, ControlsKeepTheirPlacesAtEverySize) {
   EXPECT_EQ(frame().size(), QSize(260, 160));
 }
 
-TEST_F(Windows, BordersResizeTheNoteUnlessItIsMaximised) {
+TEST_F(Windows, DragsMoveAndResizeTheNoteAndDoubleClicksFillTheScreen) {
   launch();
-  frame().resize(420, 320);
-  QWidget& border = *frame().childAt(0, 11);
-  const std::tuple<int, int, Qt::CursorShape> cases[] = {{0, 11, Qt::SizeFDiagCursor},  {408, 319, Qt::SizeFDiagCursor},
-                                                         {408, 4, Qt::SizeBDiagCursor}, {4, 308, Qt::SizeBDiagCursor},
-                                                         {415, 307, Qt::SizeHorCursor}, {12, 4, Qt::SizeVerCursor},
-                                                         {4, 12, Qt::SizeHorCursor}};
-  for (const auto& [x, y, cursor] : cases) {
-    QMouseEvent move(QEvent::MouseMove, QPoint(x, y), {}, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&border, &move);
-    EXPECT_EQ(border.cursor().shape(), cursor) << x << ',' << y;
+  const QRect start(100, 100, 420, 320);
+  const std::tuple<QPoint, Qt::CursorShape, QPoint, QRect> drags[] = {
+      {{130, 14}, Qt::ArrowCursor, {20, -30}, {120, 70, 420, 320}},
+      {{0, 11}, Qt::SizeFDiagCursor, {-20, -30}, {80, 70, 440, 350}},
+      {{408, 319}, Qt::SizeFDiagCursor, {60, 50}, {100, 100, 480, 370}},
+      {{4, 308}, Qt::SizeBDiagCursor, {-60, 50}, {40, 100, 480, 370}},
+      {{415, 307}, Qt::SizeHorCursor, {-400, 9}, {100, 100, 260, 320}},
+      {{12, 4}, Qt::SizeVerCursor, {9, 300}, {100, 260, 420, 160}},
+      {{4, 12}, Qt::SizeHorCursor, {400, 9}, {260, 100, 260, 320}}};
+  for (const auto& [from, cursor, way, place] : drags) {
+    frame().setGeometry(start);
+    QWidget& handle = *frame().childAt(from);
+    drag(handle, start.topLeft() + from, way);
+    EXPECT_EQ(handle.cursor().shape(), cursor) << from.x() << ',' << from.y();
+    EXPECT_EQ(frame().geometry(), place) << from.x() << ',' << from.y();
   }
+  frame().setGeometry(start);
+  QTest::mouseDClick(frame().childAt(130, 14), Qt::LeftButton);
+  EXPECT_EQ(frame().geometry(), frame().screen()->availableGeometry());
+  frame().resize(frame().width(), frame().height() - 30);  // as a window manager does that keeps it off a panel
+  QTest::mouseDClick(frame().childAt(130, 14), Qt::LeftButton);
+  EXPECT_EQ(frame().geometry(), start);
   frame().showMaximized();
-  EXPECT_FALSE(border.isVisible());
+  EXPECT_EQ(frame().childAt(0, 11), frame().childAt(130, 14)) << "no border";
 }
 
 TEST_F(Windows, InsetsBelongToTheTextAndNoLineHidesUnderTheTitle) {

@@ -14,6 +14,7 @@
 #include "platform/desktop/updates/feed_request.h"
 #include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
+#include "platform/desktop/windows/screens.h"
 
 namespace platform::desktop {
 namespace {
@@ -80,7 +81,7 @@ void UpdateWindow::check() {
 void UpdateWindow::moveToMiddle() {
   const QWidget* const mainWindow = windows_.mainWindow();
   QRect place({}, sizeHint());
-  place.moveCenter((mainWindow != nullptr ? mainWindow : this)->screen()->availableGeometry().center());
+  place.moveCenter(roomOf(*(mainWindow != nullptr ? mainWindow : this)->screen()).center());
   move(place.topLeft());
 }
 

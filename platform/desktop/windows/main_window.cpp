@@ -13,6 +13,7 @@ MainWindow::MainWindow(ProgramWindows& windows, NSWindow& owner)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
       windows_(windows),
       owner_(owner),
+      zoom_(*this, windows.system()),
       border_(windows.system()) {
   windows_.add(*this);
   setBackgroundRole(QPalette::Base);
@@ -54,10 +55,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::resizeEvent(QResizeEvent* /*event*/) {
   titleBar_.setGeometry(0, 0, width(), titleBarHeight);
   border_.setGeometry(rect());
-  if (onGeometryChange) onGeometryChange();
+  geometryChanged();
 }
 
-void MainWindow::moveEvent(QMoveEvent* /*event*/) {
+void MainWindow::moveEvent(QMoveEvent* /*event*/) { geometryChanged(); }
+
+void MainWindow::geometryChanged() {
+  zoom_.geometryChanged();
   if (onGeometryChange) onGeometryChange();
 }
 

@@ -48,12 +48,13 @@ class MainWindow : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  void geometryChanged();
   QWidgetList focusStops();
 
   ProgramWindows& windows_;
   NSWindow& owner_;
   QWidget* content_ = nullptr;
-  WindowZoom zoom_{*this};
+  WindowZoom zoom_;
   TitleBar titleBar_;
   WindowBorder border_;
 };

@@ -67,8 +67,11 @@ struct NSPopover::Impl {
         [&content](const QString& before, const QString& now) { desktop::renameKeys(content, before, now); });
     // The program uses only edges that mean the lower side of the anchor.
     bubble->follow(*anchor.native().widget);
-    bubble->pointAt([weak = std::weak_ptr(anchor.shared_from_this()), last = placeOf(anchor)]() mutable {
+    const bool canPoint = transient || windows.system().canPosition();
+    bubble->pointAt([weak = std::weak_ptr(anchor.shared_from_this()), last = placeOf(anchor), canPoint]() mutable {
       if (const auto alive = std::static_pointer_cast<NSView>(weak.lock())) last = placeOf(*alive);
+      // A window that cannot be placed cannot point at anything.
+      last.exact &= canPoint;
       return last;
     });
   }

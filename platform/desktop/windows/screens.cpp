@@ -24,11 +24,17 @@ QRect toQt(NSRect rect) {
   return QRectF(rect.minX(), ground() - rect.maxY(), rect.size.width, rect.size.height).toRect();
 }
 
+QRect roomOf(const QScreen& screen) {
+  // X11 has one work area for all screens. A panel between two of them can take the whole of one away.
+  const QRect room = screen.availableGeometry();
+  return room.isEmpty() ? screen.geometry() : room;
+}
+
 std::vector<Screen> screens() {
   const QList<QScreen*> connected = QGuiApplication::screens();
   std::vector<Screen> all;
   for (const QScreen* const screen : connected) {
-    const QRect room = connected.size() == 1 ? screen->availableGeometry() : screen->geometry();
+    const QRect room = connected.size() == 1 ? roomOf(*screen) : screen->geometry();
     all.push_back({fromQt(screen->geometry()), fromQt(room)});
   }
   return all;

@@ -16,6 +16,8 @@ namespace platform::desktop {
 /// In the program's coordinates: y grows upward from the bottom of the first screen. Panels count where there is one
 /// screen only: with several, X11 does not tell on which of them a panel is.
 std::vector<Screen> screens();
+/// A screen without its panels, in Qt's coordinates.
+QRect roomOf(const QScreen&);
 NSRect fromQt(const QRect&);
 QRect toQt(NSRect);
 

@@ -72,8 +72,11 @@ struct NSWindow::Impl {
     return rect;
   }
 
+  bool isSizedByDesktop() const { return widget.isMaximized() || widget.isFullScreen(); }
+
   void stayOnScreens() {
     if (widget.zoom().isOn()) return widget.zoom().fill();
+    if (isSizedByDesktop()) return;
     const NSRect now = placed(widget.geometry());
     const NSRect whole = frameWholeOnScreens(now, desktop::screens());
     if (!(whole == now)) setFrame(whole);
@@ -87,7 +90,7 @@ struct NSWindow::Impl {
   /// The frame as the user last made it; a maximised window remembers the one before.
   void saveFrame() {
     saveFrameLater.stop();
-    if (autosaveKey.empty() || widget.isMaximized() || widget.isFullScreen()) return;
+    if (autosaveKey.empty() || isSizedByDesktop()) return;
     const NSRect rect = placed(widget.zoom().geometryWithout());
     const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
     NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);
@@ -123,7 +126,7 @@ void NSWindow::setDelegate(const std::weak_ptr<NSWindowDelegate>& delegate) { im
 
 void NSWindow::center() {
   QRect rect = impl_->widget.geometry();
-  rect.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
+  rect.moveCenter(desktop::roomOf(*QGuiApplication::primaryScreen()).center());
   impl_->setFrame(desktop::fromQt(rect));
 }
 

@@ -2,12 +2,21 @@
 #include "platform/desktop/windows/window_zoom.h"
 
 #include <QScreen>
+#include <chrono>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/desktop/windows/screens.h"
 
 namespace platform::desktop {
 namespace {
+
+// Of a window manager that keeps the window off a panel, which Qt leaves out of account where there are several
+// screens.
+constexpr std::chrono::seconds longestAnswer{1};
+constexpr double leastShare = 0.8;  // of the room, that it leaves
+
+int areaOf(const QRect& rect) { return rect.width() * rect.height(); }
 
 /// With a fractional scale each edge may be one point off.
 bool isAbout(const QRect& a, const QRect& b) {
@@ -25,6 +34,8 @@ void WindowZoom::toggle() {
     if (large_) undo();
   } else if (isOn()) {
     undo();
+  } else if (!windowSystem_.canPosition()) {
+    window_.showMaximized();
   } else {
     large_ = {window_.geometry(), {}};
     fill();
@@ -32,18 +43,31 @@ void WindowZoom::toggle() {
 }
 
 /// Back to the geometry before, on the screens that there are now.
-void WindowZoom::undo() { window_.setGeometry(toQt(frameWholeOnScreens(fromQt(large_->before), screens()))); }
+void WindowZoom::undo() {
+  const QRect before = std::exchange(large_, std::nullopt)->before;
+  window_.setGeometry(toQt(frameWholeOnScreens(fromQt(before), screens())));
+}
 
 void WindowZoom::fill() {
-  large_->room = window_.screen()->availableGeometry();
-  window_.setGeometry(large_->room);
+  large_->now = roomOf(*window_.screen());
+  answer_.setRemainingTime(longestAnswer);
+  window_.setGeometry(large_->now);
+}
+
+void WindowZoom::geometryChanged() {
+  if (!large_ || answer_.hasExpired()) return;
+  const QRect onScreen = window_.geometry() & window_.screen()->geometry();
+  if (areaOf(onScreen) < leastShare * areaOf(roomOf(*window_.screen()))) return;
+  large_->now = onScreen;
+  // xfwm4 moves the window clear of a panel and leaves its size as it is.
+  if (!isAbout(window_.geometry(), onScreen)) window_.setGeometry(onScreen);
 }
 
 bool WindowZoom::isOn() const {
   if (!large_) return false;
   const QRect now = window_.geometry();
   // A window manager may have made room for a new panel itself.
-  return window_.isMaximized() || isAbout(now, large_->room) || isAbout(now, window_.screen()->availableGeometry());
+  return window_.isMaximized() || isAbout(now, large_->now) || isAbout(now, roomOf(*window_.screen()));
 }
 
 QRect WindowZoom::geometryWithout() const { return isOn() ? large_->before : window_.geometry(); }

@@ -5,7 +5,6 @@
 
 #include "app/app_delegate.h"
 #include "platform/dispatch.h"
-#include "platform/user_defaults.h"
 
 namespace quillberry {
 

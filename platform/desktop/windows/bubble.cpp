@@ -14,6 +14,7 @@
 #include "platform/desktop/views/appearance.h"
 #include "platform/desktop/windows/main_window.h"
 #include "platform/desktop/windows/program_windows.h"
+#include "platform/desktop/windows/screens.h"
 
 namespace platform::desktop {
 namespace {
@@ -88,7 +89,7 @@ void Bubble::fitContent() {
 void Bubble::point() {
   const auto [anchor, exact] = anchor_();
   const QScreen* const at = QGuiApplication::screenAt(anchor.center());
-  const QRect room = (at != nullptr ? at : QGuiApplication::primaryScreen())->availableGeometry();
+  const QRect room = roomOf(at != nullptr ? *at : *QGuiApplication::primaryScreen());
   setFixedSize(content_.width() + 2 * border, content_.height() + 2 * border + (exact ? arrowHeight : 0));
   if (exact) {
     pointWithArrow(anchor, room);
@@ -163,7 +164,8 @@ void Bubble::hideEvent(QHideEvent* event) {
 }
 
 void Bubble::keyPressEvent(QKeyEvent* event) {
-  event->key() == Qt::Key_F6 ? windows_.activateMainWindow() : QDialog::keyPressEvent(event);
+  if (event->key() != Qt::Key_F6) return QDialog::keyPressEvent(event);
+  transient_ ? reject() : windows_.activateMainWindow();
 }
 
 }  // namespace platform::desktop

@@ -61,7 +61,7 @@ class Note:
         self.put_settings(didShowWelcome=False, **settings)
         self.launch()
         welcome = wait_until(self.other_window, "the welcome")
-        self.desktop.wait_active(welcome)
+        self.wait_active("the welcome has the keys", welcome)
         return welcome
 
     def start_again(self):
@@ -75,11 +75,11 @@ class Note:
         return subprocess.run([options.binary], env=environment, stdin=subprocess.DEVNULL, capture_output=True,
                               text=True, timeout=timeout)
 
-    def wait_active(self, what="the note is in front"):
-        """Until the note gets the keys, which go nowhere while a compositor has not seen the window's surface."""
-        self.desktop.wait_active(self.window, what)
+    def wait_active(self, what="the note is in front", window=None):
+        """Until it gets the keys, which go nowhere while a compositor has not seen the window's surface."""
+        self.desktop.wait_active(window or self.window, what)
         if self.desktop.kind.wayland:
-            self.wait_for_keys()
+            self.wait_for_keys(window)
 
     def perform(self, action, parameter="[]"):
         """Asks for an action over the session bus, as any program can that sees the name there."""
@@ -90,14 +90,15 @@ class Note:
         self.desktop.type(text)
         self.wait_for_keys()
 
-    def wait_for_keys(self):
+    def wait_for_keys(self, window=None):
         """Waits until the program has taken every key so far: it dates its window with each, by the server's clock."""
+        window = window or self.window
         time.sleep(0.01)  # ticks of that clock
         before = int(time.monotonic() * 1000) - 5
 
         def dated():
-            holder = self.desktop.prop("_NET_WM_USER_TIME_WINDOW", self.window)
-            date = int(self.desktop.prop("_NET_WM_USER_TIME", holder or self.window) or 0)
+            holder = self.desktop.prop("_NET_WM_USER_TIME_WINDOW", window)
+            date = int(self.desktop.prop("_NET_WM_USER_TIME", holder or window) or 0)
             return (date - before) % 2**32 < 2**31
 
         wait_until(lambda: self.desktop.keys("shift") or soon(dated), "the program has taken the keys")

@@ -113,7 +113,7 @@ class Note:
         self.file.write_bytes(contents)
 
     def wait_for_text(self, text):
-        wait_until(lambda: self.text() == text, lambda: f"the file holds {text!r}; it holds {self.text()!r}", 10)
+        wait_until(lambda: self.text() == text, lambda: f"the file holds {text!r}; it holds {self.text()!r}")
 
     def put_settings(self, **settings):
         """The settings before the first start; those of a user who has been welcomed, unless said otherwise."""
@@ -121,7 +121,7 @@ class Note:
         self.settings.write_text(json.dumps({"didShowWelcome": True} | settings))
 
     def wait_setting(self, name, value):
-        wait_until(lambda: json.loads(self.settings.read_text()).get(name, True) is value, f"{name} is {value}", 10)
+        wait_until(lambda: json.loads(self.settings.read_text()).get(name, True) is value, f"{name} is {value}")
 
     def hide(self):
         self.desktop.keys("Escape")

@@ -84,7 +84,7 @@ class TestDay(TrayTest):
 
     def show_by_key(self):
         """The desktop gives the keys some time after the note's start."""
-        wait_until(lambda: self.press(SHOW) or soon(self.note.is_shown, 2), "the note is shown")
+        wait_until(lambda: self.press(SHOW) or soon(self.note.is_shown, 5), "the note is shown", 60)
 
     def test_hot_keys(self):
         """From an X11 program and the overview; as quick as its effects are seen."""
@@ -113,7 +113,8 @@ class TestDay(TrayTest):
         if not self.desktop.kind.tray:
             self.choose_in_title_bar("Keep on Top")
             return self.note.wait_setting("pinned", False)
-        x, y = wait_until(self.place_of_item, "the item is in the tray")
+        x, y = wait_until(lambda: (at := self.place_of_item()) and not soon(lambda: self.place_of_item() != at) and at,
+                          "the item has its place in the tray")
         for settled in self.wait_put_away, self.note.wait_active:
             self.desktop.click(x, y, times=self.desktop.kind.clicks)
             settled()

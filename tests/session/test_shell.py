@@ -129,7 +129,7 @@ class TestFrame(FrameTest):
                 else:
                     self.assertEqual(self.desktop.prop("_NET_WM_DESKTOP", self.note.window), str(workspace))
             self.note.perform("togglePin")
-            self.note.wait_setting("pinned", not pinned)
+            self.note.wait_pinned(not pinned)  # the setting is there before
 
 
 class TestScreens(FrameTest):
@@ -205,7 +205,7 @@ class TestWindows(SessionTest):
                 self.desktop.activate(self.note.window)
                 self.note.wait_pinned(pinned)
                 self.press(*["F6"] * (3 if self.desktop.has_tray() else 4))  # past the buttons of the title bar
-                self.desktop.wait_active(welcome)
+                self.note.wait_active("it goes past them to the welcome", welcome)
                 self.press("F6")
                 self.note.wait_active()
                 self.desktop.activate(welcome)

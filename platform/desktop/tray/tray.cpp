@@ -9,6 +9,7 @@
 #include "platform/application_metadata.h"
 #include "platform/desktop/base/strings.h"
 #include "platform/desktop/views/symbols.h"
+#include "platform/desktop/windows/screens.h"
 
 namespace platform::desktop {
 namespace {
@@ -28,9 +29,8 @@ QIcon iconFor(const std::optional<NSImage>& image, TrayHosts::Kind kind) {
 /// The first screen that has a panel, else the primary one.
 const QScreen& screenWithPanel() {
   const QList<QScreen*> screens = QGuiApplication::screens();
-  const auto found = std::find_if(screens.begin(), screens.end(), [](const QScreen* screen) {
-    return screen->availableGeometry() != screen->geometry();
-  });
+  const auto found = std::find_if(screens.begin(), screens.end(),
+                                  [](const QScreen* screen) { return roomOf(*screen) != screen->geometry(); });
   return found == screens.end() ? *QGuiApplication::primaryScreen() : **found;
 }
 
@@ -39,7 +39,7 @@ const QScreen& screenWithPanel() {
 QRect endOfPanel() {
   const QScreen& screen = screenWithPanel();
   const QRect whole = screen.geometry();
-  const QRect room = screen.availableGeometry();
+  const QRect room = roomOf(screen);
   const bool above = room.top() > whole.top();
   const bool below = room.bottom() < whole.bottom();
   if (!above && !below && room.left() > whole.left()) return {whole.bottomLeft(), QSize(1, 1)};

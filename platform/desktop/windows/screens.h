@@ -16,7 +16,7 @@ namespace platform::desktop {
 /// In the program's coordinates: y grows upward from the bottom of the first screen. Panels count where there is one
 /// screen only: with several, X11 does not tell on which of them a panel is.
 std::vector<Screen> screens();
-/// A screen without its panels, in Qt's coordinates.
+/// A screen without the panels that Qt knows of, in Qt's coordinates: with several screens these may be none.
 QRect roomOf(const QScreen&);
 NSRect fromQt(const QRect&);
 QRect toQt(NSRect);

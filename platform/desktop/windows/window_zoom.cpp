@@ -11,8 +11,7 @@
 namespace platform::desktop {
 namespace {
 
-// Of a window manager that keeps the window off a panel, which Qt leaves out of account where there are several
-// screens.
+// Of a window manager that keeps the window off a panel that `roomOf` does not know.
 constexpr std::chrono::seconds longestAnswer{1};
 constexpr double leastShare = 0.8;  // of the room, that it leaves
 

@@ -150,15 +150,21 @@ class TestScreens(FrameTest):
                    f"a screen of {name}")
 
     def test_screens_that_go_and_shrink(self):
-        """With the hidden note, and below a zoomed one: it stays whole and can be reached."""
+        """Below the note, a hidden and a zoomed one: it stays whole, can be reached, and goes back with its screen."""
         def is_whole():
             x, y, width, height = self.note.geometry()
             return (width, height) == (420, 320) and 0 <= x <= screen[0] - width and 0 <= y <= screen[1] - height
-        for name, left, output in ("left", 0, "screen"), ("right", 640, "none"):
-            self.desktop.run("xrandr", "--setmonitor", name, f"640/200x800/200+{left}+0", output)
+        right = "xrandr", "--setmonitor", "right", "640/200x800/200+640+0", "none"
+        self.desktop.run("xrandr", "--setmonitor", "left", "640/200x800/200+0+0", "screen")
+        self.desktop.run(*right)
         self.note.put_settings(**{FRAME_KEY: "850 10 420 320 640 0 640 800"})
         self.note.start()
         wait_until(lambda: self.note.geometry()[0] >= 640, "it is on the right one")
+        place, screen = self.note.geometry(), (640, 800)
+        self.desktop.run("xrandr", "--delmonitor", "right")
+        wait_until(is_whole, "it is whole on the left one")
+        self.desktop.run(*right)
+        self.note.wait_geometry(*place)
         self.note.hide()
         for name in "right", "left":
             self.desktop.run("xrandr", "--delmonitor", name)

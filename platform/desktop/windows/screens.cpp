@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -40,24 +41,35 @@ std::vector<Screen> screens() {
   return all;
 }
 
-ScreenChanges::ScreenChanges(std::function<void()> changed) {
+QRect wholeOnScreens(const QRect& frame) { return toQt(frameWholeOnScreens(fromQt(frame), screens())); }
+
+ScreenChanges::ScreenChanges(std::function<void(const QScreen&)> removed, std::function<void()> settled) {
   settled_.setSingleShot(true);
   settled_.setInterval(quiet);
-  connect(&settled_, &QTimer::timeout, this, std::move(changed));
-  const auto settleLater = [this] { settled_.start(); };
-  connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, settleLater](QScreen* screen) {
+  connect(&settled_, &QTimer::timeout, this, std::move(settled));
+  connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
     watch(*screen);
-    settleLater();
+    change();
   });
-  connect(qGuiApp, &QGuiApplication::screenRemoved, this, settleLater);
-  connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, settleLater);
+  connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this, removed = std::move(removed)](QScreen* screen) {
+    removed(*screen);
+    change();
+  });
+  connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &ScreenChanges::change);
   for (QScreen* const screen : QGuiApplication::screens()) watch(*screen);
 }
 
 void ScreenChanges::watch(QScreen& screen) {
-  const auto settleLater = [this] { settled_.start(); };
-  connect(&screen, &QScreen::geometryChanged, this, settleLater);
-  connect(&screen, &QScreen::availableGeometryChanged, this, settleLater);
+  connect(&screen, &QScreen::geometryChanged, this, &ScreenChanges::change);
+  connect(&screen, &QScreen::availableGeometryChanged, this, &ScreenChanges::change);
+}
+
+void ScreenChanges::change() { settled_.start(); }
+
+bool Home::isBack() const {
+  const QList<QScreen*> connected = QGuiApplication::screens();
+  return std::any_of(connected.begin(), connected.end(),
+                     [this](const QScreen* each) { return each->name() == screen && each->geometry() == screenFrame; });
 }
 
 }  // namespace platform::desktop

@@ -3,8 +3,10 @@
 
 #include <QObject>
 #include <QRect>
+#include <QString>
 #include <QTimer>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/frame_autosave.h"
@@ -20,17 +22,31 @@ std::vector<Screen> screens();
 QRect roomOf(const QScreen&);
 NSRect fromQt(const QRect&);
 QRect toQt(NSRect);
+/// `frameWholeOnScreens` for the screens that there are, in Qt's coordinates.
+QRect wholeOnScreens(const QRect& frame);
 
-/// Calls `changed` after screens were added, removed or resized, or a panel took room; once for changes that come
-/// together.
+/// Tells that screens are added, removed or resized, or a panel takes room.
 class ScreenChanges : public QObject {
  public:
-  explicit ScreenChanges(std::function<void()> changed);
+  /// `removed` is called with each screen that goes, before its windows are moved; `settled` after the last of the
+  /// changes that come together.
+  ScreenChanges(std::function<void(const QScreen&)> removed, std::function<void()> settled);
 
  private:
   void watch(QScreen& screen);
+  void change();
 
   QTimer settled_;
+};
+
+/// Where a window was on a screen that has gone since, in Qt's coordinates.
+struct Home {
+  QString screen;
+  QRect screenFrame;
+  QRect frame;
+  std::optional<QRect> awayFrame;  ///< where the window went; none until it rests there
+
+  bool isBack() const;
 };
 
 }  // namespace platform::desktop

@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
+#include <optional>
+#include <utility>
 
 #include "platform/desktop/base/strings.h"
 #include "platform/desktop/text/note_editor.h"
@@ -35,8 +37,10 @@ struct NSWindow::Impl {
   std::string autosaveKey;
   NSRect place;  ///< where the frame was last put
   QTimer saveFrameLater;
+  std::optional<desktop::Home> home;  ///< while the window is away from it, and the user has not moved it since
   // Not while it is being shown: the window system would put it back.
-  desktop::ScreenChanges screenChanges{[this] { windows.whenSettled(widget, [this] { stayOnScreens(); }); }};
+  desktop::ScreenChanges screenChanges{[this](const QScreen& screen) { leave(screen); },
+                                       [this] { windows.whenSettled(widget, [this] { followScreens(); }); }};
 
   Impl(NSWindow& owner, NSRect contentRect) : content(std::make_shared<NSView>(NSRect{})), widget(windows, owner) {
     widget.setContent(*content->native().widget);
@@ -74,12 +78,23 @@ struct NSWindow::Impl {
 
   bool isSizedByDesktop() const { return widget.isMaximized() || widget.isFullScreen(); }
 
-  void stayOnScreens() {
+  QRect frame() const { return desktop::toQt(placed(widget.geometry())); }
+
+  void leave(const QScreen& screen) {
+    if (home || widget.zoom().isOn() || isSizedByDesktop() || !screen.geometry().contains(frame().center())) return;
+    home = {screen.name(), screen.geometry(), frame(), std::nullopt};
+  }
+
+  /// All of the window on one screen, and back to its home.
+  void followScreens() {
     if (widget.zoom().isOn()) return widget.zoom().fill();
     if (isSizedByDesktop()) return;
-    const NSRect now = placed(widget.geometry());
-    const NSRect whole = frameWholeOnScreens(now, desktop::screens());
-    if (!(whole == now)) setFrame(whole);
+    const QRect wish = home && home->isBack() ? std::exchange(home, std::nullopt)->frame : frame();
+    const QRect whole = desktop::wholeOnScreens(wish);
+    if (whole != frame()) setFrame(desktop::fromQt(whole));
+    if (!home) return;
+    home->awayFrame.reset();
+    saveFrameLater.start();
   }
 
   void geometryChanged() {
@@ -87,10 +102,14 @@ struct NSWindow::Impl {
     if (!autosaveKey.empty() && widget.isVisible()) saveFrameLater.start();
   }
 
-  /// The frame as the user last made it; a maximised window remembers the one before.
+  /// The frame as the user last made it. What is kept stays as it is for a maximised window, and for one that is away
+  /// from its home.
   void saveFrame() {
     saveFrameLater.stop();
     if (autosaveKey.empty() || isSizedByDesktop()) return;
+    if (home && !home->awayFrame) home->awayFrame = frame();
+    if (home && home->awayFrame == frame()) return;
+    home.reset();
     const NSRect rect = placed(widget.zoom().geometryWithout());
     const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
     NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);

@@ -44,7 +44,7 @@ void WindowZoom::toggle() {
 /// Back to the geometry before, on the screens that there are now.
 void WindowZoom::undo() {
   const QRect before = std::exchange(large_, std::nullopt)->before;
-  window_.setGeometry(toQt(frameWholeOnScreens(fromQt(before), screens())));
+  window_.setGeometry(wholeOnScreens(before));
 }
 
 void WindowZoom::fill() {

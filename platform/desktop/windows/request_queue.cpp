@@ -9,8 +9,7 @@
 namespace platform::desktop {
 
 RequestQueue::RequestQueue(WindowSystem& windowSystem) : windowSystem_(windowSystem) {
-  // Later: after what the window system has posted to the event loop.
-  windowSystem_.onSettled = [this] { later([this] { passOn(); }); };
+  windowSystem_.onSettled = [this] { pause(); };  // the window system may have posted work too
 }
 
 void RequestQueue::add(std::function<void()> request) {
@@ -19,21 +18,21 @@ void RequestQueue::add(std::function<void()> request) {
 }
 
 void RequestQueue::passOn() {
-  if (busy_ || requests_.empty() || !windowSystem_.isSettled()) return;
+  if (pauses_ > 0 || requests_.empty() || !windowSystem_.isSettled()) return;
   const auto request = std::move(requests_.front());
   requests_.pop_front();
-  busy_ = true;
+  ++pauses_;  // it may add requests
   request();
-  // After the work that the request itself has posted.
-  later([this] {
-    busy_ = false;
-    passOn();
-  });
+  pause();  // after what it has posted
+  --pauses_;
 }
 
-void RequestQueue::later(std::function<void()> step) {
-  DispatchQueue::main().async([queue = QPointer(this), step = std::move(step)] {
-    if (!queue.isNull()) step();
+void RequestQueue::pause() {
+  ++pauses_;
+  DispatchQueue::main().async([queue = QPointer(this)] {
+    if (queue.isNull()) return;
+    --queue->pauses_;
+    queue->passOn();
   });
 }
 

@@ -20,12 +20,12 @@ class RequestQueue : public QObject {
 
  private:
   void passOn();
-  /// From the event loop, after what waits there now.
-  void later(std::function<void()> step);
+  /// Lets the event loop do what waits there now before the next request is run.
+  void pause();
 
   WindowSystem& windowSystem_;
   std::deque<std::function<void()>> requests_;
-  bool busy_ = false;  ///< the last one has just run, and may have posted work to the event loop
+  int pauses_ = 0;
 };
 
 }  // namespace platform::desktop

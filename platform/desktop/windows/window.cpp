@@ -102,14 +102,17 @@ struct NSWindow::Impl {
     if (!autosaveKey.empty() && widget.isVisible()) saveFrameLater.start();
   }
 
-  /// The frame as the user last made it. What is kept stays as it is for a maximised window, and for one that is away
-  /// from its home.
+  /// Whether the window is where it went when its screen did. If the user has moved it since, it is at home there.
+  bool isAway() {
+    if (home && !home->awayFrame) home->awayFrame = frame();
+    if (home && home->awayFrame != frame()) home.reset();
+    return home.has_value();
+  }
+
+  /// The frame as the user last made it. What was saved stays for a maximised window, and for one that is away.
   void saveFrame() {
     saveFrameLater.stop();
-    if (autosaveKey.empty() || isSizedByDesktop()) return;
-    if (home && !home->awayFrame) home->awayFrame = frame();
-    if (home && home->awayFrame == frame()) return;
-    home.reset();
+    if (autosaveKey.empty() || isSizedByDesktop() || isAway()) return;
     const NSRect rect = placed(widget.zoom().geometryWithout());
     const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
     NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);

@@ -94,7 +94,7 @@ struct NSWindow::Impl {
     if (whole != frame()) setFrame(desktop::fromQt(whole));
     if (!home) return;
     home->awayFrame.reset();
-    saveFrameLater.start();
+    saveFrameLater.start();  // which learns where it comes to rest
   }
 
   void geometryChanged() {
@@ -102,8 +102,9 @@ struct NSWindow::Impl {
     if (!autosaveKey.empty() && widget.isVisible()) saveFrameLater.start();
   }
 
-  /// Whether the window is where it went when its screen did. If the user has moved it since, it is at home there.
-  bool isAway() {
+  /// Whether the window, at rest, is where it went when its screen did. If the user has moved it since, it is at home
+  /// where it is now.
+  bool restsAway() {
     if (home && !home->awayFrame) home->awayFrame = frame();
     if (home && home->awayFrame != frame()) home.reset();
     return home.has_value();
@@ -112,7 +113,7 @@ struct NSWindow::Impl {
   /// The frame as the user last made it. What was saved stays for a maximised window, and for one that is away.
   void saveFrame() {
     saveFrameLater.stop();
-    if (autosaveKey.empty() || isSizedByDesktop() || isAway()) return;
+    if (autosaveKey.empty() || isSizedByDesktop() || restsAway()) return;
     const NSRect rect = placed(widget.zoom().geometryWithout());
     const NSRect screen = screenOfFrame(rect, desktop::screens()).frame;
     NSUserDefaults::standardUserDefaults().setString(stringFromFrame({rect, screen}), autosaveKey);

@@ -2,8 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "app/app_delegate.h"
 #include "platform/headless/headless.h"

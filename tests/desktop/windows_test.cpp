@@ -4,7 +4,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -259,6 +258,16 @@ TEST_F(Windows, APopoverPointsAtItsAnchorAndStaysOnTheScreen) {
     const QImage tip = bubble.grab(QRect(arrow - 7, atTop ? 4 : 46, 15, 1)).toImage();
     EXPECT_TRUE(arrow == 0 || (tip.pixelColor(7, 0).alpha() == 255 && tip.pixelColor(0, 0) == tip.pixelColor(14, 0)));
   }
+}
+
+TEST_F(Windows, RunNoRequestBeforeWhatAWindowManagersAnswerHasPosted) {
+  launch();
+  auto& windows = platform::desktop::ProgramWindows::instance();
+  QStringList done;
+  QTimer::singleShot(0, &frame(), [&] { done.append("correction"); });
+  windows.system().onSettled();
+  windows.whenSettled(frame(), [&] { done.append("request"); });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return done == QStringList({"correction", "request"}); }));
 }
 
 TEST(Colors, AreReadInEveryPalette) {

@@ -312,8 +312,8 @@ class Desktop:
         self.xdotool("mousemove", x, y)
 
     def click(self, x, y, button=1, times=1):
-        """In one go: two clicks that a busy machine parts are no double click."""
-        self.xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 20, button)
+        """In one go, since parted clicks are no double click; moving, since sway misplaces a pointer that is still."""
+        self.xdotool("mousemove", x + 1, y, "mousemove", x, y, "click", "--repeat", times, "--delay", 20, button)
 
     def picture(self):
         """What is on the screen."""

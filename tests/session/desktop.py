@@ -312,7 +312,7 @@ class Desktop:
         self.xdotool("mousemove", x, y)
 
     def click(self, x, y, button=1, times=1):
-        """In one go, since parted clicks are no double click; moving, since sway misplaces a pointer that is still."""
+        """Two in one go, or they are no double click. Moves first: sway misplaces a resting pointer after a resize."""
         self.xdotool("mousemove", x + 1, y, "mousemove", x, y, "click", "--repeat", times, "--delay", 20, button)
 
     def picture(self):

@@ -219,8 +219,7 @@ class TestInputMethod(SessionTest):
             return subprocess.run(["ibus", *question], env=self.note.environment, capture_output=True, text=True,
                                   timeout=20).stdout
         try:
-            self.desktop.spawn("ibus-daemon", "--panel=disable", "--config=disable",
-                               environment=self.note.environment)
+            self.desktop.spawn("ibus-daemon", "--panel=disable", "--config=disable", environment=self.note.environment)
             wait_until(address.exists, "an input method")
         except (OSError, AssertionError) as error:
             raise NotStarted(f"ibus-daemon: {error}") from error

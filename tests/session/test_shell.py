@@ -162,7 +162,7 @@ class TestScreens(FrameTest):
         wait_until(lambda: self.note.geometry()[0] >= 640, "it is on the right one")
         place, screen = self.note.geometry(), (640, 800)
         self.desktop.run("xrandr", "--delmonitor", "right")
-        wait_until(lambda: is_whole() and not self.note.wait_for_keys(), "it is whole on the left one, and knows why")
+        wait_until(lambda: is_whole() and not self.note.wait_for_keys(), "it is whole on the left one, and saw it go")
         self.desktop.run(*right)
         self.note.wait_geometry(*place)
         self.note.hide()

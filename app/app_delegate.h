@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "note/note_text_view.h"
@@ -65,6 +67,7 @@ class AppDelegate final : public platform::NSObject,
   void loadNote();
   void textChanged();
   void saveNow();
+  bool isSavedTextThere() const;
 
   void registerHotKeys();
   static platform::OSStatus hotKeyPressed(platform::EventHandlerCallRef nextHandler, platform::EventRef event,
@@ -105,9 +108,10 @@ class AppDelegate final : public platform::NSObject,
   bool pinned;
   bool showOnWake;
   platform::URL noteURL;
-  /// Nothing was read from `noteURL` and nothing has been written there since: what is there, or turns up there, must
-  /// not be replaced before it has a second name.
+  /// No text was read from `noteURL` at the start: it could not be, or the note is on a disk that is mounted later.
+  /// What is there, or turns up there, must not be replaced before it has a second name, unless it is `savedText`.
   bool noteNotRead = false;
+  std::optional<std::string> savedText;  ///< what is known to be in the note's file while `noteNotRead`
 };
 
 }  // namespace quillberry

@@ -27,10 +27,9 @@ const URL& AppDelegate::supportDir() {
 void AppDelegate::loadNote() {
   std::error_code error;
   const auto text = NSString::stringWithContentsOfURL(noteURL, error);
-  if (!text) {
-    noteNotRead = true;
-    return;
-  }
+  noteNotRead = !text || text->empty();
+  if (noteNotRead) savedText = text;
+  if (!text) return;
   textView->setString(*text);
   textView->setSelectedRange({utf16Length(*text), 0});
 }
@@ -43,14 +42,21 @@ void AppDelegate::textChanged() {
   });
 }
 
+bool AppDelegate::isSavedTextThere() const {
+  std::error_code error;
+  return savedText && NSString::stringWithContentsOfURL(noteURL, error) == savedText;
+}
+
 void AppDelegate::saveNow() {
   if (saveTimer) saveTimer->invalidate();
   saveTimer.reset();
   // A note that could not be read, or was on a disk that is mounted only now, first gets a second name; while that
   // fails, saves are held back.
-  if (noteNotRead && NSFileManager::defaultManager().keepUnreadableItemAtURL(noteURL)) return;
+  if (noteNotRead && !isSavedTextThere() && NSFileManager::defaultManager().keepUnreadableItemAtURL(noteURL)) return;
+  const std::string text = textView->string();
   // A failure is dropped: the text stays in the view and the next save writes it.
-  if (!NSString::writeToURL(textView->string(), noteURL)) noteNotRead = false;
+  if (NSString::writeToURL(text, noteURL)) return;
+  if (noteNotRead) savedText = text;
 }
 
 }  // namespace quillberry

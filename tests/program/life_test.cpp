@@ -31,6 +31,7 @@ struct Model : NSObject {
   std::multimap<double, void (Model::*)()> pending;
   double now = 0, saveDue = 0, wallClock = 0, lastWake = 0;
   std::string text;
+  std::optional<std::string> saved;
   std::size_t caret = 0;
   NSRect frame{{430, 240}, {420, 320}};  // centred on 1280 × 800
   bool firstStart = true, running = false, notRead = false, visible = false, active = false;
@@ -64,10 +65,11 @@ struct Model : NSObject {
     if (firstStart) expect({"hot key 45 modifiers 2304", "hot key 35 modifiers 2304"});
     expect({"observe NSWorkspaceDidWakeNotification", "observe NSWorkspaceScreensDidWakeNotification",
             "observe com.apple.screenIsUnlocked"});
-    notRead = !files.contains(noteFile) || files[noteFile] == undecodable || headless::faults().noRead;
-    text = notRead ? "" : files[noteFile];
+    saved = read();
+    text = saved.value_or("");
+    notRead = text.empty();
     caret = utf16Length(text);
-    if (!notRead) expect({"text view string"});
+    if (saved) expect({"text view string"});
     applyPin();
     loginItemMarked = login.status == SMAppServiceStatusEnabled;
     lastWake = NSDate::distantPast;
@@ -97,12 +99,15 @@ struct Model : NSObject {
   void saveIfDue() {
     if (now == saveDue) save();
   }
+  std::optional<std::string> read() {
+    const bool can = files.contains(noteFile) && files[noteFile] != undecodable && !headless::faults().noRead;
+    return can ? std::optional(files[noteFile]) : std::nullopt;
+  }
   void save() {
     saveDue = -1;
-    if (notRead && files.contains(noteFile) && !keep()) return;
+    if (notRead && files.contains(noteFile) && !(saved && read() == saved) && !keep()) return;
     if (text.size() > headless::faults().roomInBytes.value_or(-1)) return;
-    files[noteFile] = text;
-    notRead = false;
+    saved = files[noteFile] = text;
     expect({"write " + noteFile.string() + " " + std::to_string(text.size()) + " bytes"});
   }
   /// Whether the note on the disk has a second name.
